@@ -1,0 +1,139 @@
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+namespace quillery {
+namespace {
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+struct Scan {
+  bool isNumber = false;
+  bool fitsExactly = false; // digits and scale small enough for one exact division
+  std::uint64_t digits = 0;
+  std::size_t fractionDigits = 0;
+};
+
+constexpr std::size_t kExactDigits = 15;
+constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// `text` has no sign.
+Scan scan(std::string_view text) {
+  Scan result;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  const auto digits = [&] {
+    const char* const begin = at;
+    // Past the exact digits the sum overflows, but is not used.
+    for (; at != end && isDigit(*at); ++at)
+      result.digits = result.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    return static_cast<std::size_t>(at - begin);
+  };
+  std::size_t count = digits();
+  if (at != end && *at == '.') {
+    ++at;
+    result.fractionDigits = digits();
+    count += result.fractionDigits;
+  }
+  if (count == 0) return result;
+  if (at == end) {
+    result.isNumber = true;
+    result.fitsExactly = count <= kExactDigits;
+    return result;
+  }
+  if (*at != 'e' && *at != 'E') return result;
+  if (++at != end && (*at == '+' || *at == '-')) ++at;
+  result.isNumber = digits() > 0 && at == end;
+  return result;
+}
+
+double convertOutOfRange(std::string_view unsignedText) {
+  static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+  return strtod_l(std::string(unsignedText).c_str(), nullptr, cLocale);
+}
+
+} // namespace
+
+std::optional<double> parseDecimal(std::string_view token) {
+  if (token.empty()) return std::nullopt;
+  const bool negative = token.front() == '-';
+  if (negative || token.front() == '+') token.remove_prefix(1);
+  const Scan number = scan(token);
+  if (!number.isNumber) return std::nullopt;
+  double value = 0;
+  if (number.fitsExactly) {
+    // Both operands are exact doubles, so the one division rounds correctly (Clinger 1990).
+    value = static_cast<double>(static_cast<std::int64_t>(number.digits)) /
+            kPowersOfTen[number.fractionDigits];
+  } else {
+    const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
+    if (error != std::errc()) value = convertOutOfRange(token);
+  }
+  return negative ? -value : value;
+}
+
+namespace {
+
+// Whole values and values of few decimals make up nearly all of a project. A decimal of at most
+// 15 digits that reads back as the value is its only one of that length or less, so it is the
+// shortest. Returns null when the value needs the general road.
+char* writeFewDigits(char* out, double value) {
+  constexpr double kLimit = 1e9;
+  constexpr std::int64_t kScale = 100000;
+  const double magnitude = std::fabs(value);
+  if (!(magnitude < kLimit)) return nullptr;
+  // A value that this rounds to the wrong side fails the comparison below.
+  const auto scaled =
+      static_cast<std::int64_t>(magnitude * kScale + 0.5); // NOLINT(bugprone-incorrect-roundings)
+  if (static_cast<double>(scaled) / kScale != magnitude) return nullptr;
+  if (std::signbit(value)) *out++ = '-';
+  out = std::to_chars(out, out + kShortestCapacity, scaled / kScale).ptr;
+  std::int64_t fraction = scaled % kScale;
+  if (fraction == 0) {
+    // Readers take a bare -0 for an integer and lose its sign.
+    if (scaled == 0 && std::signbit(value)) out = std::copy_n(".0", 2, out);
+    return out;
+  }
+  *out++ = '.';
+  for (std::int64_t unit = kScale / 10; fraction != 0; unit /= 10) {
+    *out++ = static_cast<char>('0' + fraction / unit);
+    fraction %= unit;
+  }
+  return out;
+}
+
+} // namespace
+
+char* writeShortest(char* out, double value) {
+  if (char* end = writeFewDigits(out, value)) return end;
+  const double magnitude = std::fabs(value);
+  const bool plain = magnitude >= 1e-7 && magnitude < 1e16;
+  const auto format = plain ? std::chars_format::fixed : std::chars_format::scientific;
+  return std::to_chars(out, out + kShortestCapacity, value, format).ptr;
+}
+
+std::string formatShortest(double value) {
+  std::array<char, kShortestCapacity> buffer;
+  return {buffer.data(), writeShortest(buffer.data(), value)};
+}
+
+std::string formatShortestWithFraction(double value) {
+  if (std::isnan(value)) return "nan";
+  if (std::isinf(value)) return value > 0 ? "inf" : "-inf";
+  std::string text = formatShortest(value);
+  if (text.find('.') != std::string::npos) return text;
+  const std::size_t exponent = text.find('e');
+  text.insert(exponent == std::string::npos ? text.size() : exponent, ".0");
+  return text;
+}
+
+} // namespace quillery

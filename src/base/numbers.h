@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillery {
+
+/// Reads a decimal number from the whole of `token`, in the C locale: optional sign, digits with at
+/// most one point among or beside them, optional exponent. Nothing for any other text, leading or
+/// trailing white space, hexadecimal, "inf" and "nan" included. Too large is infinity, too small
+/// is zero.
+std::optional<double> parseDecimal(std::string_view token);
+
+/// Most characters that writeShortest writes.
+inline constexpr std::size_t kShortestCapacity = 32;
+
+/// Writes the shortest decimal that reads back as the same double and returns the end of what it
+/// wrote: plain digits from 1e-7 up to 1e16 (100000, 0.001), with an exponent beyond (1e+21).
+/// `out` has room for kShortestCapacity characters; `value` is finite.
+char* writeShortest(char* out, double value);
+
+/// The same as text.
+std::string formatShortest(double value);
+
+/// The same, always with a fraction part ("-50.0"), also with an exponent ("1.0e+21"), and "inf",
+/// "-inf" and "nan" for what is not finite.
+std::string formatShortestWithFraction(double value);
+
+} // namespace quillery

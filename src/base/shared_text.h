@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace quillery {
+
+/// Text that never changes and that copies share, for what is long and is carried about, such as
+/// the path data of a drawing.
+class SharedText {
+public:
+  SharedText() = default;
+  SharedText(std::string_view text)
+      : text_(text.empty() ? nullptr : std::make_shared<const std::string>(text)) {}
+
+  std::string_view view() const { return text_ ? std::string_view(*text_) : std::string_view(); }
+
+  friend bool operator==(const SharedText& a, const SharedText& b) {
+    return a.text_ == b.text_ || a.view() == b.view();
+  }
+
+private:
+  std::shared_ptr<const std::string> text_;
+};
+
+} // namespace quillery

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "model/font_project.h"
+#include "model/project_file.h"
+
+namespace quillery::test {
+
+inline Glyph makeGlyph(std::string name, std::optional<std::string> unicode = std::nullopt,
+                       double advanceWidth = 600) {
+  GlyphRecord record;
+  record.id = Uuid::random();
+  record.name = std::move(name);
+  record.unicode = std::move(unicode);
+  record.advanceWidth = advanceWidth;
+  return Glyph(record);
+}
+
+inline KerningPair makePair(std::string left, std::string right, double value = 0) {
+  KerningPair pair;
+  pair.leftGlyph = std::move(left);
+  pair.rightGlyph = std::move(right);
+  pair.value = value;
+  return pair;
+}
+
+/// The whole document; the error's description when there is one.
+inline std::string encoded(const FontProject& project) {
+  std::string text;
+  const auto result = encodeProject(project, [&](std::string_view piece) {
+    text += piece;
+    return true;
+  });
+  return result ? text : result.error().description();
+}
+
+/// The names of the glyphs in stored order, parted by spaces.
+inline std::string glyphNames(const FontProject& project) {
+  std::string names;
+  for (const Glyph& glyph : project.glyphs) names += (names.empty() ? "" : " ") + glyph.name();
+  return names;
+}
+
+} // namespace quillery::test
