@@ -1,0 +1,383 @@
+#include "model/json_diagnosis.h"
+#include "model/json_slices.h"
+#include "model/project_file.h"
+
+#include <simdjson.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillery {
+
+std::string ProjectFormatError::description() const {
+  return place.empty() ? reason : place + ": " + reason;
+}
+
+std::string ProjectFileError::description() const {
+  return path.string() + ": " + reason;
+}
+
+namespace {
+
+namespace dom = simdjson::dom;
+
+// What is wrong with the value being read. The place grows from the inside out while the readers
+// return, so that nothing is spent on it while all is well.
+struct Fault {
+  std::string place;
+  std::string reason;
+
+  bool set(std::string_view why) {
+    reason = why;
+    return false;
+  }
+  bool in(std::string_view member) {
+    if (!place.empty() && place.front() != '[') place.insert(0, ".");
+    place.insert(0, member);
+    return false;
+  }
+  bool at(std::size_t index) { return in("[" + std::to_string(index) + "]"); }
+};
+
+bool read(const dom::element& value, double& out, Fault& fault) {
+  return value.get(out) == simdjson::SUCCESS || fault.set("Expected a number");
+}
+
+bool read(const dom::element& value, std::int64_t& out, Fault& fault) {
+  if (value.get(out) == simdjson::SUCCESS) return true;
+  double number = 0;
+  constexpr double kLimit = 9223372036854775808.0; // 2^63
+  if (value.get(number) != simdjson::SUCCESS || std::trunc(number) != number || number < -kLimit ||
+      number >= kLimit)
+    return fault.set("Expected a whole number");
+  out = static_cast<std::int64_t>(number);
+  return true;
+}
+
+bool read(const dom::element& value, std::string_view& out, Fault& fault) {
+  return value.get(out) == simdjson::SUCCESS || fault.set("Expected a text");
+}
+
+bool read(const dom::element& value, std::string& out, Fault& fault) {
+  std::string_view text;
+  if (!read(value, text, fault)) return false;
+  out = text;
+  return true;
+}
+
+bool read(const dom::element& value, SharedText& out, Fault& fault) {
+  std::string_view text;
+  if (!read(value, text, fault)) return false;
+  out = SharedText(text);
+  return true;
+}
+
+bool read(const dom::element& value, std::optional<std::string>& out, Fault& fault) {
+  if (value.is_null()) {
+    out.reset();
+    return true;
+  }
+  return read(value, out.emplace(), fault);
+}
+
+bool read(const dom::element& value, Uuid& out, Fault& fault) {
+  std::string_view text;
+  if (!read(value, text, fault)) return false;
+  const auto id = Uuid::parse(text);
+  if (!id) return fault.set("Malformed UUID");
+  out = *id;
+  return true;
+}
+
+// Two items of an array, read into a and b.
+template <typename T>
+bool readTwo(const dom::element& value, T& a, T& b, std::string_view what, Fault& fault) {
+  dom::array array;
+  if (value.get(array) != simdjson::SUCCESS) return fault.set(what);
+  auto item = array.begin();
+  const auto end = array.end();
+  if (!(item != end)) return fault.set(what);
+  if (!read(*item, a, fault)) return fault.at(0);
+  ++item;
+  if (!(item != end)) return fault.set(what);
+  if (!read(*item, b, fault)) return fault.at(1);
+  ++item;
+  return !(item != end) || fault.set(what);
+}
+
+bool read(const dom::element& value, Point& out, Fault& fault) {
+  return readTwo(value, out.x, out.y, "Expected a point, [x, y]", fault);
+}
+
+bool read(const dom::element& value, Rect& out, Fault& fault) {
+  Point origin, size;
+  if (!readTwo(value, origin, size, "Expected a rectangle, [[x, y], [width, height]]", fault))
+    return false;
+  out = {origin.x, origin.y, size.x, size.y};
+  return true;
+}
+
+bool readPoints(const dom::object& payload, PathCommand& out, Fault& fault) {
+  unsigned found = 0;
+  for (const dom::key_value_pair member : payload) {
+    const std::string_view key = member.key;
+    if (key.size() != 2 || key[0] != '_' || key[1] < '0' || key[1] > '2') continue;
+    const auto i = static_cast<std::size_t>(key[1] - '0');
+    if (i >= out.pointCount()) continue;
+    if (!read(member.value, out.points[i], fault)) return fault.in(key);
+    found |= 1U << i;
+  }
+  for (std::size_t i = 0; i < out.pointCount(); ++i)
+    if ((found & (1U << i)) == 0)
+      return fault.set("The point \"_" + std::to_string(i) + "\" is missing");
+  return true;
+}
+
+bool read(const dom::element& value, PathCommand& out, Fault& fault) {
+  dom::object command;
+  if (value.get(command) != simdjson::SUCCESS) return fault.set("Expected a path command object");
+  auto member = command.begin();
+  if (!(member != command.end())) return fault.set("Invalid number of keys found, expected one.");
+  const std::string_view key = member.key();
+  const dom::element payload = member.value();
+  ++member;
+  if (member != command.end()) return fault.set("Invalid number of keys found, expected one.");
+
+  if (key == "curveTo")
+    out.kind = PathCommand::Kind::curveTo;
+  else if (key == "lineTo")
+    out.kind = PathCommand::Kind::lineTo;
+  else if (key == "moveTo")
+    out.kind = PathCommand::Kind::moveTo;
+  else if (key == "closePath")
+    out.kind = PathCommand::Kind::closePath;
+  else
+    return fault.set("Unknown path command \"" + std::string(key) + "\"");
+
+  dom::object points;
+  if (payload.get(points) != simdjson::SUCCESS) {
+    fault.set("Expected an object with the points");
+    return fault.in(key);
+  }
+  return readPoints(points, out, fault) || fault.in(key);
+}
+
+template <typename Item>
+bool readAppending(const dom::array& array, std::vector<Item>& out, Fault& fault) {
+  for (const dom::element value : array) {
+    Item item{};
+    if (!read(value, item, fault)) return fault.at(out.size());
+    out.push_back(std::move(item));
+  }
+  return true;
+}
+
+template <typename Item>
+bool read(const dom::element& value, std::vector<Item>& out, Fault& fault) {
+  dom::array array;
+  if (value.get(array) != simdjson::SUCCESS) return fault.set("Expected an array");
+  out.clear();
+  return readAppending(array, out, fault);
+}
+
+bool read(const dom::element& value, Outline& out, Fault& fault) {
+  dom::array array;
+  if (value.get(array) != simdjson::SUCCESS) return fault.set("Expected an array");
+  std::vector<PathCommand> commands;
+  commands.reserve(array.size());
+  if (!readAppending(array, commands, fault)) return false;
+  out = Outline(std::move(commands));
+  return true;
+}
+
+// A member of an object and where its value goes.
+template <typename T> struct Member {
+  std::string_view name;
+  T& out;
+  bool required = true;
+  bool found = false;
+};
+
+template <typename T> Member(std::string_view, T&) -> Member<T>;
+template <typename T> Member(std::string_view, T&, bool) -> Member<T>;
+
+template <typename T>
+bool readMember(const dom::key_value_pair& pair, Member<T>& member, bool& ok, Fault& fault) {
+  if (pair.key != member.name) return false;
+  member.found = true;
+  ok = read(pair.value, member.out, fault) || fault.in(member.name);
+  return true;
+}
+
+template <typename T> bool isThere(const Member<T>& member, Fault& fault) {
+  if (member.found || !member.required) return true;
+  return fault.set("The member \"" + std::string(member.name) + "\" is missing");
+}
+
+// Most frequent and largest first: the members are tried in the order given.
+template <typename... T>
+bool readMembers(const dom::element& value, std::string_view what, Fault& fault,
+                 Member<T>... members) {
+  dom::object object;
+  if (value.get(object) != simdjson::SUCCESS) return fault.set(what);
+  for (const dom::key_value_pair pair : object) {
+    bool ok = true;
+    (void)(readMember(pair, members, ok, fault) || ...);
+    if (!ok) return false;
+  }
+  return (isThere(members, fault) && ...);
+}
+
+bool read(const dom::element& value, Glyph& out, Fault& fault) {
+  GlyphRecord g;
+  if (!readMembers(value, "Expected a glyph object", fault, Member{"id", g.id},
+                   Member{"unicode", g.unicode, false}, Member{"name", g.name},
+                   Member{"svgPath", g.svgPath}, Member{"viewBox", g.viewBox},
+                   Member{"advanceWidth", g.advanceWidth},
+                   Member{"leftSideBearing", g.leftSideBearing},
+                   Member{"rightSideBearing", g.rightSideBearing},
+                   Member{"verticalOffset", g.verticalOffset}, Member{"scale", g.scale},
+                   Member{"boundingBox", g.boundingBox}, Member{"fontPath", g.fontPath}))
+    return false;
+  out = Glyph(std::move(g));
+  return true;
+}
+
+bool read(const dom::element& value, KerningPair& p, Fault& fault) {
+  return readMembers(value, "Expected a kerning pair object", fault, Member{"id", p.id},
+                     Member{"leftGlyph", p.leftGlyph}, Member{"rightGlyph", p.rightGlyph},
+                     Member{"value", p.value});
+}
+
+bool read(const dom::element& value, FontProject& p, Fault& fault) {
+  return readMembers(value, "Expected a project object", fault, Member{"id", p.id},
+                     Member{"name", p.name}, Member{"designer", p.designer},
+                     Member{"version", p.version}, Member{"copyright", p.copyright},
+                     Member{"unitsPerEm", p.unitsPerEm}, Member{"ascender", p.ascender},
+                     Member{"descender", p.descender}, Member{"capHeight", p.capHeight},
+                     Member{"xHeight", p.xHeight}, Member{"lineGap", p.lineGap},
+                     Member{"glyphs", p.glyphs}, Member{"kerningPairs", p.kerningPairs});
+}
+
+// Documents up to this size are parsed whole; larger ones in slices of about this size.
+constexpr std::size_t kSliceSize = 512 * 1024;
+
+class Decoder {
+public:
+  explicit Decoder(FileBytes& bytes) : text_(bytes.data()), size_(bytes.size()) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.view().starts_with(kByteOrderMark)) {
+      text_ += kByteOrderMark.size();
+      size_ -= kByteOrderMark.size();
+    }
+  }
+
+  Result<FontProject, ProjectFormatError> decode() {
+    FontProject project;
+    if (size_ > kSliceSize && decodeSlices(project)) return project;
+    if (!fault_.reason.empty()) return Failure{ProjectFormatError{fault_.place, fault_.reason}};
+    project = FontProject();
+    return decodeWhole(project);
+  }
+
+private:
+  // False when the document is to be parsed whole, or with a fault.
+  bool decodeSlices(FontProject& project) {
+    const auto cut = sliceJsonObject({text_, size_}, {"glyphs", "kerningPairs"}, kSliceSize);
+    if (!cut) return false;
+    dom::element root;
+    if (parser_.parse(cut->skeleton).get(root) != simdjson::SUCCESS) return false;
+    if (!read(root, project, fault_)) return false;
+    for (const JsonSlices::Slice& slice : cut->slices)
+      if (!(slice.member == 0 ? decodeSlice(slice, "glyphs", project.glyphs)
+                              : decodeSlice(slice, "kerningPairs", project.kerningPairs)))
+        return false;
+    return true;
+  }
+
+  template <typename Item>
+  bool decodeSlice(const JsonSlices::Slice& slice, std::string_view member,
+                   std::vector<Item>& out) {
+    char* begin = text_ + slice.begin;
+    char* last = text_ + slice.end - 1;
+    const char first = std::exchange(*begin, '[');
+    const char end = std::exchange(*last, ']');
+    dom::array items;
+    const auto error = parser_.parse(begin, slice.end - slice.begin, false).get(items);
+    *begin = first;
+    *last = end;
+    if (error != simdjson::SUCCESS) return false;
+    return readAppending(items, out, fault_) || fault_.in(member);
+  }
+
+  Result<FontProject, ProjectFormatError> decodeWhole(FontProject& project) {
+    dom::element root;
+    auto error = parser_.parse(text_, size_, false).get(root);
+    std::string patched;
+    if (error == simdjson::NUMBER_ERROR) {
+      patched = withLargeIntegersAsDecimals({text_, size_});
+      error = parser_.parse(patched).get(root);
+    }
+    if (error != simdjson::SUCCESS) {
+      const std::string_view text(text_, size_);
+      if (error == simdjson::DEPTH_ERROR)
+        return Failure{ProjectFormatError{"", "The document is nested deeper than 1024 levels"}};
+      return Failure{diagnoseJson(text, simdjson::error_message(error))};
+    }
+    if (read(root, project, fault_)) return std::move(project);
+    return Failure{ProjectFormatError{fault_.place, fault_.reason}};
+  }
+
+  // The parser refuses whole numbers past 64 bits unless they are written as decimals.
+  static std::string withLargeIntegersAsDecimals(std::string_view text) {
+    std::string out;
+    out.reserve(text.size() + text.size() / 64 + simdjson::SIMDJSON_PADDING);
+    bool inString = false;
+    std::size_t i = 0;
+    while (i < text.size()) {
+      const char c = text[i];
+      if (inString && c == '\\') {
+        out.append(text, i, 2);
+        i += 2;
+        continue;
+      }
+      if (c == '"') inString = !inString;
+      const bool number = !inString && ((c >= '0' && c <= '9') || c == '-');
+      if (!number) {
+        out += c;
+        ++i;
+        continue;
+      }
+      const std::size_t end = std::min(text.find_first_not_of("0123456789+-.eE", i), text.size());
+      const std::string_view literal = text.substr(i, end - i);
+      out += literal;
+      constexpr std::size_t kSafeDigits = 18;
+      if (literal.size() > kSafeDigits && literal.find_first_of(".eE") == std::string_view::npos)
+        out += ".0";
+      i = end;
+    }
+    return out;
+  }
+
+  char* text_;
+  std::size_t size_;
+  dom::parser parser_;
+  Fault fault_;
+};
+
+} // namespace
+
+Result<FontProject, ProjectFormatError> decodeProject(FileBytes& bytes) {
+  return Decoder(bytes).decode();
+}
+
+Result<FontProject, ProjectFileError> readProjectFile(const std::filesystem::path& path) {
+  FileBytes bytes;
+  if (const auto done = readFile(path, bytes); !done)
+    return Failure{ProjectFileError{path, done.error().reason}};
+  auto project = decodeProject(bytes);
+  if (!project) return Failure{ProjectFileError{path, project.error().description()}};
+  return std::move(project).value();
+}
+
+} // namespace quillery
