@@ -1,0 +1,186 @@
+#include "project/project_manager.h"
+
+#include <algorithm>
+
+namespace quillery {
+
+using What = ProjectChange::What;
+
+ProjectManager::ProjectManager(Desktop& desktop, RecentProjectsManager& recentProjects)
+    : desktop_(desktop), recentProjects_(recentProjects) {}
+
+const GlyphIndex& ProjectManager::glyphIndex() const {
+  if (!index_) index_.emplace(project_.glyphs);
+  return *index_;
+}
+
+const Glyph* ProjectManager::glyphAt(std::optional<std::size_t> position) const {
+  return position ? &project_.glyphs[*position] : nullptr;
+}
+
+const Glyph* ProjectManager::glyphWithId(const Uuid& id) const {
+  return glyphAt(glyphIndex().withId(id));
+}
+
+const Glyph* ProjectManager::firstGlyphNamed(std::string_view name) const {
+  return glyphAt(glyphIndex().named(name));
+}
+
+const Glyph* ProjectManager::glyphForCharacter(std::string_view character) const {
+  return glyphAt(glyphIndex().forCharacter(character));
+}
+
+void ProjectManager::editFontInfo(const std::function<void(FontInfo&)>& edit) {
+  edit(project_);
+  announce(What::fontInfo);
+}
+
+void ProjectManager::editGlyphList(const std::function<void(std::vector<Glyph>&)>& edit) {
+  edit(project_.glyphs);
+  index_.reset();
+  announce(What::glyphList);
+}
+
+bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
+  const auto position = glyphIndex().withId(id);
+  if (!position) return false;
+  Glyph& glyph = project_.glyphs[*position];
+  const std::optional<std::string> oldCharacter = glyph.unicode();
+  edit(glyph);
+  if (glyph.unicode() != oldCharacter)
+    index_->characterChanged(*position, oldCharacter, glyph.unicode());
+  announce(What::glyph, id);
+  return true;
+}
+
+void ProjectManager::editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit) {
+  edit(project_.kerningPairs);
+  announce(What::kerningList);
+}
+
+bool ProjectManager::setKerningValue(const Uuid& id, double value) {
+  auto& pairs = project_.kerningPairs;
+  const auto pair =
+      std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
+  if (pair == pairs.end()) return false;
+  pair->value = value;
+  announce(What::kerningPair, id);
+  return true;
+}
+
+void ProjectManager::selectGlyph(const Uuid& id) {
+  selectedGlyphIds_ = {id};
+  lastSelectedGlyphId_ = id;
+  announce(What::selection);
+}
+
+void ProjectManager::toggleGlyphSelection(const Uuid& id) {
+  if (selectedGlyphIds_.erase(id) == 0) selectedGlyphIds_.insert(id);
+  lastSelectedGlyphId_ = id;
+  announce(What::selection);
+}
+
+void ProjectManager::selectGlyphRange(const Uuid& anchor, const Uuid& target,
+                                      std::span<const Uuid> displayed) {
+  auto first = std::find(displayed.begin(), displayed.end(), anchor);
+  auto last = std::find(displayed.begin(), displayed.end(), target);
+  if (first == displayed.end() || last == displayed.end()) return;
+  if (last < first) std::swap(first, last);
+  selectedGlyphIds_.insert(first, last + 1);
+  lastSelectedGlyphId_ = target;
+  announce(What::selection);
+}
+
+void ProjectManager::selectAllGlyphs() {
+  selectedGlyphIds_.clear();
+  lastSelectedGlyphId_.reset();
+  for (const Glyph& glyph : project_.glyphs) selectedGlyphIds_.insert(glyph.id());
+  if (!project_.glyphs.empty()) lastSelectedGlyphId_ = project_.glyphs.back().id();
+  announce(What::selection);
+}
+
+void ProjectManager::clearSelection() {
+  selectedGlyphIds_.clear();
+  lastSelectedGlyphId_.reset();
+  announce(What::selection);
+}
+
+void ProjectManager::clickGlyph(const Uuid& id, ClickModifiers modifiers,
+                                std::span<const Uuid> displayed) {
+  if (modifiers.command)
+    toggleGlyphSelection(id);
+  else if (modifiers.shift && lastSelectedGlyphId_)
+    selectGlyphRange(Uuid(*lastSelectedGlyphId_), id, displayed);
+  else
+    selectGlyph(id);
+}
+
+void ProjectManager::selectKerningPair(std::optional<Uuid> id) {
+  selectedKerningPairId_ = id;
+  announce(What::selectedPair);
+}
+
+void ProjectManager::setSelectedTab(int tab) {
+  selectedTab_ = tab;
+  announce(What::selectedTab);
+}
+
+void ProjectManager::deleteSelectedGlyphs() {
+  if (selectedGlyphIds_.empty()) return;
+  const auto isSelected = [this](const Glyph& glyph) {
+    return selectedGlyphIds_.contains(glyph.id());
+  };
+  std::vector<Glyph> deleted;
+  std::copy_if(project_.glyphs.begin(), project_.glyphs.end(), std::back_inserter(deleted),
+               isSelected);
+
+  undoManager_.beginGroup();
+  undoManager_.registerUndo([this, deleted = std::move(deleted), selection = selectedGlyphIds_] {
+    editGlyphList([&](std::vector<Glyph>& glyphs) {
+      glyphs.insert(glyphs.end(), deleted.begin(), deleted.end());
+      sortByName(glyphs);
+    });
+    selectedGlyphIds_ = selection;
+    announce(What::selection);
+  });
+  undoManager_.setActionName("Delete " + std::to_string(selectedGlyphIds_.size()) + " Glyphs");
+  std::erase_if(project_.glyphs, isSelected);
+  index_.reset();
+  selectedGlyphIds_.clear();
+  undoManager_.endGroup();
+  announce(What::glyphList);
+  announce(What::selection);
+}
+
+void ProjectManager::deleteGlyph(const Uuid& id) {
+  if (glyphBeingEdited_ && glyphBeingEdited_->id() == id) glyphBeingEdited_.reset();
+  editGlyphList([&](std::vector<Glyph>& glyphs) {
+    std::erase_if(glyphs, [&](const Glyph& glyph) { return glyph.id() == id; });
+  });
+  selectedGlyphIds_.erase(id);
+  announce(What::selection);
+}
+
+void ProjectManager::undo() {
+  if (!undoManager_.canUndo()) return;
+  undoManager_.undo();
+  announce(What::everything);
+}
+
+void ProjectManager::redo() {
+  if (!undoManager_.canRedo()) return;
+  undoManager_.redo();
+  announce(What::everything);
+}
+
+void ProjectManager::setExporting(bool exporting) {
+  isExporting_ = exporting;
+  announce(What::exportState);
+}
+
+void ProjectManager::setExportStatus(ExportStatus status) {
+  exportStatus_ = std::move(status);
+  announce(What::exportState);
+}
+
+} // namespace quillery

@@ -1,0 +1,184 @@
+#pragma once
+
+#include "base/signal.h"
+#include "model/font_project.h"
+#include "model/project_file.h"
+#include "project/desktop.h"
+#include "project/export_status.h"
+#include "project/glyph_index.h"
+#include "project/recent_projects_manager.h"
+#include "project/undo_manager.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_set>
+
+namespace quillery {
+
+/// What changed, for those who show it.
+struct ProjectChange {
+  enum class What {
+    project,      ///< another project took the place of the old one
+    fontInfo,     ///< names or font-wide metrics
+    glyphList,    ///< glyphs came, went or moved
+    glyph,        ///< values of the one glyph with `id`
+    kerningList,  ///< pairs came or went
+    kerningPair,  ///< value of the one pair with `id`
+    selection,    ///< selectedGlyphIds
+    selectedPair, ///< selectedKerningPairId
+    selectedTab,
+    file,        ///< currentProjectURL
+    exportState, ///< isExporting or exportStatus
+    savedBadge,
+    everything, ///< an undo or redo: look at all of it
+  };
+
+  What what;
+  Uuid id{};
+};
+
+/// The one document controller: holds the open project and what is selected in it, and announces
+/// every change. Main thread only.
+///
+/// Others change the project through the `edit...` operations, glyph metrics through the setters
+/// of Glyph. What belongs to one subsystem stands there, as functions that take this.
+class ProjectManager {
+public:
+  ProjectManager(Desktop& desktop, RecentProjectsManager& recentProjects);
+  ProjectManager(const ProjectManager&) = delete;
+  ProjectManager& operator=(const ProjectManager&) = delete;
+
+  /// After every change.
+  Signal<const ProjectChange&> changed;
+
+  const FontProject& currentProject() const { return project_; }
+  /// The file that Save writes to.
+  const std::optional<std::filesystem::path>& currentProjectURL() const { return url_; }
+  /// The file's name without extension, or "Untitled".
+  std::string projectDisplayName() const;
+  const std::optional<Glyph>& glyphBeingEdited() const { return glyphBeingEdited_; }
+  UndoManager& undoManager() { return undoManager_; }
+  const UndoManager& undoManager() const { return undoManager_; }
+  Desktop& desktop() { return desktop_; }
+  /// Ties callbacks to the life of this manager.
+  const Lifetime& lifetime() const { return lifetime_; }
+
+  // -- Looking up, at the same cost in every project
+
+  /// Null when there is none. The pointer is good until the next edit.
+  const Glyph* glyphWithId(const Uuid& id) const;
+  const Glyph* firstGlyphNamed(std::string_view name) const;
+  /// The glyph that a text shows for a character: the last that maps to it.
+  const Glyph* glyphForCharacter(std::string_view character) const;
+  const GlyphIndex& glyphIndex() const;
+
+  // -- Editing. Each announces one change; none registers an undo step of its own.
+
+  void editFontInfo(const std::function<void(FontInfo&)>& edit);
+  void editGlyphList(const std::function<void(std::vector<Glyph>&)>& edit);
+  /// Changes one glyph, but not its name or id; false when it is not there.
+  bool editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit);
+  void editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit);
+  /// Changes the value of a pair; false when it is not there.
+  bool setKerningValue(const Uuid& id, double value);
+
+  // -- Selection
+
+  /// May name glyphs that are not there any more.
+  const std::unordered_set<Uuid>& selectedGlyphIds() const { return selectedGlyphIds_; }
+  /// The anchor of a range selection.
+  const std::optional<Uuid>& lastSelectedGlyphId() const { return lastSelectedGlyphId_; }
+
+  void selectGlyph(const Uuid& id);
+  void toggleGlyphSelection(const Uuid& id);
+  /// Adds every glyph from anchor to target in `displayed`, the order that the user sees. Nothing
+  /// happens when one of them is not in it.
+  void selectGlyphRange(const Uuid& anchor, const Uuid& target, std::span<const Uuid> displayed);
+  void selectAllGlyphs();
+  void clearSelection();
+
+  struct ClickModifiers {
+    bool command = false;
+    bool shift = false;
+  };
+  /// A click on a glyph among those displayed. Command toggles, shift extends, command wins.
+  void clickGlyph(const Uuid& id, ClickModifiers modifiers, std::span<const Uuid> displayed);
+
+  const std::optional<Uuid>& selectedKerningPairId() const { return selectedKerningPairId_; }
+  void selectKerningPair(std::optional<Uuid> id);
+
+  int selectedTab() const { return selectedTab_; }
+  void setSelectedTab(int tab);
+
+  /// Deletes the selected glyphs as one step that can be undone, but not redone.
+  void deleteSelectedGlyphs();
+  /// Deletes one glyph for good.
+  void deleteGlyph(const Uuid& id);
+
+  /// One step back or forward, when there is one.
+  void undo();
+  void redo();
+
+  // -- Files
+
+  void newProject();
+  void openProject();
+  /// Reads a file, normalizes its characters and makes it the open project. On failure nothing
+  /// has changed.
+  Result<void, ProjectFileError> loadProject(const std::filesystem::path& file);
+  void openRecentProject(const std::filesystem::path& file);
+  void openSampleProject();
+  void saveProject();
+  void saveProjectAs();
+  /// Writes the project and makes the file the one that Save writes to. On failure nothing has
+  /// changed.
+  Result<void, ProjectFileError> saveProjectTo(const std::filesystem::path& file);
+
+  bool showSavedBadge() const { return showSavedBadge_; }
+  void flashSavedBadge();
+
+  /// Queues a modal alert with one "OK" button.
+  void showAlert(const std::string& title, const std::string& message);
+  void showError(const std::string& title, const std::string& message) {
+    showAlert(title, message);
+  }
+
+  // -- State of the export
+
+  /// The progress sheet is shown.
+  bool isExporting() const { return isExporting_; }
+  const ExportStatus& exportStatus() const { return exportStatus_; }
+  void setExporting(bool exporting);
+  void setExportStatus(ExportStatus status);
+
+private:
+  void announce(ProjectChange::What what, const Uuid& id = {}) { changed.emit({what, id}); }
+  void install(FontProject project, std::optional<std::filesystem::path> file);
+  void openAndReport(const std::filesystem::path& file);
+  void saveAndReport(const std::filesystem::path& file);
+  std::optional<std::filesystem::path> findSample() const;
+  const Glyph* glyphAt(std::optional<std::size_t> position) const;
+
+  Desktop& desktop_;
+  RecentProjectsManager& recentProjects_;
+  FontProject project_;
+  mutable std::optional<GlyphIndex> index_;
+  std::optional<Glyph> glyphBeingEdited_;
+  std::optional<std::filesystem::path> url_;
+  bool isExporting_ = false;
+  ExportStatus exportStatus_;
+  int selectedTab_ = 0;
+  std::optional<Uuid> selectedKerningPairId_;
+  std::unordered_set<Uuid> selectedGlyphIds_;
+  std::optional<Uuid> lastSelectedGlyphId_;
+  bool showSavedBadge_ = false;
+  std::unique_ptr<OneShotTimer> savedBadgeTimer_;
+  UndoManager undoManager_;
+  Lifetime lifetime_;
+};
+
+} // namespace quillery
