@@ -1,0 +1,127 @@
+#include "preview/preview_document.h"
+
+#include "base/json_writer.h"
+#include "base/numbers.h"
+
+#include <cmath>
+#include <set>
+
+namespace quillery {
+namespace {
+
+void writeBounds(JsonWriter& out, const Rect& bounds) {
+  out.raw("\"bounds\": [");
+  out.number(bounds.x);
+  out.raw(", ");
+  out.number(bounds.y);
+  out.raw(", ");
+  out.number(bounds.width);
+  out.raw(", ");
+  out.number(bounds.height);
+  out.raw("]}");
+}
+
+void writeText(JsonWriter& out, std::string_view key, std::string_view text) {
+  out.raw(key);
+  out.string(text);
+}
+
+void writeNumber(JsonWriter& out, std::string_view key, double number) {
+  out.raw(key);
+  out.number(number);
+}
+
+std::string coordinates(Point p) {
+  return formatShortest(p.x) + " " + formatShortest(p.y);
+}
+
+bool isFinite(const Outline& outline) {
+  for (const PathCommand& command : outline)
+    for (const Point p : command.points)
+      if (!std::isfinite(p.x) || !std::isfinite(p.y)) return false;
+  return true;
+}
+
+std::string pathData(const Outline& outline) {
+  std::string data;
+  for (const PathCommand& command : outline) {
+    const auto& p = command.points;
+    switch (command.kind) {
+    case PathCommand::Kind::moveTo:
+      data += "M" + coordinates(p[0]);
+      break;
+    case PathCommand::Kind::lineTo:
+      data += "L" + coordinates(p[0]);
+      break;
+    case PathCommand::Kind::curveTo:
+      data += "C" + coordinates(p[0]) + " " + coordinates(p[1]) + " " + coordinates(p[2]);
+      break;
+    case PathCommand::Kind::closePath:
+      data += "Z";
+      break;
+    }
+  }
+  return data;
+}
+
+} // namespace
+
+std::string previewJson(const TextLayout& layout, const FontProject& project) {
+  std::string json;
+  JsonWriter out([&](std::string_view piece) {
+    json += piece;
+    return true;
+  });
+  writeNumber(out, "{\n  \"width\": ", layout.contentSize.width);
+  writeNumber(out, ",\n  \"height\": ", layout.contentSize.height);
+  out.raw(",\n  \"glyphs\": [");
+  const auto glyphs = characterInfos(layout, project);
+  for (std::size_t i = 0; i < glyphs.size(); ++i) {
+    out.raw(i == 0 ? "\n" : ",\n");
+    writeText(out, "    {\"char\": ", glyphs[i].character);
+    writeText(out, ", \"glyphName\": ", glyphs[i].glyphName);
+    writeNumber(out, ", \"x\": ", layout.characters[i].penX);
+    writeNumber(out, ", \"baseline\": ", layout.baseline(layout.characters[i].line));
+    out.raw(", ");
+    writeBounds(out, glyphs[i].bounds);
+  }
+  out.raw("\n  ],\n  \"pairs\": [");
+  bool first = true;
+  for (const CharacterPairInfo& pair : characterPairInfos(layout, project)) {
+    out.raw(first ? "\n" : ",\n");
+    first = false;
+    writeText(out, "    {\"leftGlyph\": ", pair.leftGlyph);
+    writeText(out, ", \"rightGlyph\": ", pair.rightGlyph);
+    out.raw(", ");
+    writeBounds(out, pair.bounds);
+  }
+  out.raw("\n  ]\n}\n");
+  out.finish();
+  return json;
+}
+
+std::string previewSvg(const TextLayout& layout, const FontProject& project) {
+  const std::string width = formatShortest(layout.contentSize.width);
+  const std::string height = formatShortest(layout.contentSize.height);
+  std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" +
+                    height + "\" viewBox=\"0 0 " + width + " " + height + "\">\n" +
+                    "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n<defs>\n";
+  std::set<std::size_t> drawn;
+  for (const SetCharacter& set : layout.characters) {
+    const Outline& outline = project.glyphs[set.glyph].fontPath();
+    if (outline.empty() || !isFinite(outline) || !drawn.insert(set.glyph).second) continue;
+    svg += "<path id=\"g" + std::to_string(set.glyph) + "\" d=\"" + pathData(outline) + "\"/>\n";
+  }
+  svg += "</defs>\n<g fill=\"#111\">\n";
+  const std::string scale = formatShortest(layout.scale);
+  for (const SetCharacter& set : layout.characters) {
+    const Point origin{set.penX, layout.baseline(set.line)};
+    if (!drawn.contains(set.glyph) || !std::isfinite(origin.x) || !std::isfinite(origin.y))
+      continue;
+    svg += "<use href=\"#g" + std::to_string(set.glyph) + "\" transform=\"translate(" +
+           coordinates(origin) + ") scale(" + scale + " -" + scale + ")\"/>\n";
+  }
+  return svg + "</g>\n</svg>\n";
+}
+
+} // namespace quillery

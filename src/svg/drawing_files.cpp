@@ -1,0 +1,32 @@
+#include "svg/drawing_files.h"
+
+#include "base/unicode.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace quillery {
+
+namespace fs = std::filesystem;
+
+bool isDrawing(const fs::path& file) {
+  return lowercased(file.extension().string()) == std::string(".") + kDrawingExtension;
+}
+
+Result<std::vector<fs::path>, FileError> drawingsInFolder(const fs::path& folder) {
+  std::vector<fs::path> drawings;
+  std::error_code error;
+  fs::directory_iterator entries(folder, error);
+  for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+    std::error_code ignored;
+    if (isDrawing(entries->path()) && !entries->is_directory(ignored))
+      drawings.push_back(entries->path());
+  }
+  if (error) return Failure{FileError{folder, error.message()}};
+  std::sort(drawings.begin(), drawings.end(), [](const fs::path& a, const fs::path& b) {
+    return compareNames(a.filename().string(), b.filename().string()) < 0;
+  });
+  return drawings;
+}
+
+} // namespace quillery

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "project/project_manager.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+namespace quillery {
+
+/// Counts of an import.
+struct ImportOutcome {
+  std::size_t imported = 0;
+  /// Drawings that yielded no glyph.
+  std::size_t skipped = 0;
+};
+
+/// Asks for drawings and imports them.
+void importSVG(ProjectManager& manager);
+
+/// Reads the drawings in order. Each becomes a new glyph, or takes the place, character and
+/// metrics of the first glyph of its name; then the glyphs are sorted by name and the last one
+/// imported is selected. Can't be undone. `progress`, when given, hears how many are done.
+ImportOutcome importSVGFiles(ProjectManager& manager,
+                             const std::vector<std::filesystem::path>& files,
+                             const std::function<void(std::size_t done)>& progress = nullptr);
+
+} // namespace quillery

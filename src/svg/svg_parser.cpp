@@ -1,0 +1,108 @@
+#include "svg/svg_parser.h"
+
+#include "base/console.h"
+#include "base/numbers.h"
+#include "base/unicode.h"
+#include "svg/glyph_identity.h"
+
+#include <re2/re2.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace quillery::SVGParser {
+namespace {
+
+const RE2& pathPattern() {
+  // Latin-1 makes every byte a character, which costs nothing: all bytes that matter are ASCII.
+  static const RE2 pattern(R"re(<path[^>]*d="[^"]+")re", RE2::Latin1);
+  return pattern;
+}
+
+// What stands between the numbers of path data that is read in full: command letters, commas and
+// spaces.
+constexpr bool isSeparator(char c) {
+  switch (c) {
+  case 'M':
+  case 'm':
+  case 'L':
+  case 'l':
+  case 'C':
+  case 'c':
+  case 'Z':
+  case 'z':
+  case ',':
+  case ' ':
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
+std::optional<std::string_view> findPathData(std::string_view svg) {
+  // Without a group to capture the engine gets by with its fast automaton. The value is what
+  // stands between the last two quotes of the match.
+  re2::StringPiece match;
+  const re2::StringPiece text(svg.data(), svg.size());
+  if (!pathPattern().Match(text, 0, text.size(), RE2::UNANCHORED, &match, 1)) return std::nullopt;
+  std::string_view found(match.data(), match.size() - 1);
+  return found.substr(found.rfind('"') + 1);
+}
+
+Rect computeViewBox(std::string_view pathData) {
+  constexpr Rect kDefault{0, 0, 100, 100};
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  double minX = kInfinity, minY = kInfinity, maxX = -kInfinity, maxY = -kInfinity;
+  double x = 0;
+  bool haveX = false;
+  std::size_t begin = 0;
+  while (begin < pathData.size()) {
+    if (isSeparator(pathData[begin])) {
+      ++begin;
+      continue;
+    }
+    std::size_t end = begin + 1;
+    while (end < pathData.size() && !isSeparator(pathData[end])) ++end;
+    const auto number = parseDecimal(trimSpaces(pathData.substr(begin, end - begin)));
+    begin = end;
+    if (!number) continue;
+    haveX = !haveX;
+    if (haveX) {
+      x = *number;
+      continue;
+    }
+    minX = std::min(minX, x);
+    maxX = std::max(maxX, x);
+    minY = std::min(minY, *number);
+    maxY = std::max(maxY, *number);
+  }
+  if (minX == kInfinity) return kDefault;
+  return {minX, minY, maxX - minX, maxY - minY};
+}
+
+Result<Glyph, std::string> readDrawing(const std::filesystem::path& file, FileBytes& buffer) {
+  if (!readFile(file, buffer) || !isValidUtf8(buffer.view()))
+    return Failure{"Failed to read SVG file: " + fileUrl(file)};
+  const std::string fileName = replaceInvalidUtf8(file.stem().string());
+  const auto pathData = findPathData(buffer.view());
+  if (!pathData) return Failure{"Failed to extract path data from: " + fileName};
+  GlyphRecord glyph;
+  glyph.id = Uuid::random();
+  glyph.unicode = unicodeForFileName(fileName);
+  glyph.name = glyphNameForFileName(fileName);
+  glyph.svgPath = SharedText(*pathData);
+  glyph.viewBox = computeViewBox(*pathData);
+  return Glyph(std::move(glyph));
+}
+
+std::optional<Glyph> parseSVGFile(const std::filesystem::path& file) {
+  FileBytes buffer;
+  auto glyph = readDrawing(file, buffer);
+  if (glyph) return std::move(glyph).value();
+  printLine(glyph.error());
+  return std::nullopt;
+}
+
+} // namespace quillery::SVGParser

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/file.h"
+#include "model/glyph.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillery {
+
+/// Reads drawings. A drawing's outline is the data of its first path element, found by searching
+/// the text, so anything that looks like an SVG path will do; all else in the file is passed over.
+/// May be called on any thread.
+namespace SVGParser {
+
+/// Reads one file to a glyph that is not placed yet: name and character from the file name, view
+/// box from the path data. Prints a line and returns nothing when the file can't be used.
+std::optional<Glyph> parseSVGFile(const std::filesystem::path& file);
+
+/// The same, with the line as the error instead of printed. `buffer` is room for the file's
+/// content, for reuse from file to file.
+Result<Glyph, std::string> readDrawing(const std::filesystem::path& file, FileBytes& buffer);
+
+/// The value of the last attribute whose name ends in d (d itself, or an id behind it) within the
+/// first path element that has one; nothing when there is none. Linear time, whatever the text.
+std::optional<std::string_view> findPathData(std::string_view svg);
+
+/// The tight box of every coordinate pair in the path data, whichever command it belongs to, in
+/// the drawing's units; 0, 0, 100, 100 for less than one pair.
+Rect computeViewBox(std::string_view pathData);
+
+} // namespace SVGParser
+} // namespace quillery
