@@ -1,0 +1,147 @@
+"""Encodes outlines as the simple glyphs of a glyf table, made of lines and quadratic curves."""
+
+from dataclasses import dataclass
+from math import floor
+from struct import pack
+
+from fontTools.cu2qu import curve_to_quadratic
+
+from .outlines import Box, Contour, Outline, reversed_contours, signed_area
+from .overlaps import contours_overlap
+
+# With at most 0.71 units of rounding on top, a curve of a font of 1,000 units per em stays
+# within 1/1000 em of the drawing.
+_TOLERANCE_IN_EMS = 1 / 4000
+_LEAST_TOLERANCE = 0.25  # rounding costs more than this in an em of a few units
+
+# Bits of a point's flags.
+_ON_CURVE, _X_SHORT, _Y_SHORT, _REPEAT = 0x01, 0x02, 0x04, 0x08
+_X_SAME_OR_POSITIVE, _Y_SAME_OR_POSITIVE, _OVERLAP = 0x10, 0x20, 0x40
+
+
+@dataclass(slots=True)
+class GlyfOutline:
+    """Points in font units, contour by contour; `ends` are the indices of their last points.
+
+    `overlaps` tells whether contours overlap each other.
+    """
+
+    xs: list[int]
+    ys: list[int]
+    on_curve: list[bool]
+    ends: list[int]
+    overlaps: bool
+
+    def box(self) -> Box | None:
+        """The box of all points, those off the curve included, as a glyf header has it."""
+        if not self.xs:
+            return None
+        return min(self.xs), min(self.ys), max(self.xs), max(self.ys)
+
+
+def quadratic_outline(drawing: Outline, units_per_em: int) -> GlyfOutline:
+    """The points of a glyph. Outer contours come out clockwise, as the format wants them.
+
+    Curves become quadratic before anything is rounded, so that rounding moves no tangent twice.
+    """
+    contours = drawing.contours
+    if signed_area(contours) > 0:
+        contours = reversed_contours(contours)
+    tolerance = max(units_per_em * _TOLERANCE_IN_EMS, _LEAST_TOLERANCE)
+    outline = GlyfOutline([], [], [], [], False)
+    polygons = []
+    for contour in contours:
+        points = _points(contour, tolerance)
+        if len(points) > 1:
+            xs, ys, on_curve = zip(*points)
+            outline.xs += xs
+            outline.ys += ys
+            outline.on_curve += on_curve
+            outline.ends.append(len(outline.xs) - 1)
+            polygons.append(list(zip(xs, ys)))
+    outline.overlaps = contours_overlap(polygons)
+    return outline
+
+
+def _points(contour: Contour, tolerance: float) -> list[tuple[int, int, bool]]:
+    """The rounded points of a contour, without segments that lead nowhere."""
+    x, y = contour[0]
+    end = (floor(x + 0.5), floor(y + 0.5), True)
+    points = [end]
+    for segment in contour[1:]:
+        if len(segment) == 2:
+            x, y = segment
+            point = (floor(x + 0.5), floor(y + 0.5), True)
+            if point != end:
+                points.append(point)
+                end = point
+        else:
+            controls = _controls((x, y), segment, tolerance)
+            x, y = segment[4:]
+            point = (floor(x + 0.5), floor(y + 0.5), True)
+            curve = [(floor(cx + 0.5), floor(cy + 0.5), False) for cx, cy in controls]
+            if point != end or any(control[:2] != end[:2] for control in curve):
+                points += curve
+                points.append(point)
+                end = point
+    if len(points) > 1 and points[-1] == points[0]:
+        points.pop()
+    return points
+
+
+def _controls(start: tuple[float, ...], segment: tuple[float, ...],
+              tolerance: float) -> list[tuple[float, float]]:
+    """The off-curve points of the quadratic spline closest to a cubic curve; none for a line."""
+    first, second, end = segment[0:2], segment[2:4], segment[4:6]
+    if first == start and second == end:
+        return []
+    return curve_to_quadratic((start, first, second, end), tolerance)[1:-1]
+
+
+def encode_glyf(outline: GlyfOutline) -> bytes:
+    """The entry of a glyf table, padded to four bytes; nothing for a glyph without outline."""
+    box = outline.box()
+    if box is None:
+        return b""
+    flags, xs, ys = bytearray(), bytearray(), bytearray()
+    last_x = last_y = 0
+    last_flag, repeats = -1, 0
+    for x, y, on in zip(outline.xs, outline.ys, outline.on_curve):
+        dx, dy = x - last_x, y - last_y
+        last_x, last_y = x, y
+        flag = _ON_CURVE if on else 0
+        if outline.overlaps and not flags:
+            flag |= _OVERLAP  # counts on the first point only
+        if dx == 0:
+            flag |= _X_SAME_OR_POSITIVE
+        elif -256 < dx < 0:
+            flag |= _X_SHORT
+            xs.append(-dx)
+        elif 0 < dx < 256:
+            flag |= _X_SHORT | _X_SAME_OR_POSITIVE
+            xs.append(dx)
+        else:
+            xs += dx.to_bytes(2, "big", signed=True)
+        if dy == 0:
+            flag |= _Y_SAME_OR_POSITIVE
+        elif -256 < dy < 0:
+            flag |= _Y_SHORT
+            ys.append(-dy)
+        elif 0 < dy < 256:
+            flag |= _Y_SHORT | _Y_SAME_OR_POSITIVE
+            ys.append(dy)
+        else:
+            ys += dy.to_bytes(2, "big", signed=True)
+        if flag != last_flag or repeats == 255:
+            flags.append(flag)
+            last_flag, repeats = flag, 0
+        elif repeats == 0:
+            flags[-1] |= _REPEAT
+            flags.append(1)
+            repeats = 1
+        else:
+            repeats += 1
+            flags[-1] = repeats
+    count = len(outline.ends)
+    data = pack(f">5h{count}HH", count, *box, *outline.ends, 0) + flags + xs + ys
+    return data + bytes(-len(data) % 4)

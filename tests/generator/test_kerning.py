@@ -1,0 +1,117 @@
+"""The font sets text as a preview of the project does, whatever the form of its kerning."""
+
+import random
+
+import pytest
+from conftest import sanitize, shape
+from drawings import box, document, glyph, pair
+
+
+def previewed(project, text):
+    """The advances that a preview of the project sets the text with, character by character."""
+    by_text = {entry["unicode"]: entry for entry in project["glyphs"] if "unicode" in entry}
+    notdef = next((entry for entry in project["glyphs"] if entry["name"] == ".notdef"), None)
+    kerning = {}
+    for entry in project["kerningPairs"]:
+        kerning.setdefault((entry["leftGlyph"], entry["rightGlyph"]), entry["value"])
+    advances = []
+    for character, follower in zip(text, [*text[1:], None]):
+        found = by_text.get(character, notdef)
+        if found is None:
+            advances += [project["unitsPerEm"] / 4] if character == " " else []
+        else:
+            right = by_text.get(follower, {"name": None})["name"]
+            advances.append(found["advanceWidth"] + kerning.get((found["name"], right), 0))
+    return advances
+
+
+@pytest.mark.parametrize("with_notdef", [False, True])
+@pytest.mark.parametrize("target", ["font.otf", "font.ttf"])
+def test_random_projects_are_set_as_previewed(make, target, with_notdef):
+    random.seed(f"{target}{with_notdef}")
+    names = ["A", "V", "T.alt", "o", ".notdef" if with_notdef else "o", "", "x y"]
+    alphabet = "AVToaб€🎈-" + (" " if random.random() < 0.5 else "")
+    for _ in range(4):
+        glyphs = [glyph(random.choice(names), random.choice(alphabet), box(0, 0, 9, 9),
+                        random.randrange(200, 900)) for _ in range(14)]
+        if with_notdef:
+            glyphs.insert(random.randrange(14), glyph(".notdef", None, box(0, 0, 9, 9), 333))
+        pairs = [pair(random.choice(names + ["absent"]), random.choice(names), random.randrange(-90, 90))
+                 for _ in range(30)]
+        project = document(glyphs, pairs)
+        font = make(project, target)
+        drawn = {entry.get("unicode") for entry in glyphs}
+        letters = [c for c in alphabet + "? " if with_notdef or c in drawn or c == " "]
+        text = "".join(random.choices(letters, k=200))
+        assert [advance for _, advance in shape(font, text)] == previewed(project, text)
+        assert sanitize(font) == ""
+
+
+def pair_values(font):
+    """Every pair adjustment of the font, read the slow way, as {(left, right): value}."""
+    result, done = {}, set()
+    for extension in font["GPOS"].table.LookupList.Lookup[0].SubTable:
+        table = extension.ExtSubTable
+        covered = table.Coverage.glyphs
+        assert done.isdisjoint(covered)
+        done.update(covered)
+        if table.Format == 1:
+            for left, pair_set in zip(covered, table.PairSet):
+                for record in pair_set.PairValueRecord:
+                    result[left, record.SecondGlyph] = record.Value1.XAdvance
+            continue
+        for left in covered:
+            row = table.Class1Record[table.ClassDef1.classDefs.get(left, 0)].Class2Record
+            for right, column in table.ClassDef2.classDefs.items():
+                if row[column].Value1.XAdvance:
+                    result[left, right] = row[column].Value1.XAdvance
+    return result
+
+
+def named(count):
+    return [glyph(f"g{index}", chr(0x4E00 + index)) for index in range(count)]
+
+
+
+# Pairs of glyph numbers with values, made so that each comes out in another form.
+FORMS = {
+    "a few": {(1, 2): -5, (2, 1): 7},
+    "more than fit in one subtable": {(l, r): -1 - (l * 7 + r * 13) % 90
+                                      for l in range(300) for r in range(l % 7, 600, 7)},
+    "a row longer than a subtable": {(3, r): 1 + r % 50 for r in range(20000)},
+    "classes": {(l, r): -10 - (l // 10 + r // 10) for l in range(200) for r in range(200)},
+    "a matrix of no equals": {(l, r): (l * 7919 + r * 104729) % 601 + 1
+                              for l in range(250) for r in range(250)},
+}
+
+
+@pytest.mark.parametrize("form", FORMS)
+def test_pairs_read_back_from_every_form(make, form):
+    values = FORMS[form]
+    glyphs = named(max(map(max, values)) + 1)
+    font = make(document(glyphs, [pair(f"g{l}", f"g{r}", v) for (l, r), v in values.items()]), "f.ttf")
+    assert sanitize(font) == ""
+    order = font.getReverseGlyphMap()
+    read = {(order[left] - 1, order[right] - 1): value
+            for (left, right), value in pair_values(font).items()}
+    assert read == values
+    left, right = list(values)[len(values) // 2]
+    text = chr(0x4E00 + left) + chr(0x4E00 + right)
+    assert [advance for _, advance in shape(font, text)] == [600 + values[left, right], 600]
+
+
+def test_a_name_that_half_the_project_has_makes_no_pairs_of_all_of_them(make):
+    glyphs = [glyph("same", chr(0x4E00 + index)) for index in range(3000)]
+    font = make(document(glyphs, [pair("same", "same", -7)]), "f.ttf")
+    assert len(font.getTableData("GPOS")) < 60000
+
+
+def test_kerning_holds_in_every_script_that_occurs(make):
+    glyphs = [glyph("A", "A"), glyph("be", "б"), glyph("ka", "क"), glyph("zero", "0")]
+    font = make(document(glyphs, [pair("A", "be", -9)]))
+    table = font["GPOS"].table
+    tags = [record.ScriptTag for record in table.ScriptList.ScriptRecord]
+    assert tags == sorted(tags) and set(tags) >= {"DFLT", "latn", "cyrl", "dev2"}
+    for record in table.ScriptList.ScriptRecord:
+        assert record.Script.DefaultLangSys.FeatureIndex == [0]
+    assert "GPOS" not in make(document(glyphs, [pair("A", "be", 0.4), pair("A", "gone", 5)]))
