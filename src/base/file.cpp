@@ -1,5 +1,6 @@
 #include "base/file.h"
 
+#include "base/descriptor.h"
 #include "base/uuid.h"
 
 #include <cerrno>
@@ -21,20 +22,6 @@ std::string reasonFor(int code) {
 std::string notRegular(const struct stat& info) {
   return S_ISDIR(info.st_mode) ? "Is a folder, not a file" : "Is not a regular file";
 }
-
-class Descriptor {
-public:
-  explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (descriptor_ >= 0) close(descriptor_);
-  }
-  int get() const { return descriptor_; }
-
-private:
-  int descriptor_;
-};
 
 // All of `content` at `offset`; an errno value, 0 for success.
 int writeAll(int descriptor, std::string_view content, std::size_t offset) {
@@ -133,9 +120,9 @@ Result<FileReplacement, FileError> FileReplacement::begin(const fs::path& path) 
   replacement.temporary_ =
       folderOf(replacement.target_) / (".quillery-" + Uuid::random().toString() + ".tmp");
   const mode_t mode = exists ? 0600 : 0666;
-  replacement.descriptor_ =
-      open(replacement.temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-  if (replacement.descriptor_ < 0) {
+  replacement.descriptor_ = Descriptor(
+      open(replacement.temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+  if (replacement.descriptor_.get() < 0) {
     const int code = errno;
     replacement.temporary_.clear();
     const bool folderClosed = code == EACCES || code == EPERM || code == EROFS;
@@ -144,12 +131,11 @@ Result<FileReplacement, FileError> FileReplacement::begin(const fs::path& path) 
   }
   if (!exists) return replacement;
   const bool sameOwner = old.st_uid == geteuid() && old.st_gid == getegid();
-  if ((sameOwner || fchown(replacement.descriptor_, old.st_uid, old.st_gid) == 0) &&
-      fchmod(replacement.descriptor_, old.st_mode & 07777) == 0)
+  if ((sameOwner || fchown(replacement.descriptor_.get(), old.st_uid, old.st_gid) == 0) &&
+      fchmod(replacement.descriptor_.get(), old.st_mode & 07777) == 0)
     return replacement;
   // The sibling can't become what the file is: keep the file and write into it.
-  close(replacement.descriptor_);
-  replacement.descriptor_ = -1;
+  replacement.descriptor_.close();
   unlink(replacement.temporary_.c_str());
   replacement.temporary_.clear();
   return replacement;
@@ -157,12 +143,10 @@ Result<FileReplacement, FileError> FileReplacement::begin(const fs::path& path) 
 
 FileReplacement::FileReplacement(FileReplacement&& other) noexcept
     : path_(std::move(other.path_)), target_(std::move(other.target_)),
-      temporary_(std::exchange(other.temporary_, {})),
-      descriptor_(std::exchange(other.descriptor_, -1)), written_(other.written_),
-      collected_(std::move(other.collected_)) {}
+      temporary_(std::exchange(other.temporary_, {})), descriptor_(std::move(other.descriptor_)),
+      written_(other.written_), collected_(std::move(other.collected_)) {}
 
 FileReplacement::~FileReplacement() {
-  if (descriptor_ >= 0) close(descriptor_);
   if (!temporary_.empty()) unlink(temporary_.c_str());
 }
 
@@ -171,18 +155,18 @@ Result<void, FileError> FileReplacement::append(std::string_view content) {
     collected_ += content;
     return {};
   }
-  if (const int code = writeAll(descriptor_, content, written_)) return failure(code);
+  if (const int code = writeAll(descriptor_.get(), content, written_)) return failure(code);
   // Let the disk begin while the next piece is made, so that the flush at the end is short.
-  sync_file_range(descriptor_, static_cast<off_t>(written_), static_cast<off_t>(content.size()),
-                  SYNC_FILE_RANGE_WRITE);
+  sync_file_range(descriptor_.get(), static_cast<off_t>(written_),
+                  static_cast<off_t>(content.size()), SYNC_FILE_RANGE_WRITE);
   written_ += content.size();
   return {};
 }
 
 Result<void, FileError> FileReplacement::commit() {
   if (temporary_.empty()) return commitInPlace();
-  if (const int code = flush(descriptor_)) return failure(code);
-  if (close(std::exchange(descriptor_, -1)) != 0) return failure(errno);
+  if (const int code = flush(descriptor_.get())) return failure(code);
+  if (!descriptor_.close()) return failure(errno);
   if (rename(temporary_.c_str(), target_.c_str()) != 0) return failure(errno);
   temporary_.clear();
   if (const int code = flushFolder(folderOf(target_))) return failure(code);

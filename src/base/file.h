@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/descriptor.h"
 #include "base/result.h"
 
 #include <cstddef>
@@ -71,7 +72,7 @@ private:
   std::filesystem::path path_;      // as given, for messages
   std::filesystem::path target_;    // links resolved
   std::filesystem::path temporary_; // empty when writing in place
-  int descriptor_ = -1;
+  Descriptor descriptor_;
   std::size_t written_ = 0;
   std::string collected_; // the content, when writing in place
 };

@@ -57,13 +57,16 @@ std::string reasonIn(const std::string& message) {
 ProjectFormatError diagnoseJson(std::string_view text, std::string_view fallback) {
   ErrorFinder finder;
   nlohmann::json::sax_parse(text.begin(), text.end(), &finder);
-  if (!finder.failed) return {"", std::string(fallback)};
-  const std::size_t offset = std::min(finder.position == 0 ? 0 : finder.position - 1, text.size());
+  // The finder takes a NUL for the end of the text.
+  const std::size_t nul = text.find('\0');
+  if (!finder.failed && nul == std::string_view::npos) return {"", std::string(fallback)};
+  const std::size_t offset =
+      finder.failed ? std::min(finder.position == 0 ? 0 : finder.position - 1, text.size()) : nul;
   const std::string_view before = text.substr(0, offset);
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
   const std::size_t lineStart = before.rfind('\n') + 1;
   return {"line " + std::to_string(line) + ", byte " + std::to_string(offset - lineStart + 1),
-          reasonIn(finder.message)};
+          finder.failed ? reasonIn(finder.message) : "Unexpected NUL byte"};
 }
 
 } // namespace quillery

@@ -35,13 +35,13 @@ struct PathCommand {
   friend bool operator==(const PathCommand&, const PathCommand&) = default;
 };
 
-/// A list of path commands. Copies share one list until one of them is changed, so an outline is
-/// cheap to carry about.
+/// A list of path commands that never changes in place: copies share it, also across threads, so an
+/// outline is cheap to carry about.
 class Outline {
 public:
   Outline() = default;
   Outline(std::vector<PathCommand> commands)
-      : commands_(std::make_shared<std::vector<PathCommand>>(std::move(commands))) {}
+      : commands_(std::make_shared<const std::vector<PathCommand>>(std::move(commands))) {}
   Outline(std::initializer_list<PathCommand> commands)
       : Outline(std::vector<PathCommand>(commands)) {}
 
@@ -51,14 +51,14 @@ public:
   bool empty() const { return size() == 0; }
   const PathCommand& operator[](std::size_t i) const { return (*commands_)[i]; }
 
-  /// Replaces every point by `move(point)`.
+  /// Replaces every point by `move(point)`. Copies made before keep their points.
   template <typename Move> void transform(Move move) {
     if (empty()) return;
-    if (commands_.use_count() > 1)
-      commands_ = std::make_shared<std::vector<PathCommand>>(*commands_);
-    for (PathCommand& command : *commands_)
+    std::vector<PathCommand> moved = *commands_;
+    for (PathCommand& command : moved)
       for (std::size_t i = 0; i < command.pointCount(); ++i)
         command.points[i] = move(command.points[i]);
+    *this = Outline(std::move(moved));
   }
 
   friend bool operator==(const Outline& a, const Outline& b) {
@@ -66,7 +66,7 @@ public:
   }
 
 private:
-  std::shared_ptr<std::vector<PathCommand>> commands_;
+  std::shared_ptr<const std::vector<PathCommand>> commands_;
 };
 
 /// The box around every point of an outline, control points included; infinite (x and y +inf,

@@ -110,21 +110,21 @@ void PieceWriter::pair(const KerningPair& pair) {
   out_.raw("\n    }");
 }
 
-// Looks again, in the order of the document, for the member that can't be written.
+// Looks again for the member that can't be written.
 std::string placeOfNonFinite(const FontProject& project) {
   const auto bad = [](double value) { return !std::isfinite(value); };
   const auto badRect = [&](const Rect& r) {
     return bad(r.x) || bad(r.y) || bad(r.width) || bad(r.height);
   };
   const auto badGlyphMember = [&](const GlyphRecord& g) -> std::string {
+    // First, since the metrics of an outline without points follow its infinite box.
+    if (badRect(g.boundingBox)) return "boundingBox";
     if (badRect(g.viewBox)) return "viewBox";
     if (bad(g.advanceWidth)) return "advanceWidth";
     if (bad(g.leftSideBearing)) return "leftSideBearing";
     if (bad(g.rightSideBearing)) return "rightSideBearing";
     if (bad(g.verticalOffset)) return "verticalOffset";
     if (bad(g.scale)) return "scale";
-    // An outline without points shows as an infinite box; name that before any other.
-    if (badRect(g.boundingBox)) return "boundingBox";
     for (std::size_t i = 0; i < g.fontPath.size(); ++i)
       for (const Point p : g.fontPath[i].points)
         if (bad(p.x) || bad(p.y)) return "fontPath[" + std::to_string(i) + "]";

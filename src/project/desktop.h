@@ -87,7 +87,7 @@ public:
   /// Queues work for the main thread, in the order of the calls. May be called on any thread.
   virtual void postToMain(std::function<void()> work) = 0;
 
-  /// Runs work on a thread of its own. The desktop waits for running work when it goes.
+  /// Runs work on another thread, a few at a time. The desktop waits for all of it when it goes.
   virtual void runInBackground(std::function<void()> work) = 0;
 
   virtual std::unique_ptr<OneShotTimer> startTimer(double seconds, std::function<void()> fire) = 0;

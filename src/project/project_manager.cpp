@@ -68,13 +68,13 @@ bool ProjectManager::setKerningValue(const Uuid& id, double value) {
   return true;
 }
 
-void ProjectManager::selectGlyph(const Uuid& id) {
+void ProjectManager::selectGlyph(Uuid id) {
   selectedGlyphIds_ = {id};
   lastSelectedGlyphId_ = id;
   announce(What::selection);
 }
 
-void ProjectManager::toggleGlyphSelection(const Uuid& id) {
+void ProjectManager::toggleGlyphSelection(Uuid id) {
   if (selectedGlyphIds_.erase(id) == 0) selectedGlyphIds_.insert(id);
   lastSelectedGlyphId_ = id;
   announce(What::selection);
@@ -152,7 +152,7 @@ void ProjectManager::deleteSelectedGlyphs() {
   announce(What::selection);
 }
 
-void ProjectManager::deleteGlyph(const Uuid& id) {
+void ProjectManager::deleteGlyph(Uuid id) {
   if (glyphBeingEdited_ && glyphBeingEdited_->id() == id) glyphBeingEdited_.reset();
   editGlyphList([&](std::vector<Glyph>& glyphs) {
     std::erase_if(glyphs, [&](const Glyph& glyph) { return glyph.id() == id; });

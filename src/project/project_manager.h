@@ -93,8 +93,9 @@ public:
   /// The anchor of a range selection.
   const std::optional<Uuid>& lastSelectedGlyphId() const { return lastSelectedGlyphId_; }
 
-  void selectGlyph(const Uuid& id);
-  void toggleGlyphSelection(const Uuid& id);
+  // By value: an id may be handed over from where the operation itself changes it.
+  void selectGlyph(Uuid id);
+  void toggleGlyphSelection(Uuid id);
   /// Adds every glyph from anchor to target in `displayed`, the order that the user sees. Nothing
   /// happens when one of them is not in it.
   void selectGlyphRange(const Uuid& anchor, const Uuid& target, std::span<const Uuid> displayed);
@@ -117,7 +118,7 @@ public:
   /// Deletes the selected glyphs as one step that can be undone, but not redone.
   void deleteSelectedGlyphs();
   /// Deletes one glyph for good.
-  void deleteGlyph(const Uuid& id);
+  void deleteGlyph(Uuid id);
 
   /// One step back or forward, when there is one.
   void undo();

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "base/file.h"
+
 #include <cstdlib>
 #include <string>
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
-
-#include "base/file.h"
 
 namespace quillery::test {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "model/font_project.h"
+#include "model/project_file.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include "model/font_project.h"
-#include "model/project_file.h"
 
 namespace quillery::test {
 

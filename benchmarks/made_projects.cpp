@@ -1,0 +1,91 @@
+#include "made_projects.h"
+
+#include "base/unicode.h"
+#include "svg/path_converter.h"
+#include "svg/svg_parser.h"
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <random>
+
+namespace quillery::bench {
+namespace {
+
+std::string nameOf(std::size_t number) {
+  char text[16];
+  std::snprintf(text, sizeof(text), "g%05zu", number);
+  return text;
+}
+
+std::string characterOf(std::size_t number) {
+  return scalarText(static_cast<char32_t>(0x4E00 + number));
+}
+
+} // namespace
+
+std::string madePathData(unsigned number) {
+  std::mt19937 random(number);
+  std::uniform_real_distribution<double> at(0, 100);
+  std::string data;
+  char piece[160];
+  const auto xy = [&] { return std::round(at(random) * 100) / 100; };
+  for (int contour = 0; contour < 2; ++contour) {
+    std::snprintf(piece, sizeof(piece), "M%.2f %.2f", xy(), xy());
+    data += piece;
+    for (int i = 0; i < 25; ++i) {
+      if (i % 5 == 4)
+        std::snprintf(piece, sizeof(piece), " L%.2f %.2f", xy(), xy());
+      else
+        std::snprintf(piece, sizeof(piece), " C%.2f %.2f %.2f %.2f %.2f %.2f", xy(), xy(), xy(),
+                      xy(), xy(), xy());
+      data += piece;
+    }
+    data += " Z ";
+  }
+  return data;
+}
+
+FontProject madeProject(std::size_t glyphs, std::size_t pairs) {
+  FontProject project;
+  for (std::size_t i = 0; i < glyphs; ++i) {
+    GlyphRecord record;
+    record.id = Uuid::random();
+    record.name = nameOf(i);
+    record.unicode = characterOf(i);
+    const std::string data = madePathData(static_cast<unsigned>(i));
+    record.svgPath = SharedText(data);
+    record.viewBox = SVGParser::computeViewBox(data);
+    const auto placed = PathConverter::convertToFontCoordinates(data, record.viewBox, 1000);
+    record.fontPath = placed.fontPath;
+    record.boundingBox = placed.boundingBox;
+    project.glyphs.push_back(Glyph(std::move(record)));
+  }
+  for (std::size_t i = 0; i < pairs; ++i) {
+    KerningPair pair;
+    pair.leftGlyph = nameOf(i % glyphs);
+    pair.rightGlyph = nameOf((i * 7 + i / glyphs) % glyphs);
+    pair.value = -static_cast<double>(i % 100);
+    project.kerningPairs.push_back(pair);
+  }
+  return project;
+}
+
+DrawingFolder::DrawingFolder(std::size_t drawings)
+    : path_(std::filesystem::temp_directory_path() /
+            ("quillery-drawings-" + Uuid::random().toString())) {
+  std::filesystem::create_directories(path_);
+  for (std::size_t i = 0; i < drawings; ++i) {
+    std::ofstream(path_ / (nameOf(i) + ".svg"))
+        << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 100 100\">\n  <path "
+           "fill=\"#000\" d=\""
+        << madePathData(static_cast<unsigned>(i)) << "\"/>\n</svg>\n";
+  }
+}
+
+DrawingFolder::~DrawingFolder() {
+  std::error_code error;
+  std::filesystem::remove_all(path_, error);
+}
+
+} // namespace quillery::bench

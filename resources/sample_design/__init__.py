@@ -1,0 +1,1 @@
+"""The design of the sample typeface, one subject per module."""

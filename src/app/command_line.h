@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+namespace quillery {
+
+/// Where this build of the program finds its own files.
+struct ProgramPlaces {
+  std::filesystem::path executable;
+  /// The installed resources, when there are any.
+  std::optional<std::filesystem::path> resourceFolder;
+  /// The generator in the source tree; empty in an installed program.
+  std::filesystem::path developmentExecutable;
+  std::filesystem::path developmentScript;
+};
+
+/// Exit statuses of the program.
+enum class ExitStatus : int {
+  done = 0,
+  /// Finished, but something was skipped or found.
+  incomplete = 1,
+  wrongUsage = 2,
+  /// Nothing was written.
+  failed = 3,
+};
+
+/// Runs the program as its arguments say and returns its exit status.
+ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places);
+
+} // namespace quillery

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/command_line.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillery {
+
+// The commands of the command line: each opens a project, runs operations of the core on it and
+// saves it. What the arguments were read to is in the command's own record.
+
+struct ImportCommand {
+  std::filesystem::path project;
+  /// Files and folders.
+  std::vector<std::filesystem::path> drawings;
+  /// For a project that does not exist yet.
+  std::optional<std::string> name;
+  std::optional<std::int64_t> unitsPerEm;
+};
+
+struct ExportCommand {
+  std::filesystem::path project;
+  std::vector<std::filesystem::path> fonts;
+};
+
+struct CheckCommand {
+  std::filesystem::path project;
+  bool fix = false;
+};
+
+struct ConvertCommand {
+  std::filesystem::path project;
+  std::filesystem::path output;
+};
+
+struct MetricsCommand {
+  enum class Metric { leftSideBearing, rightSideBearing, advanceWidth, verticalOffset, scale };
+  struct Change {
+    Metric metric;
+    double value;
+  };
+
+  std::filesystem::path project;
+  std::vector<std::string> glyphs;
+  bool all = false;
+  /// In the order in which they are applied. None: the metrics are printed.
+  std::vector<Change> changes;
+};
+
+struct KernCommand {
+  struct Change {
+    enum class Kind { common, set, remove } kind;
+    std::string leftGlyph;
+    std::string rightGlyph;
+    double value = 0;
+  };
+
+  std::filesystem::path project;
+  std::string filter;
+  /// In the order in which they are applied. None: the pairs are printed.
+  std::vector<Change> changes;
+};
+
+struct PreviewCommand {
+  std::filesystem::path project;
+  std::string text;
+  /// Points to the em.
+  double size = 48;
+  std::filesystem::path output;
+};
+
+ExitStatus run(const ImportCommand& command, const ProgramPlaces& places);
+ExitStatus run(const ExportCommand& command, const ProgramPlaces& places);
+ExitStatus run(const CheckCommand& command, const ProgramPlaces& places);
+ExitStatus run(const ConvertCommand& command, const ProgramPlaces& places);
+ExitStatus run(const MetricsCommand& command, const ProgramPlaces& places);
+ExitStatus run(const KernCommand& command, const ProgramPlaces& places);
+ExitStatus run(const PreviewCommand& command, const ProgramPlaces& places);
+
+/// Writes "quillery: MESSAGE" to standard error.
+void printError(const std::string& message);
+
+} // namespace quillery

@@ -1,0 +1,68 @@
+#include "app/commands.h"
+#include "app/progress_line.h"
+#include "app/session.h"
+#include "base/unicode.h"
+#include "export/export_format.h"
+#include "export/font_generator.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace quillery {
+namespace {
+
+bool isFontFile(const std::filesystem::path& file) {
+  const std::string extension = lowercased(file.extension().string());
+  return std::any_of(kExportFormats.begin(), kExportFormats.end(), [&](const ExportFormat& format) {
+    return extension == std::string(".") + format.extension;
+  });
+}
+
+// Runs the desktop's loop until `done`, telling every moment how long it has taken.
+void waitFor(HeadlessDesktop& desktop, const std::function<bool()>& done) {
+  ProgressLine line;
+  const auto begin = std::chrono::steady_clock::now();
+  std::unique_ptr<OneShotTimer> timer;
+  const std::function<void()> tick = [&] {
+    const auto seconds =
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - begin);
+    line.update("Generating fonts, " + std::to_string(seconds.count()) + " s");
+    timer = desktop.startTimer(0.2, tick);
+  };
+  if (line.isShown()) tick();
+  desktop.runUntil(done);
+}
+
+} // namespace
+
+ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
+  for (const auto& font : command.fonts) {
+    if (isFontFile(font)) continue;
+    printError("export: " + font.string() + " does not end in .otf, .ttf, .woff or .woff2");
+    return ExitStatus::wrongUsage;
+  }
+  Session session(places);
+  if (!session.open(command.project)) return ExitStatus::failed;
+
+  const FontGenerator generator(
+      session.desktop(),
+      {places.resourceFolder, places.developmentExecutable, places.developmentScript});
+  if (const auto availability = generator.checkGeneratorAvailability(); !availability.available) {
+    printError("Cannot generate font: " + availability.message);
+    return ExitStatus::failed;
+  }
+  auto status = ExitStatus::done;
+  std::size_t running = command.fonts.size();
+  for (const auto& font : command.fonts)
+    generator.generateFont(session.project(), font,
+                           [&, font](const Result<void, GenerationError>& result) {
+                             --running;
+                             if (result) return;
+                             printError(font.string() + ": " + result.error().description);
+                             status = ExitStatus::failed;
+                           });
+  waitFor(session.desktop(), [&] { return running == 0; });
+  return status;
+}
+
+} // namespace quillery

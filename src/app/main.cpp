@@ -1,0 +1,32 @@
+#include "app/command_line.h"
+
+#include <csignal>
+#include <system_error>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+quillery::ProgramPlaces programPlaces() {
+  quillery::ProgramPlaces places;
+  std::error_code error;
+  places.executable = fs::read_symlink("/proc/self/exe", error);
+  const fs::path installed = places.executable.parent_path().parent_path() / "share" / "quillery";
+  if (fs::is_directory(installed, error)) places.resourceFolder = installed;
+#ifdef QUILLERY_DEVELOPMENT_RESOURCES
+  const fs::path sources = QUILLERY_DEVELOPMENT_RESOURCES;
+  places.developmentExecutable = sources / "generate_font" / "generate_font";
+  places.developmentScript = sources / "generate_font.py";
+#endif
+  return places;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  // A reader that goes away, or a file at its size limit, is an error to report and not a reason to
+  // die with a half-written file beside the project.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces()));
+}

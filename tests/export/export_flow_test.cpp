@@ -1,0 +1,145 @@
+#include "export/export_fixes.h"
+#include "export/export_flow.h"
+#include "export/fake_program.h"
+#include "support/console_capture.h"
+#include "support/scripted_desktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quillery::test {
+namespace {
+
+using State = ExportStatus::State;
+using testing::ElementsAre;
+
+class ExportFlowTest : public testing::Test {
+protected:
+  void setGenerator(const char* body) { writeProgram(folder / "generator", body); }
+  void runToOutcome() {
+    desktop.advance(0.3);
+    desktop.runUntil([&] { return manager->exportStatus().state < State::preparing; });
+  }
+
+  TemporaryFolder folder;
+  TemporaryFiles temporary;
+  ConsoleCapture console;
+  ScriptedDesktop desktop;
+  RecentProjectsManager recent{desktop};
+  std::optional<ProjectManager> manager{std::in_place, desktop, recent};
+  FontGenerator generator{desktop, {{}, folder / "generator", {}, {}}};
+  std::optional<ExportFlow> flow{std::in_place, *manager, generator};
+  std::filesystem::path output = folder / "Mein Font é.otf";
+};
+
+TEST_F(ExportFlowTest, WarnsOfGapsBeforeThePanel) {
+  for (const std::size_t button : {1u, 0u}) {
+    desktop.alertAnswer = button;
+    flow->exportFont();
+    desktop.runPosted();
+    EXPECT_EQ(desktop.savePanels.size(), 1 - button);
+  }
+  EXPECT_EQ(desktop.alerts.size(), 2u);
+}
+
+TEST_F(ExportFlowTest, OpensThePanelAtOnceForACompleteFont) {
+  addSpaceGlyph(*manager);
+  addNotdefGlyph(*manager);
+  manager->editGlyphList([](std::vector<Glyph>& glyphs) {
+    for (const char c : std::string("ABCDEFGHIJKLMNOPQRSTUVWXYZ.")) {
+      GlyphRecord glyph;
+      glyph.unicode = std::string(1, c);
+      glyphs.emplace_back(glyph);
+    }
+  });
+  desktop.holdSavePanel = true;
+  flow->exportFont();
+  flow->exportFont();
+  ASSERT_EQ(desktop.savePanels.size(), 1u) << "a second panel beside the open one";
+  const SavePanelSettings& panel = desktop.savePanels.front();
+  EXPECT_EQ(panel.message, "Export font");
+  EXPECT_EQ(panel.proposedName, "My Font");
+  EXPECT_EQ(panel.extension, "otf");
+  EXPECT_EQ(panel.formats->label, "Format:");
+  EXPECT_EQ(panel.formats->selected, 0u);
+  EXPECT_THAT(panel.formats->titles,
+              ElementsAre("OpenType (.otf)", "TrueType (.ttf)", "Web Open Font Format (.woff)",
+                          "Web Open Font Format 2 (.woff2)"));
+  for (const std::size_t index : {3u, 1u, 2u, 0u, 4u}) panel.formats->changed(index);
+  desktop.confirmSavePanel(std::nullopt);
+  panel.formats->changed(1);
+  EXPECT_THAT(desktop.extensionsSet, ElementsAre("woff2", "ttf", "woff", "otf"));
+  EXPECT_EQ(flow->currentExportPanel(), nullptr);
+  EXPECT_EQ(console.text(), "") << "a cancelled panel starts nothing";
+}
+
+TEST_F(ExportFlowTest, ShowsPreparingThenGeneratingThenTheFont) {
+  setGenerator("printf font > \"$2\"");
+  std::vector<std::pair<bool, State>> seen;
+  const Connection connection = manager->changed.connect([&](const ProjectChange&) {
+    const std::pair now(manager->isExporting(), manager->exportStatus().state);
+    if (now.first && (seen.empty() || seen.back() != now)) seen.push_back(now);
+  });
+  desktop.saveAnswer = output;
+  for (int i = 0; i < 2; ++i) {
+    seen.clear();
+    flow->showExportPanel();
+    desktop.advance(0.29);
+    flow->dismissProgress();
+    EXPECT_EQ(manager->exportStatus(), ExportStatus::preparing()) << "it lasts 0.3 s";
+    runToOutcome();
+    EXPECT_THAT(seen,
+                ElementsAre(std::pair(true, State::preparing), std::pair(true, State::exporting),
+                            std::pair(true, State::success)));
+    EXPECT_EQ(manager->exportStatus(), ExportStatus::success(output));
+    EXPECT_EQ(contentOf(output), "font");
+    EXPECT_EQ(console.lines().front(), "Generating font at: " + output.string());
+    EXPECT_EQ(console.lines().back(), "Font generated successfully!");
+    flow->revealExportedFont();
+    EXPECT_TRUE(manager->isExporting());
+    flow->dismissProgress();
+    EXPECT_FALSE(manager->isExporting());
+    EXPECT_EQ(manager->exportStatus(), ExportStatus::success(output));
+  }
+  EXPECT_THAT(desktop.revealedFiles, ElementsAre(output, output));
+}
+
+TEST_F(ExportFlowTest, ShowsWhyThereIsNoFont) {
+  flow->startFontGeneration(output);
+  desktop.advance(1);
+  const Alert expected = {
+      "Cannot Generate Font",
+      "Python 3 not found. Please install Python 3 or use the bundled app version."};
+  EXPECT_THAT(desktop.alerts, ElementsAre(expected));
+  EXPECT_FALSE(manager->isExporting());
+
+  setGenerator("printf 'bad outline' >&2; exit 1");
+  flow->startFontGeneration(output);
+  runToOutcome();
+  EXPECT_EQ(manager->exportStatus(), ExportStatus::failed("Font generation failed: bad outline"));
+  EXPECT_EQ(console.lines().back(), "Font generation failed: generationFailed(\"bad outline\")");
+  flow->revealExportedFont();
+  EXPECT_TRUE(desktop.revealedFiles.empty());
+  EXPECT_TRUE(manager->isExporting());
+}
+
+TEST_F(ExportFlowTest, EndsQuietlyWhenTheDocumentIsGone) {
+  setGenerator("printf font > \"$2\"");
+  desktop.holdSavePanel = true;
+  flow->showExportPanel();
+  flow->startFontGeneration(output);
+  desktop.advance(0.3);
+  flow->exportFont();
+  flow->startFontGeneration(output);
+  manager.reset();
+  desktop.confirmSavePanel(output);
+  bool drained = false;
+  generator.generateFont({}, folder / "other", [&](const auto&) { drained = true; });
+  desktop.runUntil([&] { return drained; });
+  desktop.advance(1);
+  EXPECT_TRUE(desktop.alerts.empty());
+  EXPECT_EQ(console.text().find("Font generated successfully!"), std::string::npos);
+}
+
+} // namespace
+} // namespace quillery::test

@@ -1,0 +1,186 @@
+#include "export/fake_program.h"
+#include "export/font_generator.h"
+#include "support/console_capture.h"
+#include "support/scripted_desktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <thread>
+
+namespace quillery::test {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace testing;
+
+// Knows fontTools while the file python3.fonttools lies beside it; else runs the script with sh.
+constexpr const char* kFakePython =
+    "[ \"$*\" = '-c import fontTools' ] && exec test -e \"$0.fonttools\"\n"
+    "[ \"$1\" = -u ] && script=$2 && shift 2 && . \"$script\"";
+
+class FontGeneratorTest : public Test {
+protected:
+  FontGenerator generator() { return FontGenerator(desktop, places); }
+
+  // The description of the error, or "done".
+  std::string outcomeOf(const fs::path& output) {
+    std::vector<std::string> outcomes;
+    generator().generateFont(FontProject(), output,
+                             [&, mainThread = std::this_thread::get_id()](const auto& result) {
+                               EXPECT_EQ(std::this_thread::get_id(), mainThread);
+                               outcomes.push_back(result ? "done" : result.error().description);
+                             });
+    EXPECT_TRUE(outcomes.empty()) << "completed before the call returned";
+    desktop.runUntil([&] { return !outcomes.empty(); });
+    desktop.runPosted();
+    EXPECT_EQ(outcomes.size(), 1u);
+    return outcomes.front();
+  }
+
+  TemporaryFolder folder;
+  TemporaryFiles temporary;
+  ScriptedDesktop desktop;
+  fs::path python = writeProgram(folder / "python3", kFakePython);
+  fs::path packaged = folder / "resources/generate_font/generate_font";
+  fs::path script = folder / "resources/generate_font.py";
+  GeneratorPlaces places = {folder / "resources", {}, {}, {folder / "absent", python}};
+};
+
+TEST_F(FontGeneratorTest, IsFoundWhereTheBestOneLies) {
+  const fs::path bundle =
+      writeProgram(folder / "resources/generate_font.app/Contents/MacOS/generate_font", "");
+  writeProgram(packaged, "");
+  folder.write("resources/generate_font.py", "");
+  const fs::path fontTools = folder.write("python3.fonttools", "");
+  places.developmentExecutable = writeProgram(folder / "development", "");
+  places.developmentScript = folder.write("development.py", "");
+  const std::string withPython = "Using Python + fontTools";
+  const std::string none = "❌ No font generator found";
+  const struct {
+    std::string line;
+    fs::path found; // taken away for the next row
+    std::string availability;
+  } rows[] = {
+      {"Using py2app bundle: ", bundle, "Using py2app font generator"},
+      {"Using PyInstaller executable: ", packaged, "Using PyInstaller font generator"},
+      {"Using development executable: ", places.developmentExecutable,
+       "Using development executable"},
+      {"Using bundled Python script: ", script, withPython},
+      {"Using development Python script: ", places.developmentScript, withPython},
+      {none + "!", fontTools, withPython},
+      {none + "!", python, "fontTools not installed. Run: pip3 install fonttools"},
+      {none + " (no bundled executable and no Python)", "",
+       "Python 3 not found. Please install Python 3 or use the bundled app version."},
+  };
+  for (const auto& row : rows) {
+    ConsoleCapture console;
+    const auto location = generator().findGenerator();
+    ASSERT_EQ(location.ok(), !row.line.starts_with(none)) << row.line;
+    EXPECT_EQ(console.text(), row.line + (location ? row.found.string() : "") + "\n");
+    const auto availability = generator().checkGeneratorAvailability();
+    EXPECT_EQ(availability.message, row.availability);
+    EXPECT_EQ(availability.available, row.availability.starts_with("Using")) << row.line;
+    if (location) {
+      const auto& [program, script, usesPython] = location.value();
+      EXPECT_EQ(usesPython, row.availability == withPython) << row.line;
+      EXPECT_EQ(program, usesPython ? python : row.found);
+      EXPECT_EQ(script, usesPython ? std::optional(row.found) : std::nullopt);
+    }
+    // What may not be run is passed over like what is absent.
+    if (row.found == packaged)
+      fs::permissions(packaged, fs::perms::owner_read);
+    else
+      fs::remove(row.found);
+  }
+}
+
+TEST_F(FontGeneratorTest, TellsHowTheGenerationEnded) {
+  const std::string failed = "Font generation failed: ";
+  const std::string crashed = failed + "Process crashed with signal 9";
+  const std::string exited = failed + "Process exited with code ";
+  ConsoleCapture console;
+  std::ptrdiff_t kept = 0;
+  const auto expect = [&](const std::string& expected, const char* body) {
+    EXPECT_EQ(outcomeOf(folder / "font.otf"), expected) << body;
+    if (expected != "done") ++kept;
+    EXPECT_EQ(temporary.count(), kept) << body;
+  };
+  const std::tuple<const char*, std::string, std::string> rows[] = {
+      {"printf complaint >&2", "done", "done"},
+      {"printf boom >&2; exit 2", failed + "boom", failed + "boom"},
+      {"exit 1", failed, failed},
+      {"printf '\\377' >&2; exit 3", exited + "3", exited + "3"},
+      {"printf boom >&2; kill -9 $$", crashed, failed + "boom"},
+      {"printf '\\377' >&2; kill -9 $$", crashed, exited + "9"},
+  };
+  for (const auto& [body, fromPackaged, fromPython] : rows) {
+    writeProgram(script, body);
+    expect(fromPython, body);
+    writeProgram(packaged, body);
+    expect(fromPackaged, body);
+    fs::remove(packaged);
+  }
+  fs::permissions(python, fs::perms::owner_read);
+  expect("Could not run " + python.string() + ": Permission denied", "no right to run Python");
+  fs::remove(script);
+  expect("Font generator not found. The app may be corrupted.", "no script");
+}
+
+TEST_F(FontGeneratorTest, PrintsWhatItDoes) {
+  const std::string output = folder / "font.otf";
+  const char* body = "echo fine; printf oops >&2; printf '%s' \"$1\" > \"$2\"; exit 4";
+  const auto expect = [&](const std::string& generator, const std::string& after) {
+    ConsoleCapture console;
+    outcomeOf(output);
+    const std::string input = contentOf(output);
+    const std::string beginning = "\n🚀 FontGenerator.generateFont() called\n   Project: My Font\n"
+                                  "   Glyphs: 0\n   Kerning pairs: 0\n   Output: OUT\n"
+                                  "   ✓ Background thread started in FontGenerator\n"
+                                  "   Creating JSON at: IN\n\n=== Generator input document ===\n";
+    const std::string end =
+        "\n✓ JSON written to: IN\n" + generator + "\nInput: IN\nOutput: OUT\n" + after;
+    std::string text = std::regex_replace(console.text(), std::regex(input), "IN");
+    text = std::regex_replace(text, std::regex(output), "OUT");
+    EXPECT_THAT(text, AllOf(StartsWith(beginning), EndsWith(end)));
+  };
+  writeProgram(script, body);
+  expect("Using bundled Python script: " + script.string() +
+             "\n\n=== Running Python Script ===\nPython: " + python.string() +
+             "\nScript: " + script.string(),
+         "=== Python stdout ===\nfine\n\n=== Python stderr ===\noops\n");
+  writeProgram(packaged, body);
+  expect("Using PyInstaller executable: " + packaged.string() +
+             "\n\n=== Running Bundled Executable ===\nExecutable: " + packaged.string(),
+         "=== Process Info ===\nTermination status: 4\nTermination reason: 1 (exit)\n"
+         "Output data size: 5 bytes\nError data size: 4 bytes\n"
+         "=== Executable stdout ===\nfine\n\n=== Executable stderr ===\noops\n");
+}
+
+TEST_F(FontGeneratorTest, MakesSeveralFontsAtOnceOfAnyName) {
+  // A generator would take a bare name that begins with a dash for an option.
+  writeProgram(packaged, "case $2 in /*) cat \"$1\" > \"$2\";; *) exit 5;; esac");
+  const std::string names[] = {"-dash.otf", "two words.ttf", "it's \"quoted\".woff",
+                               "line\nbreak.woff2", "字 é.otf"};
+  ConsoleCapture console;
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
+  std::size_t done = 0;
+  for (const std::string& name : names) {
+    FontProject project;
+    project.copyright = std::to_string(name.size());
+    generator().generateFont(project, name, [&](const auto& result) {
+      EXPECT_TRUE(result) << name;
+      ++done;
+    });
+  }
+  fs::current_path(before);
+  desktop.runUntil([&] { return done == std::size(names); });
+  for (const std::string& name : names)
+    EXPECT_THAT(contentOf(folder / name), HasSubstr("\"" + std::to_string(name.size()) + "\""));
+  EXPECT_EQ(temporary.count(), 0);
+}
+
+} // namespace
+} // namespace quillery::test

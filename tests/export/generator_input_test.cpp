@@ -1,0 +1,110 @@
+#include "export/fake_program.h"
+#include "export/generator_input.h"
+#include "support/console_capture.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <limits>
+#include <sys/resource.h>
+
+namespace quillery::test {
+namespace {
+
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+
+FontProject sample() {
+  FontProject project;
+  project.name = "Sämple \"1\"/2";
+  project.lineGap = 4711;
+  GlyphRecord a;
+  a.unicode = a.name = "A";
+  a.verticalOffset = a.scale = 4711;
+  a.advanceWidth = 600.1;
+  a.fontPath = {PathCommand::moveTo({50, -0.5}), PathCommand::lineTo({300, 1e21}),
+                PathCommand::curveTo({1, 2}, {3, 4}, {5, 6}), PathCommand::closePath()};
+  GlyphRecord bare;
+  bare.name = ".notdef";
+  project.glyphs = {Glyph(a), Glyph(bare)};
+  project.kerningPairs = {{{}, "A", "V", -80}, {{}, "A", "gone", 0.25}};
+  return project;
+}
+
+TEST(GeneratorInput, HoldsNamesMetricsOutlinesAndPairsAsTheyAre) {
+  ConsoleCapture console;
+  std::string document = createJSONData(sample()).value();
+  std::erase_if(document, [](char c) { return c == ' ' || c == '\n'; });
+  EXPECT_EQ(
+      document,
+      R"({"name":"Sämple\"1\"\/2","designer":"","version":"1.0","copyright":"",)"
+      R"("unitsPerEm":1000,"ascender":800,"descender":-200,"capHeight":700,"xHeight":500,)"
+      R"("glyphs":[{"name":"A","unicode":"A","advanceWidth":600.1,"leftSideBearing":50,)"
+      R"("rightSideBearing":50,"fontPath":[{"type":"moveTo","point":{"x":50,"y":-0.5}},)"
+      R"({"type":"lineTo","point":{"x":300,"y":1e+21}},{"type":"curveTo","control1":{"x":1,"y":2},)"
+      R"("control2":{"x":3,"y":4},"point":{"x":5,"y":6}},{"type":"closePath"}]},)"
+      R"({"name":".notdef","advanceWidth":600,"leftSideBearing":50,"rightSideBearing":50,)"
+      R"("fontPath":[]}],"kerningPairs":[{"leftGlyph":"A","rightGlyph":"V","value":-80},)"
+      R"({"leftGlyph":"A","rightGlyph":"gone","value":0.25}]})");
+}
+
+TEST(GeneratorInput, PrintsThePairsAndTheBeginningOfTheDocument) {
+  FontProject project = sample();
+  project.glyphs.clear();
+  std::string accented; // letters of five bytes, each with two marks
+  for (int i = 0; i < 600; ++i) accented += "e\u0301\u0323";
+  const std::string beginning = "{\n  \"name\" : \"";
+  for (const bool isLong : {false, true}) {
+    if (isLong) project.name = accented;
+    ConsoleCapture console;
+    const auto document = createJSONData(project);
+    const std::size_t shown =
+        isLong ? beginning.size() + 5 * (500 - beginning.size()) : std::string::npos;
+    EXPECT_EQ(console.text(),
+              "\n=== Generator input document ===\nKerning pairs in project: 2\n"
+              "  A + V = -80.0\n  A + gone = 0.25\n\nJSON preview (first 500 chars):\n" +
+                  document.value().substr(0, shown) + "\n");
+  }
+}
+
+TEST(GeneratorInput, IsRefusedForANumberThatIsNotFinite) {
+  const std::pair<const char*, std::function<void(FontProject&)>> rows[] = {
+      {"xHeight", [](auto& p) { p.xHeight = kInfinite; }},
+      {"kerningPairs[1].value", [](auto& p) { p.kerningPairs[1].value = -kInfinite; }},
+      {"glyphs[0].advanceWidth of glyph \"A\"",
+       [](auto& p) { p.glyphs[0].setAdvanceWidth(kInfinite); }},
+      {"glyphs[0].fontPath[1] of glyph \"A\"", [](auto& p) {
+         p.glyphs[0].placeOutline({{}, PathCommand::curveTo({}, {0, kInfinite}, {})}, {});
+       }}};
+  const TemporaryFiles temporary;
+  for (const auto& [place, change] : rows) {
+    FontProject project = sample();
+    change(project);
+    ConsoleCapture console;
+    const auto file = writeGeneratorInput(project);
+    ASSERT_FALSE(file) << place;
+    EXPECT_EQ(file.error().description(), std::string(place) + ": The number is not finite");
+    EXPECT_EQ(temporary.count(), 0) << place;
+  }
+}
+
+TEST(GeneratorInput, SaysWhyItCannotBeWritten) {
+  ConsoleCapture console;
+  const TemporaryFiles temporary;
+  FontProject project;
+  project.copyright = std::string(100'000, 'c');
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small = {50'000, before.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  const auto file = writeGeneratorInput(project);
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  ASSERT_FALSE(file);
+  EXPECT_EQ(file.error().reason, "File too large");
+  EXPECT_EQ(console.text().find("JSON written"), std::string::npos);
+  EXPECT_EQ(temporary.count(), 1) << "what was written is kept for a look";
+}
+
+} // namespace
+} // namespace quillery::test

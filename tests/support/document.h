@@ -1,0 +1,38 @@
+#pragma once
+
+#include "project/project_manager.h"
+#include "support/console_capture.h"
+#include "support/projects.h"
+#include "support/scripted_desktop.h"
+#include "support/temporary_folder.h"
+
+#include <string>
+
+namespace quillery::test {
+
+/// A document controller on a scripted desktop, with a folder for its files. What is printed is
+/// caught.
+struct Document {
+  TemporaryFolder folder;
+  ConsoleCapture console;
+  ScriptedDesktop desktop;
+  RecentProjectsManager recents{desktop};
+  ProjectManager manager{desktop, recents};
+
+  const FontProject& project() const { return manager.currentProject(); }
+
+  void setGlyphs(std::vector<Glyph> glyphs) {
+    manager.editGlyphList([&](std::vector<Glyph>& list) { list = std::move(glyphs); });
+  }
+
+  /// A project file with one glyph of this name.
+  std::filesystem::path projectFile(const std::string& fileName,
+                                    const std::string& glyphName) const {
+    FontProject project;
+    project.name = fileName;
+    project.glyphs = {makeGlyph(glyphName)};
+    return folder.write(fileName, encoded(project));
+  }
+};
+
+} // namespace quillery::test
