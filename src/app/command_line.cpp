@@ -110,6 +110,8 @@ private:
     auto* sub = subcommand("export", "Make font files from a project", export_);
     sub->add_option("FONT", export_.fonts, "Files ending in .otf, .ttf, .woff or .woff2")
         ->required();
+    sub->add_option("--report", export_.report, "Write a page about the first font")
+        ->type_name("FILE.html");
   }
 
   void addCheck() {

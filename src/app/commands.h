@@ -25,6 +25,8 @@ struct ImportCommand {
 struct ExportCommand {
   std::filesystem::path project;
   std::vector<std::filesystem::path> fonts;
+  /// A page about the first of the fonts.
+  std::optional<std::filesystem::path> report;
 };
 
 struct CheckCommand {

@@ -3,7 +3,7 @@
 #include "app/session.h"
 #include "base/unicode.h"
 #include "export/export_format.h"
-#include "export/font_generator.h"
+#include "export/font_report.h"
 
 #include <algorithm>
 #include <memory>
@@ -44,9 +44,9 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
   Session session(places);
   if (!session.open(command.project)) return ExitStatus::failed;
 
-  const FontGenerator generator(
-      session.desktop(),
-      {places.resourceFolder, places.developmentExecutable, places.developmentScript});
+  const GeneratorPlaces generatorPlaces{places.resourceFolder, places.developmentExecutable,
+                                        places.developmentScript};
+  const FontGenerator generator(session.desktop(), generatorPlaces);
   if (const auto availability = generator.checkGeneratorAvailability(); !availability.available) {
     printError("Cannot generate font: " + availability.message);
     return ExitStatus::failed;
@@ -62,7 +62,12 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
                              status = ExitStatus::failed;
                            });
   waitFor(session.desktop(), [&] { return running == 0; });
-  return status;
+  if (!command.report || status != ExitStatus::done) return status;
+  const auto report =
+      makeFontReport(session.project(), command.fonts.front(), *command.report, generatorPlaces);
+  if (report) return ExitStatus::done;
+  printError(command.report->string() + ": " + report.error().description);
+  return ExitStatus::incomplete;
 }
 
 } // namespace quillery

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <clocale>
 #include <cmath>
@@ -56,9 +57,9 @@ Scan scan(std::string_view text) {
   return result;
 }
 
-double convertOutOfRange(std::string_view unsignedText) {
+double convertInCLocale(const std::string& text, char** end) {
   static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
-  return strtod_l(std::string(unsignedText).c_str(), nullptr, cLocale);
+  return strtod_l(text.c_str(), end, cLocale);
 }
 
 } // namespace
@@ -76,9 +77,17 @@ std::optional<double> parseDecimal(std::string_view token) {
             kPowersOfTen[number.fractionDigits];
   } else {
     const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
-    if (error != std::errc()) value = convertOutOfRange(token);
+    if (error != std::errc()) value = convertInCLocale(std::string(token), nullptr);
   }
   return negative ? -value : value;
+}
+
+std::optional<double> parseAsC(const std::string& text) {
+  if (text.empty() || std::isspace(static_cast<unsigned char>(text.front()))) return std::nullopt;
+  char* end = nullptr;
+  const double value = convertInCLocale(text, &end);
+  if (end != text.data() + text.size()) return std::nullopt;
+  return value;
 }
 
 namespace {

@@ -13,6 +13,10 @@ namespace quillery {
 /// is zero.
 std::optional<double> parseDecimal(std::string_view token);
 
+/// Reads all that the C conversion reads in the C locale, so also "inf", "nan" and hexadecimal,
+/// from the whole of `text`. Nothing for any other text and for leading white space.
+std::optional<double> parseAsC(const std::string& text);
+
 /// Most characters that writeShortest writes.
 inline constexpr std::size_t kShortestCapacity = 32;
 

@@ -94,10 +94,9 @@ std::optional<FontGenerator::Packaged> FontGenerator::findPackaged() const {
   return std::nullopt;
 }
 
-std::optional<fs::path> FontGenerator::findPython() const {
-  const auto& candidates = places_.pythonCandidates;
-  const auto found = std::find_if(candidates.begin(), candidates.end(), isFile);
-  if (found == candidates.end()) return std::nullopt;
+std::optional<fs::path> GeneratorPlaces::findPython() const {
+  const auto found = std::find_if(pythonCandidates.begin(), pythonCandidates.end(), isFile);
+  if (found == pythonCandidates.end()) return std::nullopt;
   return *found;
 }
 
@@ -106,7 +105,7 @@ Result<GeneratorLocation, FontGeneratorError> FontGenerator::findGenerator() con
     printLine(packaged->found + packaged->path.string());
     return GeneratorLocation{packaged->path, std::nullopt, false};
   }
-  const auto python = findPython();
+  const auto python = places_.findPython();
   if (!python) {
     printLine("❌ No font generator found (no bundled executable and no Python)");
     return Failure{FontGeneratorError::generatorNotFound()};
@@ -127,7 +126,7 @@ Result<GeneratorLocation, FontGeneratorError> FontGenerator::findGenerator() con
 
 GeneratorAvailability FontGenerator::checkGeneratorAvailability() const {
   if (const auto packaged = findPackaged()) return {true, packaged->available};
-  if (!findPython())
+  if (!places_.findPython())
     return {false, "Python 3 not found. Please install Python 3 or use the bundled app version."};
   if (!isFontToolsInstalled())
     return {false, "fontTools not installed. Run: pip3 install fonttools"};
@@ -136,7 +135,7 @@ GeneratorAvailability FontGenerator::checkGeneratorAvailability() const {
 
 bool FontGenerator::isFontToolsInstalled() const {
   const auto outcome =
-      runProcess(findPython().value_or("/usr/bin/python3"), {"-c", "import fontTools"});
+      runProcess(places_.findPython().value_or("/usr/bin/python3"), {"-c", "import fontTools"});
   return outcome && outcome.value().succeeded();
 }
 

@@ -67,6 +67,9 @@ struct GeneratorPlaces {
   /// Interpreters, the best first.
   std::vector<std::filesystem::path> pythonCandidates = {
       "/opt/homebrew/bin/python3", "/usr/local/bin/python3", "/usr/bin/python3"};
+
+  /// The first interpreter that is there.
+  std::optional<std::filesystem::path> findPython() const;
 };
 
 /// Makes font files by running the font generator, a program of its own. Everything is looked up
@@ -104,7 +107,6 @@ public:
 private:
   struct Packaged;
   std::optional<Packaged> findPackaged() const;
-  std::optional<std::filesystem::path> findPython() const;
   Result<void, GenerationError> generate(const FontProject& project,
                                          const std::filesystem::path& output) const;
 

@@ -1,6 +1,7 @@
 #include "kerning/kerning_pairs.h"
 
 #include "base/unicode.h"
+#include "project/action_names.h"
 
 #include <algorithm>
 #include <set>
@@ -75,7 +76,7 @@ void registerKerningChange(ProjectManager& manager, const Uuid& id, double oldVa
   UndoManager& undo = manager.undoManager();
   undo.registerUndo(
       [&manager, id = Uuid(id), oldValue] { changeKerningValue(manager, id, oldValue); });
-  undo.setActionName("Change Kerning " + pair->leftGlyph + "/" + pair->rightGlyph);
+  undo.setActionName(action::changeKerning(pair->leftGlyph, pair->rightGlyph));
 }
 
 const KerningPair* firstKerningPair(const FontProject& project, std::string_view leftGlyph,

@@ -1,5 +1,7 @@
 #include "project/project_manager.h"
 
+#include "project/action_names.h"
+
 #include <algorithm>
 
 namespace quillery {
@@ -143,7 +145,7 @@ void ProjectManager::deleteSelectedGlyphs() {
     selectedGlyphIds_ = selection;
     announce(What::selection);
   });
-  undoManager_.setActionName("Delete " + std::to_string(selectedGlyphIds_.size()) + " Glyphs");
+  undoManager_.setActionName(action::deleteGlyphs(selectedGlyphIds_.size()));
   std::erase_if(project_.glyphs, isSelected);
   index_.reset();
   selectedGlyphIds_.clear();

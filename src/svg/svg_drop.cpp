@@ -31,7 +31,7 @@ Result<void, FileError> copyFile(const fs::path& from, const fs::path& to) {
 // says that there is nothing to read.
 fs::path stage(const fs::path& dropped) {
   std::error_code error;
-  const fs::path staged =
+  fs::path staged =
       fs::temp_directory_path(error) / Uuid::random().toString() / dropped.filename();
   if (const auto copied = copyFile(dropped, staged))
     printLine("✓ Fresh SVG data loaded for: " + dropped.filename().string());

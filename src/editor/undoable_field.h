@@ -1,0 +1,138 @@
+#pragma once
+
+#include "project/project_manager.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace quillery {
+
+/// A value of the document that a control edits, wherever it lies. Setting it runs its rules and
+/// announces the change.
+template <typename T> struct ValueBinding {
+  std::function<T()> get;
+  std::function<void(const T&)> set;
+};
+
+/// Registers the step that puts `from` back in place of `to`, and on redo the other way round.
+template <typename T>
+void registerChange(ProjectManager& manager, const ValueBinding<T>& binding, const T& from,
+                    const T& to, const std::string& actionName) {
+  manager.undoManager().registerUndo([&manager, binding, from, to, actionName] {
+    binding.set(from);
+    registerChange(manager, binding, to, from, actionName);
+  });
+  manager.undoManager().setActionName(actionName);
+}
+
+/// An edit of one value from its first touch to its last, recorded as one undo step.
+template <typename T> class UndoableEdit {
+public:
+  UndoableEdit(ProjectManager& manager, ValueBinding<T> binding, std::string actionName)
+      : manager_(manager), binding_(std::move(binding)), actionName_(std::move(actionName)) {}
+
+  const ValueBinding<T>& binding() const { return binding_; }
+  bool isOpen() const { return startValue_.has_value(); }
+
+  void begin() { startValue_ = binding_.get(); }
+
+  /// Registers the step, unless the value is what it was.
+  void end() {
+    if (!startValue_) return;
+    const T start = *std::exchange(startValue_, std::nullopt);
+    const T now = binding_.get();
+    if (start != now) registerChange(manager_, binding_, start, now, actionName_);
+  }
+
+  /// Puts the value back; nothing is registered. The edit stays open.
+  void restore() {
+    if (startValue_ && *startValue_ != binding_.get()) binding_.set(*startValue_);
+  }
+
+private:
+  ProjectManager& manager_;
+  ValueBinding<T> binding_;
+  std::string actionName_;
+  std::optional<T> startValue_;
+};
+
+/// How a value is typed and shown.
+template <typename T> struct FieldFormat {
+  /// Nothing for text that is no value.
+  std::function<std::optional<T>(const std::string&)> parse;
+  std::function<std::string(const T&)> show;
+};
+
+/// Doubles as C conversion reads them (infinity, hexadecimal and so on included), shown as whole
+/// numbers.
+FieldFormat<double> numberFormat();
+/// 64-bit integers with an optional sign, and nothing else.
+FieldFormat<std::int64_t> integerFormat();
+FieldFormat<std::string> textFormat();
+/// One user-perceived character; more are dropped. Empty text is no character.
+FieldFormat<std::optional<std::string>> characterFormat();
+
+/// A text field whose whole edit, from gaining focus to losing it, is one undo step. The value
+/// follows every keystroke that makes one.
+template <typename T> class UndoableField {
+public:
+  UndoableField(ProjectManager& manager, ValueBinding<T> binding, FieldFormat<T> format,
+                std::string actionName)
+      : edit_(manager, std::move(binding), std::move(actionName)), format_(std::move(format)) {
+    showValue();
+  }
+
+  /// What the field shows.
+  const std::string& text() const { return text_; }
+
+  void type(std::string text) {
+    text_ = std::move(text);
+    const auto value = format_.parse(text_);
+    if (value && *value != edit_.binding().get()) edit_.binding().set(*value);
+  }
+
+  void focusIn() { edit_.begin(); }
+
+  void focusOut() {
+    showValue();
+    edit_.end();
+  }
+
+  /// Return was pressed: what was typed so far is one step, and the next begins.
+  void commit() {
+    focusOut();
+    focusIn();
+  }
+
+  /// Escape was pressed: the value is what it was when the field gained focus.
+  void restore() {
+    edit_.restore();
+    showValue();
+  }
+
+  /// The document changed. Text being typed stays.
+  void refresh() {
+    if (!edit_.isOpen()) showValue();
+  }
+
+private:
+  void showValue() { text_ = format_.show(edit_.binding().get()); }
+
+  UndoableEdit<T> edit_;
+  FieldFormat<T> format_;
+  std::string text_;
+};
+
+/// A value of the font as a whole.
+template <typename T>
+ValueBinding<T> fontInfoBinding(ProjectManager& manager, T FontInfo::*member) {
+  return {[&manager, member] { return manager.currentProject().*member; },
+          [&manager, member](const T& value) {
+            manager.editFontInfo([&](FontInfo& font) { font.*member = value; });
+          }};
+}
+
+} // namespace quillery

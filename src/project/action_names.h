@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quillery::action {
+
+// What undo steps are called.
+
+inline constexpr const char* kChangeFontName = "Change Font Name";
+inline constexpr const char* kChangeDesigner = "Change Designer";
+inline constexpr const char* kChangeVersion = "Change Version";
+inline constexpr const char* kChangeUnitsPerEm = "Change Units Per Em";
+inline constexpr const char* kChangeAscender = "Change Ascender";
+inline constexpr const char* kChangeDescender = "Change Descender";
+inline constexpr const char* kChangeCapHeight = "Change Cap Height";
+inline constexpr const char* kChangeXHeight = "Change x-Height";
+
+inline std::string deleteGlyphs(std::size_t count) {
+  return "Delete " + std::to_string(count) + " Glyphs";
+}
+
+inline std::string changeKerning(std::string_view leftGlyph, std::string_view rightGlyph) {
+  return std::string("Change Kerning ").append(leftGlyph).append("/").append(rightGlyph);
+}
+
+} // namespace quillery::action
