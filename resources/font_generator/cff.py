@@ -12,15 +12,11 @@ from typing import Any
 from fontTools.encodings.StandardEncoding import StandardEncoding
 from fontTools.ttLib import newTable
 
-from .charstrings import encode_charstring
-from .errors import GeneratorError
+from .charstrings import Charstring, encoded_number
 from .glyph_set import FontGlyph
 from .metrics import Measures
 from .naming import Naming
 from .outlines import Box
-
-# The Type 2 format's own limit; readers refuse longer ones.
-_LONGEST_CHARSTRING = 65535
 
 # Strings that every reader knows by number, as far as they name glyphs of common fonts: the
 # characters of Adobe's standard encoding from number 1 on, and these after them.
@@ -48,7 +44,7 @@ class CffOutlines:
     long_offsets = False
 
     def __init__(self, glyphs: Sequence[FontGlyph]) -> None:
-        """Encodes the outlines; raises GeneratorError for one with too many segments."""
+        """Takes the shapes that were made of the drawings."""
         advances = Counter(glyph.advance for glyph in glyphs)
         self._default_width = max(advances, key=lambda advance: (advances[advance], -advance))
         # A width has 16 bits with a sign, and advances go up to 65,535.
@@ -58,14 +54,11 @@ class CffOutlines:
         self._charstrings: list[bytes] = []
         self.boxes: list[Box | None] = []
         for glyph in glyphs:
-            width = None if glyph.advance == self._default_width else glyph.advance - self._nominal_width
-            charstring, box = encode_charstring(glyph.outline, width)
-            if len(charstring) > _LONGEST_CHARSTRING:
-                raise GeneratorError(f"The drawing of {glyph.label} has too many points: it takes "
-                                     f"{len(charstring):,} bytes, and a font holds "
-                                     f"{_LONGEST_CHARSTRING:,} for a glyph.")
-            self._charstrings.append(charstring)
-            self.boxes.append(box)
+            shape: Charstring = glyph.shape
+            width = (b"" if glyph.advance == self._default_width else
+                     encoded_number(glyph.advance - self._nominal_width))
+            self._charstrings.append(width + shape.operators)
+            self.boxes.append(shape.box)
 
     def tables(self, names: Sequence[str], measures: Measures, naming: Naming) -> dict[str, Any]:
         """The tables that only fonts of this kind have."""

@@ -5,8 +5,9 @@ that is optimized and compiled afterwards, which is where most of the time would
 """
 
 from math import floor
+from typing import NamedTuple
 
-from .outlines import Box, Contour, Outline, reversed_contours, signed_area
+from .outlines import Box, Contour, Outline, UnfitOutline, reversed_contours, signed_area
 
 Point = tuple[int, int]
 
@@ -15,9 +16,20 @@ _RLINETO, _HLINETO, _VLINETO, _RRCURVETO = b"\x05", b"\x06", b"\x07", b"\x08"
 _ENDCHAR, _RMOVETO, _HMOVETO, _VMOVETO = b"\x0e", b"\x15", b"\x16", b"\x04"
 _VVCURVETO, _HHCURVETO, _VHCURVETO, _HVCURVETO = b"\x1a", b"\x1b", b"\x1e", b"\x1f"
 _STACK = 48  # operands that an operator may have
+# The format's own limit, less the operand for the width; readers refuse longer ones.
+_LONGEST = 65535 - 3
 
 
-def _encoded_number(value: int) -> bytes:
+class Charstring(NamedTuple):
+    """A charstring without the width that may stand before it, and the tight box of its outline
+    (xMin, yMin, xMax, yMax), None if it has no extent."""
+
+    operators: bytes
+    box: Box | None
+
+
+def encoded_number(value: int) -> bytes:
+    """An operand of 16 bits."""
     if -107 <= value <= 107:
         return bytes((value + 139,))
     if 108 <= value <= 1131:
@@ -31,7 +43,7 @@ class _Numbers(dict[int, bytes]):
     """Encoded operands by value, each made when it is first needed."""
 
     def __missing__(self, value: int) -> bytes:
-        self[value] = encoded = _encoded_number(value)
+        self[value] = encoded = encoded_number(value)
         return encoded
 
 
@@ -39,23 +51,26 @@ _NUMBERS = _Numbers()
 _encoded = _NUMBERS.__getitem__
 
 
-def encode_charstring(outline: Outline, width: int | None) -> tuple[bytes, Box | None]:
-    """The charstring of a glyph and the tight box of its outline (xMin, yMin, xMax, yMax).
+def encode_charstring(outline: Outline) -> Charstring:
+    """The charstring of an outline; raises UnfitOutline for one with too many segments.
 
-    Coordinates are rounded to font units. `width` is the advance less the font's nominal one, or
-    None for the default advance. Outer contours come out anticlockwise, as the format wants
-    them; an outline without extent has no box.
+    Coordinates are rounded to font units. Outer contours come out anticlockwise, as the format
+    wants them.
     """
     contours = outline.contours
     if signed_area(contours) < 0:
         contours = reversed_contours(contours)
-    parts = [] if width is None else [_NUMBERS[width]]
+    parts: list[bytes] = []
     ends: list[Point] = []
     pen = (0, 0)
     for contour in contours:
         pen = _append_contour(contour, pen, parts, ends)
     parts.append(_ENDCHAR)
-    return b"".join(parts), _box(ends, outline) if ends else None
+    operators = b"".join(parts)
+    if len(operators) > _LONGEST:
+        raise UnfitOutline(f"has too many points: it takes {len(operators):,} bytes, and a font holds "
+                           f"{_LONGEST:,} for a glyph")
+    return Charstring(operators, _box(ends, outline) if ends else None)
 
 
 def _append_contour(contour: Contour, pen: Point, parts: list[bytes], ends: list[Point]) -> Point:

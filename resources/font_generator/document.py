@@ -7,35 +7,52 @@ they are used.
 
 from collections.abc import Callable, Iterator
 from dataclasses import dataclass
-from typing import Any
+from typing import Any, NamedTuple
 
 from .errors import GeneratorError, quoted
 from .json_text import parse_json
-from .outlines import MalformedOutline, Outline, is_finite, read_outline
+from .outlines import MalformedOutline, Outline, UnfitOutline, check_size, is_finite, read_outline
+from .pieces import Pieces, cut, fit_together
+from .workers import beside, processors
 
 # A record of a name table holds at most 65,535 bytes of UTF-16; no text of a font is longer.
 LONGEST_TEXT = 32767
 
+# Letters with a straight stem from top to bottom.
+SLANT_LETTERS = frozenset("HIlhi|")
 
-@dataclass(frozen=True, slots=True)
-class Glyph:
+_OWN_SHARE = 0.45
+
+_TEXTS = {"name", "designer", "version", "copyright"}
+
+Encode = Callable[[Outline], Any]
+Encoder = Callable[[float], Encode]  # what the format makes of drawings in an em of so many units
+
+
+class Glyph(NamedTuple):
     """A glyph as drawn. `text` is the character that it stands for, if any; the number of a glyph
-    that no project has is 0."""
+    that no project has is 0. `shape` is what the font's format makes of the drawing; its `box` is
+    None if there is nothing to see. The drawing itself is kept of a few letters only, by which
+    to tell how far a font slants."""
 
     number: int  # its place in the project, counted from 1
     name: str
     text: str | None
     advance: float
-    outline: Outline
+    shape: Any
+    drawing: Outline | None = None
 
     @property
     def label(self) -> str:
         """How messages call the glyph."""
-        return f"glyph {quoted(self.name)}" if self.name else f"the nameless glyph number {self.number}"
+        return _label(self.name, self.number)
 
 
-@dataclass(frozen=True, slots=True)
-class KerningPair:
+def _label(name: str, number: int) -> str:
+    return f"glyph {quoted(name)}" if name else f"the nameless glyph number {number}"
+
+
+class KerningPair(NamedTuple):
     """`value` is added to the advance of a left glyph that a right glyph follows."""
 
     left: str
@@ -64,27 +81,85 @@ class _Malformed(Exception):
     """Says what is wrong with an object; whoever reads the object knows what it is."""
 
 
-def read_document(path: str) -> Document:
-    """Reads the description in the file `path`; raises GeneratorError if it is not one."""
-    root, read = parse_json(_read_file(path))
+def read_document(path: str, encoder: Encoder, meanwhile: Callable[[], None] = lambda: None) -> Document:
+    """Reads the description in the file `path`; raises GeneratorError if it is not one.
+
+    Outlines become shapes by the encoder as soon as they are read, so that only one at a time is
+    there in full. Two processes share a long description; when this one is through with its
+    part, it does what there is to do `meanwhile`.
+    """
+    data = _read_file(path)
+    pieces = cut(data)
     try:
-        members = _members(root)
-        glyphs, pairs = _list(members, "glyphs"), _list(members, "kerningPairs")
-        return Document(
-            name=_text(members, "name", read),
-            designer=_text(members, "designer", read),
-            version=_text(members, "version", read),
-            copyright=_text(members, "copyright", read),
-            units_per_em=_number(members, "unitsPerEm"),
-            ascender=_number(members, "ascender"),
-            descender=_number(members, "descender"),
-            cap_height=_number(members, "capHeight"),
-            x_height=_number(members, "xHeight"),
-            glyphs=[_glyph(value, number, read) for number, value in _taken(glyphs)],
-            pairs=[_pair(value, number, read) for number, value in _taken(pairs)],
-        )
+        members = _read_pieces(pieces, encoder(pieces.units_per_em), meanwhile) if pieces else None
+        return _document(members or _read_whole(data, encoder))
     except _Malformed as fault:
         raise GeneratorError(f"The font description {fault}.") from fault
+
+
+def _read_whole(data: bytes, encoder: Encoder) -> dict[str, Any]:
+    root, read = parse_json(data)
+    members = _members(root)
+    for key in ("glyphs", "kerningPairs"):
+        _list(members, key)
+    return _read_members(members, read, encoder(_number(members, "unitsPerEm")))
+
+
+def _read_pieces(pieces: Pieces, encode: Encode,
+                 meanwhile: Callable[[], None]) -> dict[str, Any] | None:
+    """The members of a description, or None if anything is wrong with a piece: what it is, is
+    found by reading the description as a whole."""
+    def read_some(indices: range) -> list[dict[str, Any]] | None:
+        result = []
+        try:
+            for index in indices:
+                root, read = parse_json(pieces.piece(index))
+                result.append(_read_members(_members(root), read, encode))
+        except (GeneratorError, _Malformed):
+            return None
+        return result
+
+    # The other process has nothing else to do, and so gets the larger part.
+    count = len(pieces)
+    mine = int(count * _OWN_SHARE) if processors() > 1 and count > 3 else count
+    wait = beside(lambda: read_some(range(mine, count))) if mine < count else list
+    read = read_some(range(mine))
+    meanwhile()
+    others = wait()
+    if read is None or others is None or not fit_together(read + others, pieces.units_per_em):
+        return None
+    members: dict[str, Any] = {}
+    glyphs: list[Glyph] = []
+    for part in read + others:
+        before = len(glyphs)
+        glyphs += [glyph._replace(number=glyph.number + before) for glyph in part["glyphs"]]
+        members |= part
+    return members | {"glyphs": glyphs}
+
+
+def _read_members(members: dict[str, Any], read: Callable[[str], str], encode: Encode) -> dict[str, Any]:
+    """The members with the glyphs, pairs and texts among them read."""
+    readers: dict[str, Callable[[Any, int], Any]] = {
+        "glyphs": lambda value, number: _glyph(value, number, read, encode),
+        "kerningPairs": lambda value, number: _pair(value, number, read)}
+    for key in readers.keys() & members.keys():
+        members[key] = [readers[key](value, number) for number, value in _taken(_list(members, key))]
+    for key in _TEXTS & members.keys():
+        members[key] = _text(members, key, read)
+    return members
+
+
+def _document(members: dict[str, Any]) -> Document:
+    return Document(
+        **{key: _member(members, key) for key in _TEXTS},
+        units_per_em=_number(members, "unitsPerEm"),
+        ascender=_number(members, "ascender"),
+        descender=_number(members, "descender"),
+        cap_height=_number(members, "capHeight"),
+        x_height=_number(members, "xHeight"),
+        glyphs=members["glyphs"],
+        pairs=members["kerningPairs"],
+    )
 
 
 def _read_file(path: str) -> bytes:
@@ -104,18 +179,21 @@ def _taken(values: list[Any]) -> Iterator[tuple[int, Any]]:
         yield number, values.pop()
 
 
-def _glyph(value: Any, number: int, read: Callable[[str], str]) -> Glyph:
+def _glyph(value: Any, number: int, read: Callable[[str], str], encode: Encode) -> Glyph:
     try:
         members = _members(value)
         for bearing in ("leftSideBearing", "rightSideBearing"):
             _number(members, bearing)  # the outline is already placed by them
-        return Glyph(
-            number=number,
-            name=_text(members, "name", read),
-            text=_text(members, "unicode", read) if "unicode" in members else None,
-            advance=_number(members, "advanceWidth"),
-            outline=read_outline(_list(members, "fontPath")),
-        )
+        name = _text(members, "name", read)
+        text = _text(members, "unicode", read) if "unicode" in members else None
+        advance = _number(members, "advanceWidth")
+        outline = read_outline(_list(members, "fontPath"))
+        try:
+            check_size(outline)
+            shape = encode(outline)
+        except UnfitOutline as fault:
+            raise GeneratorError(f"The drawing of {_label(name, number)} {fault}.") from fault
+        return Glyph(number, name, text, advance, shape, outline if text in SLANT_LETTERS else None)
     except _Malformed as fault:
         raise GeneratorError(f"Glyph number {number}{_called(value, 'name', read)} {fault}.") from fault
     except MalformedOutline as fault:

@@ -3,10 +3,12 @@
 from dataclasses import dataclass
 from math import floor
 from struct import pack
+from typing import NamedTuple
 
 from fontTools.cu2qu import curve_to_quadratic
 
-from .outlines import Box, Contour, Outline, reversed_contours, signed_area
+from .outlines import (GREATEST_COORDINATE, LEAST_COORDINATE, Box, Contour, Outline, UnfitOutline,
+                       reversed_contours, signed_area)
 from .overlaps import contours_overlap
 
 # With at most 0.71 units of rounding on top, a curve of a font of 1,000 units per em stays
@@ -17,6 +19,38 @@ _LEAST_TOLERANCE = 0.25  # rounding costs more than this in an em of a few units
 # Bits of a point's flags.
 _ON_CURVE, _X_SHORT, _Y_SHORT, _REPEAT = 0x01, 0x02, 0x04, 0x08
 _X_SAME_OR_POSITIVE, _Y_SAME_OR_POSITIVE, _OVERLAP = 0x10, 0x20, 0x40
+
+_MOST_POINTS, _MOST_CONTOURS = 65535, 32767
+
+
+class GlyfShape(NamedTuple):
+    """A glyph's entry of a glyf table, and how many points and contours are in it. `packed` are
+    the streams that WOFF2 has for it: point counts, flags, points; they are for such fonts only."""
+
+    entry: bytes
+    box: Box | None
+    points: int
+    contours: int
+    packed: tuple[bytes, bytes, bytes] | None
+
+
+def encode_shape(drawing: Outline, units_per_em: float, for_woff2: bool) -> GlyfShape:
+    """The shape of a drawing; raises UnfitOutline for one that a glyf table can't hold."""
+    outline = quadratic_outline(drawing, units_per_em)
+    box = outline.box()
+    if len(outline.xs) > _MOST_POINTS or len(outline.ends) > _MOST_CONTOURS:
+        raise UnfitOutline(f"makes {len(outline.xs):,} points in {len(outline.ends):,} contours, and a "
+                           f"font holds {_MOST_POINTS:,} in {_MOST_CONTOURS:,} for a glyph")
+    # Off-curve points can lie farther out than the controls of the curve that they stand for.
+    if box and (min(box) < LEAST_COORDINATE or max(box) > GREATEST_COORDINATE
+                or max(box[2] - box[0], box[3] - box[1]) > GREATEST_COORDINATE):
+        raise UnfitOutline("with quadratic curves is larger than the 16 bits that a font has for "
+                           "coordinates")
+    packed = None
+    if for_woff2:
+        from .woff2 import pack_outline
+        packed = pack_outline(outline)
+    return GlyfShape(encode_glyf(outline), box, len(outline.xs), len(outline.ends), packed)
 
 
 @dataclass(slots=True)
@@ -39,7 +73,7 @@ class GlyfOutline:
         return min(self.xs), min(self.ys), max(self.xs), max(self.ys)
 
 
-def quadratic_outline(drawing: Outline, units_per_em: int) -> GlyfOutline:
+def quadratic_outline(drawing: Outline, units_per_em: float) -> GlyfOutline:
     """The points of a glyph. Outer contours come out clockwise, as the format wants them.
 
     Curves become quadratic before anything is rounded, so that rounding moves no tangent twice.

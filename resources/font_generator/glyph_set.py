@@ -5,16 +5,16 @@ project shows for a character made true for the font.
 from collections.abc import Sequence
 from dataclasses import dataclass
 from math import floor
+from typing import Any
 
 from .characters import SPACE, CharacterMap, map_characters
-from .document import Document, Glyph
+from .document import Document, Encode, Glyph
 from .errors import GeneratorError, plain
 from .glyph_names import GlyphNames, name_for_character, name_for_project_name
-from .outlines import EMPTY, Contour, Outline, outline_of
+from .outlines import EMPTY, Contour, outline_of
 
 MOST_GLYPHS = 65535
 WIDEST_ADVANCE = 65535
-LEAST_COORDINATE, GREATEST_COORDINATE = -32768, 32767
 NOTDEF = ".notdef"
 
 
@@ -33,9 +33,9 @@ class FontGlyph:
         return self.source.label
 
     @property
-    def outline(self) -> Outline:
-        """The drawing, in unrounded font units that 16 bits can hold."""
-        return self.source.outline
+    def shape(self) -> Any:
+        """What the font's format makes of the drawing."""
+        return self.source.shape
 
 
 @dataclass(slots=True)
@@ -52,11 +52,14 @@ def round_half_up(number: float) -> int:
     return floor(number + 0.5)
 
 
-def build_glyph_set(document: Document) -> GlyphSet:
-    """Decides on the glyphs of the font; raises GeneratorError for those it can't hold."""
+def build_glyph_set(document: Document, encode: Encode) -> GlyphSet:
+    """Decides on the glyphs of the font; raises GeneratorError for those it can't hold.
+
+    `encode` makes the shapes of glyphs that the project lacks.
+    """
     warnings: list[tuple[str, str]] = []
     notdef = _notdef_of(document.glyphs)
-    sources: list[Glyph] = [notdef or _default_notdef(document)]
+    sources: list[Glyph] = [notdef or _default_notdef(document, encode)]
     texts: list[str | None] = [None]
     for glyph in document.glyphs:
         # A character can't map to glyph 0, which means that the font lacks it: a missing-glyph
@@ -71,7 +74,7 @@ def build_glyph_set(document: Document) -> GlyphSet:
         if notdef and notdef.name == NOTDEF:
             warnings.append(("space", "there is no space glyph, so a space shows .notdef"))
         elif len(sources) < MOST_GLYPHS:
-            sources.append(Glyph(0, "space", " ", document.units_per_em / 4, EMPTY))
+            sources.append(Glyph(0, "space", " ", document.units_per_em / 4, encode(EMPTY)))
             texts.append(" ")
             characters = map_characters(texts)
     if len(sources) > MOST_GLYPHS:
@@ -79,11 +82,9 @@ def build_glyph_set(document: Document) -> GlyphSet:
                              f"and a font holds at most {MOST_GLYPHS:,}.")
     _warn_about_characters(sources, characters, warnings)
     names = _names(sources, characters)
-    for source in sources:
-        _check_outline(source)
     glyphs = [FontGlyph(name, source.name if source.number else None, _checked_advance(source), source)
               for name, source in zip(names, sources)]
-    if notdef and not notdef.outline.contours:
+    if notdef and notdef.shape.box is None:
         warnings.append((notdef.name, "has no drawing, so missing characters stay invisible"))
     return GlyphSet(glyphs, characters, warnings)
 
@@ -96,7 +97,7 @@ def _notdef_of(glyphs: Sequence[Glyph]) -> Glyph | None:
     return next(exact, None) or next(alike, None)
 
 
-def _default_notdef(document: Document) -> Glyph:
+def _default_notdef(document: Document, encode: Encode) -> Glyph:
     """An upright frame as high as the capitals; as wide as every glyph if all are equally wide."""
     em = document.units_per_em
     advances = {glyph.advance for glyph in document.glyphs if glyph.advance}
@@ -110,7 +111,7 @@ def _default_notdef(document: Document) -> Glyph:
         [(left + stem, stem), (left + stem, height - stem),
          (right - stem, height - stem), (right - stem, stem)],
     ]
-    return Glyph(0, NOTDEF, None, advance, outline_of(frame))
+    return Glyph(0, NOTDEF, None, advance, encode(outline_of(frame)))
 
 
 def _names(sources: Sequence[Glyph], characters: CharacterMap) -> list[str]:
@@ -133,22 +134,6 @@ def _checked_advance(glyph: Glyph) -> int:
         raise GeneratorError(f"The advance width of {glyph.label} is {plain(glyph.advance)}, "
                              f"and a font holds 0 to {WIDEST_ADVANCE}.")
     return round_half_up(glyph.advance)
-
-
-def _check_outline(glyph: Glyph) -> None:
-    if glyph.outline.hull is None:
-        return
-    left, bottom, right, top = glyph.outline.hull
-    least, greatest = min(left, bottom), max(right, top)
-    if least < LEAST_COORDINATE - 0.5 or greatest >= GREATEST_COORDINATE + 0.5:
-        worst = least if -least > greatest else greatest
-        raise GeneratorError(f"The drawing of {glyph.label} reaches to the coordinate {plain(worst)}, "
-                             f"and a font holds {LEAST_COORDINATE} to {GREATEST_COORDINATE}.")
-    # Outlines are stored as steps from point to point, and those have 16 bits as well.
-    for extent, direction in ((right - left, "wide"), (top - bottom, "high")):
-        if extent > GREATEST_COORDINATE - 1:
-            raise GeneratorError(f"The drawing of {glyph.label} is {plain(extent)} units {direction}, "
-                                 f"and a font holds at most {GREATEST_COORDINATE - 1}.")
 
 
 def _warn_about_characters(sources: Sequence[Glyph], characters: CharacterMap,

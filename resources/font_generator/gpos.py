@@ -6,7 +6,7 @@ from struct import pack
 from .kerning import Kerning
 from .layout import encode_class_definition, encode_coverage, encode_layout
 
-_PAIR_ADJUSTMENT, _EXTENSION = 2, 9
+PAIR_ADJUSTMENT, EXTENSION_POSITIONING = 2, 9
 _X_ADVANCE = 0x0004  # the one field of the value records
 
 # Parts of a subtable are found by 16-bit offsets from its start. Keeping the matrix of a class
@@ -40,7 +40,7 @@ def encode_kerning(kerning: Kerning, scripts: Sequence[str]) -> bytes | None:
         subtables = _class_subtables(rows, kerning.rights, _LARGEST_MATRIX // (2 * columns))
     else:
         subtables = _single_subtables(rows, kerning.rights)
-    return encode_layout(scripts, "kern", _PAIR_ADJUSTMENT, _EXTENSION, subtables)
+    return encode_layout(scripts, "kern", PAIR_ADJUSTMENT, EXTENSION_POSITIONING, subtables)
 
 
 def _columns(rows: Sequence[Row]) -> dict[int, tuple[tuple[int, int], ...]]:

@@ -2,6 +2,7 @@
 
 from collections.abc import Sequence
 from dataclasses import dataclass
+from math import radians, tan
 from struct import pack
 from typing import Any
 
@@ -91,8 +92,9 @@ def build_head(measures: Measures, naming: Naming, seconds: int, long_offsets: b
     return head
 
 
-def build_hhea(measures: Measures) -> Any:
-    """The hhea table; its vertical measures are the project's, without a line gap."""
+def build_hhea(measures: Measures, slant: float) -> Any:
+    """The hhea table; its vertical measures are the project's, without a line gap. The caret
+    leans by `slant` degrees to the right."""
     hhea = newTable("hhea")
     hhea.tableVersion = 0x00010000
     hhea.ascent, hhea.descent, hhea.lineGap = measures.ascender, measures.descender, 0
@@ -103,6 +105,9 @@ def build_hhea(measures: Measures) -> Any:
     hhea.minRightSideBearing = min(narrowest, 32767)
     hhea.xMaxExtent = max((box[2] for _, box in drawn), default=0)
     hhea.caretSlopeRise, hhea.caretSlopeRun, hhea.caretOffset = 1, 0, 0
+    if slant:
+        hhea.caretSlopeRise = measures.units_per_em
+        hhea.caretSlopeRun = round_half_up(measures.units_per_em * tan(radians(slant)))
     hhea.reserved0 = hhea.reserved1 = hhea.reserved2 = hhea.reserved3 = 0
     hhea.metricDataFormat = 0
     hhea.numberOfHMetrics = _long_metrics(measures.advances)
@@ -176,11 +181,12 @@ def is_fixed_pitch(measures: Measures) -> bool:
     return len(widths) > 1 and min(widths) == max(widths)
 
 
-def build_post(measures: Measures, glyph_names: Sequence[str], with_names: bool) -> Any:
-    """The post table; a CFF table has its own glyph names, so that this one needs none."""
+def build_post(measures: Measures, slant: float, glyph_names: Sequence[str], with_names: bool) -> Any:
+    """The post table; a CFF table has its own glyph names, so that this one needs none. The
+    table counts angles to the left: `slant` is in degrees to the right."""
     post = newTable("post")
     post.formatType = 2.0 if with_names else 3.0
-    post.italicAngle = 0
+    post.italicAngle = -slant if slant else 0
     post.underlinePosition = -round_half_up(measures.units_per_em * 0.1)
     post.underlineThickness = max(round_half_up(measures.units_per_em * 0.05), 1)
     post.isFixedPitch = int(is_fixed_pitch(measures))

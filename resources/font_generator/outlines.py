@@ -11,6 +11,8 @@ from itertools import chain
 from math import isfinite
 from typing import Any
 
+from .errors import plain
+
 Contour = list[tuple[float, ...]]
 Box = tuple[int, int, int, int]  # least x and y, greatest x and y, in whole font units
 
@@ -23,6 +25,11 @@ class Outline:
     contours: list[Contour]
     hull: tuple[float, float, float, float] | None
 
+    @property
+    def box(self) -> tuple[float, float, float, float] | None:
+        """The hull, for those to whom an outline is a shape as well."""
+        return self.hull
+
 
 EMPTY = Outline([], None)
 
@@ -30,8 +37,32 @@ _POINTS = {"moveTo": ("point",), "lineTo": ("point",), "curveTo": ("control1", "
            "closePath": ()}
 
 
+LEAST_COORDINATE, GREATEST_COORDINATE = -32768, 32767
+
+
 class MalformedOutline(Exception):
     """Says which member of which command is wrong."""
+
+
+class UnfitOutline(Exception):
+    """Says why a font can't hold an outline; whoever has the glyph knows which."""
+
+
+def check_size(outline: Outline) -> None:
+    """Raises UnfitOutline for an outline that goes beyond the 16 bits of a coordinate."""
+    if outline.hull is None:
+        return
+    left, bottom, right, top = outline.hull
+    least, greatest = min(left, bottom), max(right, top)
+    if least < LEAST_COORDINATE - 0.5 or greatest >= GREATEST_COORDINATE + 0.5:
+        worst = least if -least > greatest else greatest
+        raise UnfitOutline(f"reaches to the coordinate {plain(worst)}, and a font holds "
+                           f"{LEAST_COORDINATE} to {GREATEST_COORDINATE}")
+    # Outlines are stored as steps from point to point, and those have 16 bits as well.
+    for extent, direction in ((right - left, "wide"), (top - bottom, "high")):
+        if extent > GREATEST_COORDINATE - 1:
+            raise UnfitOutline(f"is {plain(extent)} units {direction}, and a font holds at most "
+                               f"{GREATEST_COORDINATE - 1}")
 
 
 def read_outline(commands: list[Any]) -> Outline:
@@ -69,7 +100,9 @@ def read_outline(commands: list[Any]) -> Outline:
                 contours.append(contour)
             contour.append(segment)
         numbers = _coordinates(contours)
-        if set(map(type, numbers)) <= {int, float} and all(map(isfinite, numbers)):
+        # A number that is not finite makes the sum so, and so may finite ones together.
+        if set(map(type, numbers)) <= {int, float} and (isfinite(sum(numbers))
+                                                        or all(map(isfinite, numbers))):
             return Outline(contours, _hull(numbers))
     except (KeyError, TypeError, IndexError, OverflowError):
         pass

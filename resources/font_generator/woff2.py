@@ -8,7 +8,7 @@ from collections.abc import Mapping, Sequence
 from struct import pack, unpack_from
 
 from .errors import GeneratorError
-from .glyf import GlyfOutline
+from .glyf import GlyfOutline, GlyfShape
 
 # The numbers of table tags in the directory, and the two transformations that are used: outlines
 # as streams (whose number is 0, for these two tables only) and metrics without side bearings.
@@ -21,8 +21,8 @@ _HEAD_FLAG_LOSSLESS = 1 << 11
 _OFF_CURVE = 0x80
 
 
-def encode_woff2(tables: Mapping[str, bytes], outlines: Sequence[GlyfOutline], quality: int) -> bytes:
-    """The WOFF2 file of the tables, whose glyf, loca and hmtx belong to the outlines.
+def encode_woff2(tables: Mapping[str, bytes], shapes: Sequence[GlyfShape], quality: int) -> bytes:
+    """The WOFF2 file of the tables, whose glyf, loca and hmtx belong to the shapes.
 
     `quality` is brotli's, 0 to 11; the best one takes twice the time of the next for one or
     two percent of size. Side bearings are left out: they are where the outlines begin.
@@ -38,7 +38,7 @@ def encode_woff2(tables: Mapping[str, bytes], outlines: Sequence[GlyfOutline], q
     metrics_count, = unpack_from(">H", hhea, 34)
     stored = dict(tables)
     stored["head"] = head[:16] + pack(">H", flags | _HEAD_FLAG_LOSSLESS) + head[18:]
-    stored["glyf"] = _encode_outlines(outlines, long_offsets)
+    stored["glyf"] = _encode_outlines(shapes, long_offsets)
     stored["loca"] = b""
     stored["hmtx"] = _encode_advances(tables["hmtx"], metrics_count)
     # The locations are made from the outlines, so that they have to come next.
@@ -65,24 +65,30 @@ def _encode_advances(hmtx: bytes, metrics_count: int) -> bytes:
     return b"\x03" + b"".join(hmtx[start:start + 2] for start in range(0, 4 * metrics_count, 4))
 
 
-def _encode_outlines(outlines: Sequence[GlyfOutline], long_offsets: int) -> bytes:
+def _encode_outlines(shapes: Sequence[GlyfShape], long_offsets: int) -> bytes:
     """The glyf table as streams, each of one kind of value. Boxes are left out throughout, since
     they are those of the points, and so is which glyphs overlap: the place for it came into the
     format late, and readers from before refuse a font that uses it."""
-    contour_counts = pack(f">{len(outlines)}h", *[len(outline.ends) for outline in outlines])
-    point_counts, flags, points = bytearray(), bytearray(), bytearray()
-    for outline in outlines:
-        if outline.ends:
-            first = 0
-            for end in outline.ends:
-                point_counts += _count_255(end + 1 - first)
-                first = end + 1
-            _append_points(outline, flags, points)
-            points.append(0)  # the length of its instructions
-    box_bitmap = bytes((len(outlines) + 31) // 32 * 4)
+    contour_counts = pack(f">{len(shapes)}h", *[shape.contours for shape in shapes])
+    point_counts, flags, points = (b"".join(stream) for stream in zip(
+        *[shape.packed or (b"", b"", b"") for shape in shapes]))
+    box_bitmap = bytes((len(shapes) + 31) // 32 * 4)
     streams = [contour_counts, point_counts, flags, points, b"", box_bitmap, b""]
-    header = pack(">HHHH7I", 0, 0, len(outlines), long_offsets, *map(len, streams))
+    header = pack(">HHHH7I", 0, 0, len(shapes), long_offsets, *map(len, streams))
     return header + b"".join(streams)
+
+
+def pack_outline(outline: GlyfOutline) -> tuple[bytes, bytes, bytes]:
+    """What the streams of point counts, flags and points hold of an outline."""
+    point_counts, flags, points = bytearray(), bytearray(), bytearray()
+    first = 0
+    for end in outline.ends:
+        point_counts += _count_255(end + 1 - first)
+        first = end + 1
+    if outline.ends:
+        _append_points(outline, flags, points)
+        points.append(0)  # the length of its instructions
+    return bytes(point_counts), bytes(flags), bytes(points)
 
 
 def _append_points(outline: GlyfOutline, flags: bytearray, points: bytearray) -> None:

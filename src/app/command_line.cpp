@@ -61,7 +61,7 @@ public:
     addPreview();
   }
 
-  ExitStatus run(int argc, char** argv) {
+  ExitStatus run(int argc, char** argv, const OpenWindow& openWindow) {
     try {
       app_.parse(argc, argv);
     } catch (const CLI::Success& asked) { // --help, --version
@@ -75,6 +75,9 @@ public:
       places_.resourceFolder = resources_;
     }
     if (chosen_) return chosen_();
+    if (openWindow)
+      return openWindow(places_, window_.empty() ? std::nullopt
+                                                 : std::optional<std::filesystem::path>(window_));
     printError("This build has no window; --help lists the commands");
     return ExitStatus::failed;
   }
@@ -210,8 +213,9 @@ private:
 
 } // namespace
 
-ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places) {
-  return Parser(places).run(argc, argv);
+ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places,
+                          const OpenWindow& openWindow) {
+  return Parser(places).run(argc, argv, openWindow);
 }
 
 } // namespace quillery

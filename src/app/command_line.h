@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 namespace quillery {
@@ -25,7 +26,13 @@ enum class ExitStatus : int {
   failed = 3,
 };
 
-/// Runs the program as its arguments say and returns its exit status.
-ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places);
+/// Opens the window, on a project when one is given, and returns when the user quits.
+using OpenWindow = std::function<ExitStatus(const ProgramPlaces& places,
+                                            const std::optional<std::filesystem::path>& project)>;
+
+/// Runs the program as its arguments say and returns its exit status. `openWindow` is empty in a
+/// program built without a window.
+ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places,
+                          const OpenWindow& openWindow = nullptr);
 
 } // namespace quillery

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstring>
 #include <functional>
 #include <memory>
 #include <string>
@@ -20,8 +19,7 @@ public:
   /// Text that is JSON already: brackets, names, white space.
   void raw(std::string_view text) {
     if (text.size() > kBufferSize - used_) return rawSlowly(text);
-    std::memcpy(buffer_.get() + used_, text.data(), text.size());
-    used_ += text.size();
+    used_ += text.copy(buffer_.get() + used_, text.size()); // an empty text may be null
   }
 
   /// A string in quotes, with quotes, backslashes, slashes and control characters escaped.

@@ -63,7 +63,7 @@ void deleteKerningPair(ProjectManager& manager, const Uuid& id) {
 
 void changeKerningValue(ProjectManager& manager, const Uuid& id, double value) {
   const KerningPair* pair = pairWithId(manager.currentProject(), id);
-  if (!pair) return;
+  if (!pair || pair->value == value) return;
   const Uuid target = id;
   const double oldValue = pair->value;
   manager.setKerningValue(target, value);

@@ -133,6 +133,9 @@ bool readPoints(const dom::object& payload, PathCommand& out, Fault& fault) {
   return true;
 }
 
+// Bytes of a wrong key that are worth showing.
+constexpr std::size_t kMostQuoted = 40;
+
 bool read(const dom::element& value, PathCommand& out, Fault& fault) {
   dom::object command;
   if (value.get(command) != simdjson::SUCCESS) return fault.set("Expected a path command object");
@@ -152,7 +155,7 @@ bool read(const dom::element& value, PathCommand& out, Fault& fault) {
   else if (key == "closePath")
     out.kind = PathCommand::Kind::closePath;
   else
-    return fault.set("Unknown path command \"" + std::string(key) + "\"");
+    return fault.set("Unknown path command \"" + std::string(key.substr(0, kMostQuoted)) + "\"");
 
   dom::object points;
   if (payload.get(points) != simdjson::SUCCESS) {

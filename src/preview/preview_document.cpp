@@ -118,8 +118,9 @@ std::string previewSvg(const TextLayout& layout, const FontProject& project) {
     const Point origin{set.penX, layout.baseline(set.line)};
     if (!drawn.contains(set.glyph) || !std::isfinite(origin.x) || !std::isfinite(origin.y))
       continue;
-    svg += "<use href=\"#g" + std::to_string(set.glyph) + "\" transform=\"translate(" +
-           coordinates(origin) + ") scale(" + scale + " -" + scale + ")\"/>\n";
+    svg.append("<use href=\"#g").append(std::to_string(set.glyph));
+    svg.append("\" transform=\"translate(").append(coordinates(origin));
+    svg.append(") scale(").append(scale).append(" -").append(scale).append(")\"/>\n");
   }
   return svg + "</g>\n</svg>\n";
 }

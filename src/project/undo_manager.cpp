@@ -1,7 +1,7 @@
 #include "project/undo_manager.h"
 
+#include <algorithm>
 #include <cassert>
-#include <ranges>
 #include <utility>
 
 namespace quillery {
@@ -47,7 +47,7 @@ void UndoManager::perform(std::vector<Group>& from, Mode mode) {
   mode_ = mode;
   beginGroup();
   open_.name = group.name;
-  for (const Step& step : std::ranges::reverse_view(group.steps)) step();
+  std::for_each(group.steps.rbegin(), group.steps.rend(), [](const Step& step) { step(); });
   endGroup();
   mode_ = Mode::recording;
 }

@@ -115,3 +115,19 @@ def test_kerning_holds_in_every_script_that_occurs(make):
     for record in table.ScriptList.ScriptRecord:
         assert record.Script.DefaultLangSys.FeatureIndex == [0]
     assert "GPOS" not in make(document(glyphs, [pair("A", "be", 0.4), pair("A", "gone", 5)]))
+
+
+@pytest.mark.parametrize("kerned", [False, True])
+@pytest.mark.parametrize("target", ["font.otf", "font.ttf", "font.woff2"])
+def test_combining_marks_advance_as_previewed(make, target, kerned):
+    """Text engines take the advance away from marks unless the font says that they have one."""
+    glyphs = [glyph(name, text, box(0, 0, 99, 99), advance) for name, text, advance in (
+        ("A", "A", 600), ("acute", "\u0301", 300), ("grave", "\u0300", 0), ("he", "ה", 500),
+        ("qamats", "\u05b8", 222), ("ka", "क", 700), ("u", "\u0941", 123), ("mai", "\u0e48", 77))]
+    project = document(glyphs, [pair("A", "A", -20)] if kerned else [])
+    font = make(project, target)
+    assert sanitize(font) == ""
+    for text in ("\u0301", "A\u0301A", "\u0301A\u0300", "\u0941", "क\u0941", "\u0e48A", "AA"):
+        assert [advance for _, advance in shape(font, text)] == previewed(project, text), text
+    assert sorted(advance for _, advance in shape(font, "ה\u05b8")) == [222, 500]
+    assert "GDEF" not in make(document([glyph("A", "A"), glyph("grave", "\u0300", (), 0)]), target)

@@ -1,12 +1,14 @@
 """Glyph names, font names, characters: tables of what goes in and what comes out."""
 
 import json
+import math
 
 import pytest
 from conftest import shape
-from drawings import document, glyph
+from drawings import CLOSE, box, document, glyph, line, move
 from font_generator.characters import map_characters
 from font_generator.document import read_document
+from font_generator.formats import encoder_for
 from font_generator.naming import parse_naming
 
 # Project name and character of the glyphs of one project, and the name in the font.
@@ -116,6 +118,17 @@ def test_texts_are_read_alike_escaped_and_plain(tmp_path, escaped):
         project = document(glyphs, copyright="©" * 9)
         text = " " * length + json.dumps(project, ensure_ascii=escaped)
         (tmp_path / "d.json").write_text(text, encoding="utf-8-sig")
-        read = read_document(str(tmp_path / "d.json"))
+        read = read_document(str(tmp_path / "d.json"), encoder_for("otf"))
         assert [entry.name for entry in read.glyphs] == ["é", "Ã©", "🎈", "€", "\n"]
         assert [entry.text for entry in read.glyphs] == ["é", "Ã", "🎈", "€", "\n"]
+
+
+@pytest.mark.parametrize("name, lean, angle", [
+    ("Brush Italic", 123, -10), ("Brush Oblique", -123, 10), ("Brush Italic", 0, 0), ("Brush", 123, 0)])
+def test_an_italic_leans_as_its_stems_do(make, name, lean, angle):
+    stem = [move(0, 0), line(80, 0), line(80 + lean, 700), line(lean, 700), CLOSE]
+    for target in ("f.otf", "f.ttf"):
+        font = make(document([glyph("l", "l", stem), glyph("o", "o", box(0, 0, 400, 400))], name=name), target)
+        assert font["post"].italicAngle == angle
+        run, rise = font["hhea"].caretSlopeRun, font["hhea"].caretSlopeRise
+        assert math.degrees(math.atan2(run, rise)) == pytest.approx(-angle, abs=0.1)

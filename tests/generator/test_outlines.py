@@ -9,7 +9,7 @@ import pytest
 from conftest import FORMATS, sanitize, unpacked
 from drawings import CLOSE, box, circle, curve, document, glyph, line, move
 from font_generator.cff import _NUMBERED_STRINGS
-from font_generator.charstrings import encode_charstring
+from font_generator.charstrings import encode_charstring, encoded_number
 from font_generator.glyf import encode_glyf, quadratic_outline
 from font_generator.outlines import outline_of, read_outline, reversed_contours, signed_area
 from fontTools.cffLib import cffStandardStrings
@@ -108,7 +108,8 @@ def test_charstrings_draw_the_rounded_drawing(reach):
 
     for seed in range(80):
         contours = wild_contours(seed, reach)
-        data, found_box = encode_charstring(outline_of(contours), -17)
+        data, found_box = encode_charstring(outline_of(contours))
+        data = encoded_number(-17) + data
         turned = reversed_contours(contours) if signed_area(contours) < 0 else contours
         charstring = T2CharString(bytecode=data, private=Private, globalSubrs=[])
         read, recording = MomentsPen(), RecordingPen()

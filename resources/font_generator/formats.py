@@ -1,0 +1,15 @@
+"""The formats of fonts, and what each makes of a drawing. Loads nothing that it need not."""
+
+from .document import Encoder
+
+FORMATS = ("otf", "ttf", "woff", "woff2")
+
+
+def encoder_for(extension: str) -> Encoder:
+    """What makes shapes of drawings for fonts of this format."""
+    if extension == "otf":
+        from .charstrings import encode_charstring
+        return lambda units_per_em: encode_charstring
+    from .glyf import encode_shape
+    for_woff2 = extension == "woff2"
+    return lambda units_per_em: lambda outline: encode_shape(outline, units_per_em, for_woff2)

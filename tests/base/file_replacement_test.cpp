@@ -1,0 +1,261 @@
+#include "base/file.h"
+#include "support/system_faults.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <set>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quillery::test {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+
+const std::string kOld = "the old content, of some length";
+
+std::set<std::string> namesIn(const TemporaryFolder& folder) {
+  std::set<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder.path()))
+    names.insert(entry.path().filename());
+  return names;
+}
+
+// A file in one of the situations that a save can meet.
+struct Situation {
+  const char* name;
+  std::function<void(const TemporaryFolder&)> arrange;
+  bool foldersClosed = false;
+};
+
+const Situation kSituations[] = {
+    {"an existing file", [](const auto& folder) { folder.write("file", kOld); }},
+    {"a new file", [](const auto&) {}},
+    {"a link to a file",
+     [](const auto& folder) {
+       folder.write("elsewhere", kOld);
+       fs::create_symlink("elsewhere", folder / "file");
+     }},
+    {"a file with two names",
+     [](const auto& folder) {
+       fs::create_hard_link(folder.write("other name", kOld), folder / "file");
+     }},
+    {"a file in a folder that can't be written",
+     [](const auto& folder) { folder.write("file", kOld); }, true}};
+
+// Lets the first, second, third... call of a replacement fail until it gets by without a failure.
+TEST(FileReplacement, LeavesTheOldContentWhicheverCallFails) {
+  for (const Situation& situation : kSituations) {
+    for (const int code : {EIO, ENOSPC}) {
+      for (const std::string& content :
+           {std::string("new"), std::string(5000, 'n'), std::string()}) {
+        bool reachedTheEnd = false;
+        for (int n = 1; n < 100 && !reachedTheEnd; ++n) {
+          const TemporaryFolder folder;
+          situation.arrange(folder);
+          const auto namesBefore = namesIn(folder);
+          const auto before = contentOf(folder / "file");
+          Result<void, FileError> result;
+          std::string struck;
+          {
+            SystemFaults faults(
+                {.failNth = n, .code = code, .foldersClosed = situation.foldersClosed});
+            result = replaceFile(folder / "file", content);
+            reachedTheEnd = faults.struck() == nullptr;
+            if (!reachedTheEnd) struck = faults.struck();
+          }
+          SCOPED_TRACE(std::string(situation.name) + ", failing call " + std::to_string(n) + " " +
+                       struck);
+          const std::string after = contentOf(folder / "file");
+          auto expectedNames = namesBefore;
+          if (result) {
+            EXPECT_EQ(after, content);
+            expectedNames.insert("file");
+            // What is not needed to keep the content may fail: closing what was only read, looking
+            // into the folder, giving the sibling the old mode (the file itself is written then).
+            if (!reachedTheEnd) {
+              EXPECT_THAT((std::set<std::string>{"close", "open", "fchmod"}),
+                          ::testing::Contains(struck));
+            }
+          } else {
+            EXPECT_EQ(result.error().path, folder / "file");
+            EXPECT_EQ(result.error().reason, std::generic_category().message(code));
+            // When the folder can't be flushed the new file has its place already, whole.
+            const bool inPlace =
+                struck == "fsync" && fs::exists(folder / "file") && after == content;
+            if (inPlace)
+              expectedNames.insert("file");
+            else
+              EXPECT_EQ(after, before);
+          }
+          EXPECT_EQ(namesIn(folder), expectedNames);
+        }
+        EXPECT_TRUE(reachedTheEnd) << situation.name;
+      }
+    }
+  }
+}
+
+TEST(FileReplacement, WritesOnAfterShortAndInterruptedWrites) {
+  const TemporaryFolder folder;
+  for (const bool foldersClosed : {false, true}) {
+    const auto file = folder.write("file", kOld);
+    {
+      const SystemFaults faults({.foldersClosed = foldersClosed, .transferLimit = 7});
+      EXPECT_TRUE(replaceFile(file, std::string(100, 'x')));
+    }
+    EXPECT_EQ(contentOf(file), std::string(100, 'x'));
+    {
+      const SystemFaults faults(
+          {.failNth = 1, .only = "pwrite", .code = EINTR, .foldersClosed = foldersClosed});
+      EXPECT_TRUE(replaceFile(file, "after an interruption"));
+    }
+    EXPECT_EQ(contentOf(file), "after an interruption");
+  }
+}
+
+TEST(FileReplacement, LeavesTheOldContentAtTheFileSizeLimit) {
+  ASSERT_NE(std::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
+  rlimit unlimited{};
+  getrlimit(RLIMIT_FSIZE, &unlimited);
+  for (const bool foldersClosed : {false, true}) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("file", kOld);
+    rlimit limited = unlimited;
+    limited.rlim_cur = 4096;
+    setrlimit(RLIMIT_FSIZE, &limited);
+    Result<void, FileError> result;
+    {
+      const SystemFaults faults({.foldersClosed = foldersClosed});
+      result = replaceFile(file, std::string(12'000, 'x'));
+    }
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    ASSERT_FALSE(result);
+    EXPECT_EQ(result.error().reason, "File too large");
+    EXPECT_EQ(contentOf(file), kOld);
+    EXPECT_EQ(namesIn(folder), std::set<std::string>{"file"});
+  }
+}
+
+TEST(FileReplacement, KeepsModeLinksAndNames) {
+  const TemporaryFolder folder;
+  const auto file = folder.write("file", kOld);
+  for (const mode_t mode : {0640U, 0755U, 0600U}) {
+    chmod(file.c_str(), mode);
+    ASSERT_TRUE(replaceFile(file, "new"));
+    EXPECT_EQ(static_cast<mode_t>(fs::status(file).permissions()), mode);
+  }
+
+  fs::create_directory(folder / "far");
+  fs::create_symlink("../file", folder / "far/inner");
+  fs::create_symlink("far/inner", folder / "outer");
+  ASSERT_TRUE(replaceFile(folder / "outer", "through two links"));
+  EXPECT_TRUE(fs::is_symlink(folder / "outer"));
+  EXPECT_TRUE(fs::is_symlink(folder / "far/inner"));
+  EXPECT_EQ(contentOf(file), "through two links");
+
+  fs::create_symlink(folder / "not yet", folder / "dangling");
+  ASSERT_TRUE(replaceFile(folder / "dangling", "now"));
+  EXPECT_TRUE(fs::is_symlink(folder / "dangling"));
+  EXPECT_EQ(contentOf(folder / "not yet"), "now");
+
+  fs::create_hard_link(file, folder / "second name");
+  ASSERT_TRUE(replaceFile(file, "short"));
+  EXPECT_EQ(contentOf(folder / "second name"), "short");
+  EXPECT_EQ(fs::hard_link_count(file), 2U);
+}
+
+TEST(FileReplacement, RefusesWhatIsNoFileOfTheUser) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "folder");
+  mkfifo((folder / "pipe").c_str(), 0600);
+  fs::create_symlink("pipe", folder / "link to pipe");
+  fs::create_symlink("loop", folder / "loop");
+  folder.write("file", kOld);
+  const auto namesBefore = namesIn(folder);
+  const std::pair<const char*, const char*> rows[] = {
+      {"folder", "Is a folder, not a file"},     {"pipe", "Is not a regular file"},
+      {"link to pipe", "Is not a regular file"}, {"loop", "Too many levels of symbolic links"},
+      {"file/below", "Not a directory"},         {"absent/file", "No such file or directory"}};
+  for (const auto& [name, reason] : rows) {
+    const auto result = replaceFile(folder / name, "new");
+    ASSERT_FALSE(result) << name;
+    EXPECT_EQ(result.error().description(), (folder / name).string() + ": " + reason);
+  }
+  const SystemFaults faults({.failNth = 1, .only = "access", .code = EACCES});
+  const auto result = replaceFile(folder / "file", "new");
+  ASSERT_FALSE(result);
+  EXPECT_EQ(result.error().reason, "Permission denied");
+  EXPECT_EQ(contentOf(folder / "file"), kOld);
+  EXPECT_EQ(namesIn(folder), namesBefore);
+}
+
+TEST(FileReplacement, ChangesNothingUntilItIsCommitted) {
+  const TemporaryFolder folder;
+  const auto file = folder.write("file", kOld);
+  {
+    auto begun = FileReplacement::begin(file);
+    ASSERT_TRUE(begun);
+    FileReplacement moved(std::move(begun).value());
+    ASSERT_TRUE(moved.append("first "));
+    ASSERT_TRUE(moved.append("second"));
+    EXPECT_EQ(contentOf(file), kOld);
+  }
+  EXPECT_EQ(contentOf(file), kOld);
+  EXPECT_EQ(namesIn(folder), std::set<std::string>{"file"});
+}
+
+TEST(ReadFile, ReadsEveryByteInWhateverPieces) {
+  const TemporaryFolder folder;
+  FileBytes bytes;
+  for (const std::size_t size : {100'000UL, 0UL, 1UL, 4096UL}) {
+    const std::string content(size, '\0');
+    const auto file = folder.write("file", content);
+    ASSERT_TRUE(readFile(file, bytes));
+    EXPECT_EQ(bytes.view(), content);
+    const SystemFaults faults({.failNth = 1, .only = "read", .code = EINTR, .transferLimit = 100});
+    ASSERT_TRUE(readFile(file, bytes));
+    EXPECT_EQ(bytes.view(), content);
+  }
+}
+
+TEST(ReadFile, RefusesWhatIsNoFileWithoutWaiting) {
+  const TemporaryFolder folder;
+  mkfifo((folder / "pipe").c_str(), 0600);
+  FileBytes bytes;
+  const std::pair<fs::path, const char*> rows[] = {
+      {folder / "pipe", "Is not a regular file"},
+      {"/dev/zero", "Is not a regular file"},
+      {folder.path(), "Is a folder, not a file"},
+      {folder / "absent", "No such file or directory"},
+      {folder / std::string(300, 'n'), "File name too long"}};
+  for (const auto& [file, reason] : rows) {
+    const auto result = readFile(file, bytes);
+    ASSERT_FALSE(result) << file;
+    EXPECT_EQ(result.error().description(), file.string() + ": " + reason);
+  }
+  const auto file = folder.write("file", kOld);
+  for (const char* call : {"open", "fstat", "read"}) {
+    const SystemFaults faults({.failNth = 1, .only = call, .code = EIO});
+    const auto result = readFile(file, bytes);
+    ASSERT_FALSE(result) << call;
+    EXPECT_EQ(result.error().reason, "Input/output error") << call;
+  }
+}
+
+TEST(FileUrl, EscapesAllButTheUnreserved) {
+  EXPECT_EQ(fileUrl("/a b/100%/ä\n?#~._-"), "file:///a%20b/100%25/%C3%A4%0A%3F%23~._-");
+  EXPECT_EQ(fileUrl("drawing.svg"), fileUrl(fs::current_path() / "drawing.svg"));
+}
+
+} // namespace
+} // namespace quillery::test

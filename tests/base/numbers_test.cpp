@@ -1,0 +1,181 @@
+#include "base/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <random>
+#include <regex>
+
+namespace quillery::test {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+std::uint64_t bits(double value) {
+  return std::bit_cast<std::uint64_t>(value);
+}
+
+TEST(ParseDecimal, ReadsEveryFormOfADecimal) {
+  const std::string nines(400, '9');
+  const std::pair<std::string, double> rows[] = {
+      {"5", 5},
+      {"-2.5", -2.5},
+      {"+3", 3},
+      {".5", 0.5},
+      {"5.", 5},
+      {"-.5", -0.5},
+      {"-0", -0.0},
+      {"00012", 12},
+      {"1e-5", 1e-5},
+      {"1E+5", 1e5},
+      {"+.5e1", 5},
+      {"5.e1", 50},
+      {"0.1", 0.1},
+      {"123456789012345", 123456789012345},
+      {"9007199254740993", 9007199254740992},
+      {"1.7976931348623157e308", std::numeric_limits<double>::max()},
+      {"4.9406564584124654e-324", std::numeric_limits<double>::denorm_min()},
+      {"1e999", kInfinity},
+      {"-1e999", -kInfinity},
+      {"1e99999999999999999999", kInfinity},
+      {nines, kInfinity},
+      {nines + "e-400", 1},
+      {"1e-999", 0},
+      {"-1e-999", -0.0},
+      {"0e999", 0},
+      {"0." + std::string(400, '0') + "1", 0},
+      {"0." + std::string(300, '0') + "1", 1e-301}};
+  for (const auto& [text, expected] : rows) {
+    const auto number = parseDecimal(text);
+    ASSERT_TRUE(number) << text;
+    EXPECT_EQ(bits(*number), bits(expected)) << text << " gave " << *number;
+  }
+}
+
+TEST(ParseDecimal, RefusesEverythingElse) {
+  const std::string rows[] = {"",
+                              "+",
+                              "-",
+                              ".",
+                              "+.",
+                              "e5",
+                              "1e",
+                              "1e+",
+                              " 5",
+                              "5 ",
+                              "\t5",
+                              "5\n",
+                              "1.2.3",
+                              "10-20",
+                              "0x10",
+                              "inf",
+                              "nan",
+                              "nan(1)",
+                              "INFINITY",
+                              "1,5",
+                              "++1",
+                              "+-1",
+                              "--1",
+                              "1e5.0",
+                              "1f",
+                              "1 2",
+                              "1e 5",
+                              "\xD9\xA3",
+                              "5\0" + std::string(1, '\0')};
+  for (const std::string& text : rows) EXPECT_FALSE(parseDecimal(text)) << '"' << text << '"';
+}
+
+TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
+  const std::regex form(R"([+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?)");
+  std::mt19937 random(1);
+  constexpr std::string_view kAlphabet = "0123456789012345678900..eE+-";
+  int numbers = 0;
+  for (int i = 0; i < 100'000; ++i) {
+    std::string token(random() % 24, ' ');
+    for (char& c : token) c = kAlphabet[random() % kAlphabet.size()];
+    const auto number = parseDecimal(token);
+    ASSERT_EQ(number.has_value(), std::regex_match(token, form)) << token;
+    if (!number) continue;
+    ++numbers;
+    ASSERT_EQ(bits(*number), bits(std::strtod(token.c_str(), nullptr))) << token;
+  }
+  EXPECT_GT(numbers, 1000);
+}
+
+TEST(FormatShortest, WritesOrdinaryMagnitudesPlainly) {
+  const std::pair<double, const char*> rows[] = {
+      {0, "0"},
+      {-0.0, "-0.0"},
+      {800, "800"},
+      {-200, "-200"},
+      {100000, "100000"},
+      {0.5, "0.5"},
+      {-12.25, "-12.25"},
+      {0.001, "0.001"},
+      {0.00001, "0.00001"},
+      {1e-7, "0.0000001"},
+      {9.5e-8, "9.5e-08"},
+      {0.1 + 0.2, "0.30000000000000004"},
+      {999999999.99999, "999999999.99999"},
+      {9999999999999998, "9999999999999998"},
+      {1e16, "1e+16"},
+      {1e21, "1e+21"},
+      {-1.7976931348623157e308, "-1.7976931348623157e+308"},
+      {5e-324, "5e-324"}};
+  for (const auto& [value, text] : rows) EXPECT_EQ(formatShortest(value), text);
+}
+
+TEST(FormatShortest, AddsAFractionPartWhereAsked) {
+  const std::pair<double, const char*> rows[] = {
+      {-50, "-50.0"},       {0.5, "0.5"},          {0, "0.0"},
+      {-0.0, "-0.0"},       {1e21, "1.0e+21"},     {1.5e300, "1.5e+300"},
+      {5e-324, "5.0e-324"}, {100000, "100000.0"},  {kInfinity, "inf"},
+      {-kInfinity, "-inf"}, {-std::nan(""), "nan"}};
+  for (const auto& [value, text] : rows) EXPECT_EQ(formatShortestWithFraction(value), text);
+}
+
+// The digits that carry the value, without sign, point, exponent and outer zeros.
+std::string significantDigits(std::string text) {
+  text = text.substr(0, text.find('e'));
+  std::erase_if(text, [](char c) { return c < '0' || c > '9'; });
+  const std::size_t first = text.find_first_not_of('0');
+  if (first == std::string::npos) return "";
+  return text.substr(first, text.find_last_not_of('0') - first + 1);
+}
+
+void expectShortestRoundTrip(double value) {
+  const std::string text = formatShortest(value);
+  ASSERT_LE(text.size(), kShortestCapacity) << text;
+  const auto read = parseDecimal(text);
+  ASSERT_TRUE(read) << text;
+  ASSERT_EQ(bits(*read), bits(value)) << text;
+  char general[40];
+  const auto end =
+      std::to_chars(general, general + sizeof(general), value, std::chars_format::scientific).ptr;
+  ASSERT_EQ(significantDigits(text), significantDigits(std::string(general, end)));
+}
+
+TEST(FormatShortest, ReadsBackToTheSameBitsWithTheFewestDigits) {
+  std::mt19937_64 random(2);
+  for (int i = 0; i < 50'000; ++i) {
+    const auto any = std::bit_cast<double>(random());
+    if (std::isfinite(any)) expectShortestRoundTrip(any);
+    // Subnormal numbers, and numbers of few decimals around the sizes of fonts.
+    expectShortestRoundTrip(std::bit_cast<double>(random() >> 12));
+    const auto decimal = static_cast<double>(random() % 2'000'000'000) / 1e6;
+    expectShortestRoundTrip(decimal);
+    expectShortestRoundTrip(std::nextafter(-decimal, 1e9));
+    expectShortestRoundTrip(static_cast<double>(random() % 200'000'000'000'000) / 1e5);
+  }
+  for (const double value : {0.0, -0.0, 1e308, 2.2250738585072014e-308, 5e-324, 1e9, 1e-7, 1e16})
+    for (const double near : {std::nextafter(value, 0.0), value, std::nextafter(value, 1e300)})
+      expectShortestRoundTrip(near);
+}
+
+} // namespace
+} // namespace quillery::test

@@ -1,0 +1,163 @@
+#include "base/unicode.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace quillery::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using Texts = std::vector<std::string_view>;
+
+TEST(Utf8, IsCheckedAndMended) {
+  const std::pair<std::string, std::string> invalid[] = {
+      {"a\xFFz", "a\uFFFDz"},
+      {"\xC3", "\uFFFD"},
+      {"\xC0\x80", "\uFFFD\uFFFD"},
+      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
+      {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},
+      {"\xFF\xFE"
+       "A",
+       "\uFFFD\uFFFD"
+       "A"}};
+  for (const auto& [bytes, mended] : invalid) {
+    EXPECT_FALSE(isValidUtf8(bytes)) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(replaceInvalidUtf8(bytes), mended);
+    EXPECT_TRUE(isValidUtf8(replaceInvalidUtf8(bytes)));
+  }
+  for (const std::string valid : {"", "abc", "ä€😀", "\uFFFD"}) {
+    EXPECT_TRUE(isValidUtf8(valid));
+    EXPECT_EQ(replaceInvalidUtf8(valid), valid);
+  }
+}
+
+TEST(Scalars, ComeAndGo) {
+  EXPECT_THAT(scalars("A\u0308€😀"), ElementsAre(U'A', U'\u0308', U'€', U'😀'));
+  EXPECT_EQ(firstScalar("€5"), U'€');
+  EXPECT_FALSE(firstScalar(""));
+  for (const char32_t c : {U'\0', U'A', U'\u00E9', U'€', U'😀', U'\U0010FFFF'})
+    EXPECT_EQ(firstScalar(scalarText(c)), c);
+  EXPECT_EQ(scalarHex(U'A') + scalarHex(0) + scalarHex(U'😀'), "004100001F600");
+  for (const std::uint32_t value : {0U, 0xD7FFU, 0xE000U, 0x10FFFFU})
+    EXPECT_TRUE(isScalarValue(value));
+  for (const std::uint32_t value : {0xD800U, 0xDFFFU, 0x110000U, ~0U})
+    EXPECT_FALSE(isScalarValue(value));
+}
+
+TEST(Characters, AreThoseThatTheReaderSees) {
+  const std::pair<std::string_view, Texts> rows[] = {{"", {}},
+                                                     {"AV", {"A", "V"}},
+                                                     {"a\r\nb\rc", {"a", "\r\n", "b", "\r", "c"}},
+                                                     {"A\u0308b", {"A\u0308", "b"}},
+                                                     {"🇩🇪🇫🇷", {"🇩🇪", "🇫🇷"}},
+                                                     {"👩\u200D🎨x", {"👩\u200D🎨", "x"}},
+                                                     {"각", {"각"}}};
+  for (const auto& [text, expected] : rows) EXPECT_EQ(characters(text), expected) << text;
+}
+
+TEST(Characters, OfPlainTextAreTheSameOnTheQuickRoad) {
+  std::mt19937 random(3);
+  const std::string_view pieces[] = {"a", " ", "\r", "\n", "\t", "\u0308", "é", "🇩", "\x01", "-"};
+  for (int i = 0; i < 5000; ++i) {
+    std::string text;
+    for (auto n = random() % 6; n > 0; --n) text += pieces[random() % std::size(pieces)];
+    const std::string neverPlain = text + "\n€";
+    Texts expected = characters(neverPlain);
+    expected.pop_back();
+    std::string joined;
+    for (const auto character : characters(text)) joined += character;
+    EXPECT_EQ(joined, text);
+    EXPECT_EQ(firstCharacter(text), text.empty() ? "" : characters(text).front());
+    if (text.ends_with('\r')) continue; // joins the line feed
+    expected.pop_back();
+    EXPECT_EQ(characters(text), expected) << ::testing::PrintToString(text);
+  }
+}
+
+TEST(Lines, EndAtEveryKindOfBreak) {
+  const std::pair<std::string_view, Texts> rows[] = {
+      {"", {""}},
+      {"one", {"one"}},
+      {"a\nb\n", {"a", "b", ""}},
+      {"a\r\nb", {"a", "", "b"}},
+      {"a\vb\fc\u0085d\u2028e\u2029f", {"a", "b", "c", "d", "e", "f"}},
+      {"tab\tstays", {"tab\tstays"}}};
+  for (const auto& [text, expected] : rows) EXPECT_EQ(lines(text), expected);
+}
+
+TEST(Properties, AreThoseOfUnicode) {
+  const auto properties = [](char32_t c) {
+    return std::string(isLetter(c) ? "L" : "") + (isAlphanumeric(c) ? "A" : "") +
+           (isSpace(c) ? "S" : "");
+  };
+  const std::pair<char32_t, const char*> rows[] = {
+      {U'a', "LA"}, {U'5', "A"},      {U'½', "A"},      {U'\u0308', "A"},
+      {U'ß', "LA"}, {U'漢', "LA"},    {U'€', ""},       {U' ', "S"},
+      {U'\t', "S"}, {U'\u00A0', "S"}, {U'\u3000', "S"}, {U'\n', ""},
+      {U'\r', ""},  {U'\u2028', ""},  {U'_', ""},       {U'\u200B', ""}};
+  for (const auto& [scalar, expected] : rows)
+    EXPECT_EQ(properties(scalar), expected) << scalarHex(scalar);
+  EXPECT_EQ(trimSpaces(" \t5 6\t "), "5 6");
+  EXPECT_EQ(trimSpaces("\u00A0 é \u3000"), "é");
+  EXPECT_EQ(trimSpaces("\n5\n"), "\n5\n");
+  EXPECT_EQ(trimSpaces("\u2003 \t"), "");
+}
+
+TEST(CaseMapping, IsFullAndTheSameEverywhere) {
+  EXPECT_EQ(uppercased("straße ǆ ﬁ i"), "STRASSE Ǆ FI I");
+  EXPECT_EQ(lowercased("AGRAVE ÄΣ I"), "agrave äς i");
+  EXPECT_EQ(lowercased("\u0130"), "i\u0307");
+}
+
+TEST(NameOrder, IsByScalarsAfterComposition) {
+  const std::string_view ordered[] = {"",  ".notdef", "A",      "AE",     "B",
+                                      "a", "a.alt",   "\u00C4", "\uFFFD", "😀"};
+  for (std::size_t i = 0; i < std::size(ordered); ++i)
+    for (std::size_t j = 0; j < std::size(ordered); ++j)
+      EXPECT_EQ(compareNames(ordered[i], ordered[j]) < 0, i < j)
+          << ordered[i] << " and " << ordered[j];
+  EXPECT_EQ(compareNames("A\u0308", "\u00C4"), 0);
+  EXPECT_EQ(compareNames("\u212B", "\u00C5"), 0);
+}
+
+TEST(DisplayOrder, IsThatOfAFileManager) {
+  const DisplayOrder order;
+  Texts names = {"glyph10", "b", "Zebra", "glyph9", "á", "ab", "a", "GLYPH2", "apple"};
+  std::sort(names.begin(), names.end(),
+            [&](auto a, auto b) { return order.sortKey(a) < order.sortKey(b); });
+  EXPECT_THAT(names, ElementsAreArray(
+                         {"a", "á", "ab", "apple", "b", "GLYPH2", "glyph9", "glyph10", "Zebra"}));
+  EXPECT_EQ(order.sortKey("Straße"), order.sortKey("STRAßE"));
+  EXPECT_EQ(order.sortKey("A\u0308"), order.sortKey("ä"));
+  EXPECT_NE(order.sortKey("a"), order.sortKey("ä"));
+  EXPECT_TRUE(order.sortKey(std::string(10'000, 'x')) == order.sortKey(std::string(10'000, 'X')));
+}
+
+TEST(LocalizedFinder, DisregardsCaseOnly) {
+  struct Row {
+    const char* needle;
+    const char* haystack;
+    bool found;
+  };
+  const Row rows[] = {{"", "", true},         {"", "A", true},
+                      {"a", "", false},       {"av", "Av", true},
+                      {"AV", "xavx", true},   {"av", "A V", false},
+                      {"é", "É", true},       {"e", "é", false},
+                      {"e\u0301", "é", true}, {"period", "period.alt", true},
+                      {".", "a.b", true},     {"abc", "ab", false},
+                      {" ", "a b", true}};
+  for (const auto& [needle, haystack, found] : rows)
+    EXPECT_EQ(LocalizedFinder(needle).isIn(haystack), found)
+        << '"' << needle << "\" in " << haystack;
+  const LocalizedFinder twice("b");
+  EXPECT_TRUE(twice.isIn("abc"));
+  EXPECT_FALSE(twice.isIn("xyz"));
+  EXPECT_TRUE(twice.isIn("B"));
+}
+
+} // namespace
+} // namespace quillery::test

@@ -1,0 +1,124 @@
+#include "base/json_writer.h"
+#include "base/signal.h"
+#include "base/uuid.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <unordered_set>
+
+namespace quillery::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(Uuid, ReadsEitherCaseAndWritesCapitals) {
+  const auto id = Uuid::parse("0d9c6E32-7b51-4f0a-a5c8-2e41b7d3f690");
+  ASSERT_TRUE(id);
+  EXPECT_EQ(id->toString(), "0D9C6E32-7B51-4F0A-A5C8-2E41B7D3F690");
+  EXPECT_EQ(Uuid::parse("00000000-0000-0000-0000-000000000000"), Uuid());
+  const std::string good = id->toString();
+  for (std::size_t i = 0; i < good.size(); ++i) {
+    std::string bad = good;
+    bad[i] = good[i] == '-' ? '0' : 'G';
+    EXPECT_FALSE(Uuid::parse(bad)) << bad;
+  }
+  for (const std::string& bad :
+       {std::string(), good.substr(1), good + "0", "{" + good + "}", " " + good})
+    EXPECT_FALSE(Uuid::parse(bad)) << bad;
+}
+
+TEST(Uuid, IsFreshEveryTime) {
+  std::unordered_set<Uuid> seen;
+  for (int i = 0; i < 1000; ++i) {
+    const Uuid id = Uuid::random();
+    EXPECT_TRUE(seen.insert(id).second);
+    const std::string text = id.toString();
+    EXPECT_EQ(text[14], '4');
+    EXPECT_NE(std::string_view("89AB").find(text[19]), std::string_view::npos) << text;
+    EXPECT_EQ(Uuid::parse(text), id);
+  }
+}
+
+TEST(Signal, CallsListenersInTheOrderOfConnecting) {
+  Signal<int> signal;
+  std::vector<int> heard;
+  const auto first = signal.connect([&](int value) { heard.push_back(value); });
+  {
+    const auto second = signal.connect([&](int value) { heard.push_back(-value); });
+    signal.emit(1);
+  }
+  signal.emit(2);
+  EXPECT_THAT(heard, ElementsAre(1, -1, 2));
+}
+
+TEST(Signal, LetsListenersConnectDisconnectAndEmitWhileTheyAreCalled) {
+  Signal<> signal;
+  std::vector<std::string> heard;
+  Connection late, itself, next;
+  itself = signal.connect([&] {
+    heard.emplace_back("itself");
+    itself = {};
+    next = {};
+    late = signal.connect([&] { heard.emplace_back("late"); });
+    signal.emit();
+  });
+  next = signal.connect([&] { heard.emplace_back("next"); });
+  const auto last = signal.connect([&] { heard.emplace_back("last"); });
+  signal.emit();
+  EXPECT_THAT(heard, ElementsAre("itself", "last", "late", "last"));
+}
+
+TEST(Signal, MayGoBeforeItsConnections) {
+  auto signal = std::make_unique<Signal<>>();
+  const auto connection = signal->connect([] {});
+  signal.reset();
+}
+
+TEST(Lifetime, SilencesCallbacksOfWhatIsGone) {
+  int calls = 0;
+  auto owner = std::make_unique<Lifetime>();
+  const auto callback = owner->guard([&](int by) { calls += by; });
+  callback(1);
+  owner.reset();
+  callback(1);
+  EXPECT_EQ(calls, 1);
+}
+
+TEST(JsonWriter, EscapesTextsAndStraddlesItsBuffer) {
+  std::string out;
+  JsonWriter writer([&](std::string_view piece) {
+    out += piece;
+    return true;
+  });
+  writer.string("\"\\/\b\f\n\r\t\x01\x1F\x7Fä" + std::string(1, '\0'));
+  EXPECT_TRUE(writer.finish());
+  EXPECT_EQ(out, R"("\"\\\/\b\f\n\r\t\u0001\u001f)"
+                 "\x7Fä\\u0000\"");
+
+  out.clear();
+  std::string expected;
+  for (const std::size_t size : {1U, 262'143U, 262'144U, 262'145U, 600'000U, 5U}) {
+    expected += std::string(size, 'r') + "\"" + std::string(size, 's') + "\\n\"0.1";
+    writer.raw(std::string(size, 'r'));
+    writer.string(std::string(size, 's') + "\n");
+    writer.number(0.1);
+  }
+  EXPECT_TRUE(writer.finish());
+  EXPECT_TRUE(out == expected) << out.size() << " and " << expected.size();
+}
+
+TEST(JsonWriter, TellsOfInfiniteNumbersAndOfASinkThatStops) {
+  int pieces = 0;
+  JsonWriter writer([&](std::string_view) { return ++pieces < 2; });
+  writer.number(1e308);
+  EXPECT_TRUE(writer.isFinite());
+  writer.number(1e308 * 10);
+  EXPECT_FALSE(writer.isFinite());
+  for (int i = 0; i < 5; ++i) writer.raw(std::string(300'000, 'x'));
+  EXPECT_FALSE(writer.finish());
+  EXPECT_EQ(pieces, 2);
+}
+
+} // namespace
+} // namespace quillery::test

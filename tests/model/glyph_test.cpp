@@ -1,0 +1,170 @@
+#include "base/numbers.h"
+#include "model/font_project.h"
+#include "support/projects.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace quillery::test {
+namespace {
+
+using Commands = std::vector<PathCommand>;
+
+// A curve from (100, 0) to (500, 700), placed with 50 to the right.
+Glyph placedGlyph() {
+  GlyphRecord record;
+  record.svgPath = SharedText("M0 70 L40 0");
+  record.viewBox = {0, 0, 40, 70};
+  record.advanceWidth = 550;
+  Glyph glyph(record);
+  glyph.placeOutline({PathCommand::moveTo({100, 0}), PathCommand::lineTo({300, 100}),
+                      PathCommand::curveTo({500, 200}, {400, 700}, {100, 50}),
+                      PathCommand::closePath()},
+                     {100, 0, 400, 700});
+  return glyph;
+}
+
+TEST(FontProject, StartsWithTheValuesOfANewFont) {
+  const FontProject project;
+  EXPECT_EQ(project.name, "My Font");
+  EXPECT_EQ(project.designer + project.copyright, "");
+  EXPECT_EQ(project.version, "1.0");
+  EXPECT_EQ(project.unitsPerEm, 1000);
+  EXPECT_EQ(project.ascender, 800);
+  EXPECT_EQ(project.descender, -200);
+  EXPECT_EQ(project.capHeight, 700);
+  EXPECT_EQ(project.xHeight, 500);
+  EXPECT_EQ(project.lineGap, 200);
+  EXPECT_TRUE(project.glyphs.empty() && project.kerningPairs.empty());
+  FontProject another;
+  EXPECT_NE(project, another);
+  another.id = project.id;
+  EXPECT_EQ(project, another);
+}
+
+TEST(FontProject, SortsGlyphsByNameKeepingTheOrderOfEquals) {
+  std::vector<Glyph> glyphs;
+  for (const char* name : {"b", "a", "\u00C4", "B", "A\u0308", ".notdef", "a", "\u00C4"})
+    glyphs.push_back(makeGlyph(name, std::to_string(glyphs.size())));
+  sortByName(glyphs);
+  std::string order;
+  for (const Glyph& glyph : glyphs) order += *glyph.unicode();
+  EXPECT_EQ(order, "53160247");
+}
+
+TEST(Glyph, CopiesShareTheirOutlineUntilOneChanges) {
+  const Glyph first = placedGlyph();
+  Glyph copy = first;
+  EXPECT_EQ(first.fontPath().begin(), copy.fontPath().begin());
+  copy.setVerticalOffset(40);
+  EXPECT_EQ(first, placedGlyph());
+  EXPECT_NE(first, copy);
+}
+
+// The metrics, the box and the end of the curve.
+std::string text(const Glyph& glyph) {
+  const Point end = glyph.fontPath()[2].points[2];
+  const Rect& box = glyph.boundingBox();
+  std::string result;
+  for (const double value :
+       {glyph.advanceWidth(), glyph.leftSideBearing(), glyph.rightSideBearing(),
+        glyph.verticalOffset(), glyph.scale(), box.x, box.y, box.width, box.height, end.x, end.y})
+    result += (result.empty() ? "" : " ") + formatShortest(value);
+  return result;
+}
+
+TEST(Glyph, KeepsOutlineAndMetricsInStep) {
+  ASSERT_EQ(text(placedGlyph()), "550 50 50 0 1 100 0 400 700 100 50");
+  const std::pair<void (*)(Glyph&), const char*> rows[] = {
+      {[](Glyph& g) { g.setLeftSideBearing(80); }, "550 80 20 0 1 130 0 400 700 130 50"},
+      {[](Glyph& g) { g.setLeftSideBearing(50); }, "550 50 50 0 1 100 0 400 700 100 50"},
+      {[](Glyph& g) { g.setRightSideBearing(70); }, "570 50 70 0 1 100 0 400 700 100 50"},
+      {[](Glyph& g) { g.setRightSideBearing(50.0005); }, "550 50 50.0005 0 1 100 0 400 700 100 50"},
+      {[](Glyph& g) { g.setAdvanceWidth(900); }, "900 50 400 0 1 100 0 400 700 100 50"},
+      {[](Glyph& g) { g.setVerticalOffset(40); }, "550 50 50 40 1 100 40 400 700 100 90"},
+      {[](Glyph& g) { g.setScale(2); }, "950 50 50 0 2 100 0 800 1400 100 100"},
+      {[](Glyph& g) { g.setScale(1.0005); }, "550 50 50 0 1.0005 100 0 400 700 100 50"},
+      // The offset in the outline is scaled with it.
+      {[](Glyph& g) { g.setVerticalOffset(40), g.setScale(0.5); },
+       "350 50 50 40 0.5 100 20 200 350 100 45"},
+      {[](Glyph& g) { g.offsetOutline(-10, 5); }, "550 50 60 0 1 90 5 400 700 90 55"},
+  };
+  for (const auto& [change, expected] : rows) {
+    Glyph glyph = placedGlyph();
+    change(glyph);
+    EXPECT_EQ(text(glyph), expected);
+    EXPECT_EQ(glyph.fontPath()[3], PathCommand::closePath());
+    EXPECT_EQ(glyph.record().svgPath, placedGlyph().record().svgPath);
+    EXPECT_EQ(glyph.record().viewBox, placedGlyph().record().viewBox);
+  }
+}
+
+// One of the five metrics by number, set through its rule.
+void setMetric(Glyph& glyph, unsigned which, double value) {
+  switch (which % 5) {
+  case 0:
+    return glyph.setLeftSideBearing(value);
+  case 1:
+    return glyph.setRightSideBearing(value);
+  case 2:
+    return glyph.setAdvanceWidth(value);
+  case 3:
+    return glyph.setVerticalOffset(value);
+  default:
+    return glyph.setScale(std::fabs(value) / 1000 + 0.01);
+  }
+}
+
+TEST(Glyph, StaysInStepThroughAnySequenceOfChanges) {
+  std::mt19937 random(4);
+  std::uniform_real_distribution<double> lengths(-2000, 2000);
+  for (int run = 0; run < 200; ++run) {
+    Glyph glyph = placedGlyph();
+    for (int step = 0; step < 30; ++step) {
+      const double leftEdge = glyph.boundingBox().minX();
+      const double right = glyph.rightSideBearing();
+      const auto which = static_cast<unsigned>(random());
+      setMetric(glyph, which, lengths(random));
+      const double tolerance = 1e-9 * (std::fabs(glyph.boundingBox().width) +
+                                       std::fabs(glyph.boundingBox().height) + 1e4);
+      ASSERT_NEAR(glyph.rightSideBearing(), glyph.advanceWidth() - glyph.boundingBox().maxX(),
+                  0.001);
+      if (which % 5 == 4) {
+        ASSERT_EQ(glyph.boundingBox().minX(), leftEdge);
+        ASSERT_NEAR(glyph.rightSideBearing(), right, tolerance);
+      }
+      const Rect box = controlBox(glyph.fontPath());
+      ASSERT_NEAR(glyph.boundingBox().minX(), box.minX(), tolerance);
+      ASSERT_NEAR(glyph.boundingBox().minY(), box.minY(), tolerance);
+      ASSERT_NEAR(glyph.boundingBox().maxX(), box.maxX(), tolerance);
+      ASSERT_NEAR(glyph.boundingBox().maxY(), box.maxY(), tolerance);
+    }
+  }
+}
+
+TEST(Glyph, SurvivesNumbersThatAreNone) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const double value : {kInfinity, -kInfinity, std::nan(""), 0.0, 1e308, -1e308})
+    for (unsigned which = 0; which < 5; ++which)
+      for (const bool empty : {false, true}) {
+        Glyph glyph = placedGlyph();
+        if (empty) glyph.placeOutline({}, controlBox({}));
+        setMetric(glyph, which, value);
+        glyph.setScale(value);
+        setMetric(glyph, which + 1, 100);
+      }
+}
+
+TEST(Outline, BoxHoldsControlPointsAndIsInfiniteWithoutPoints) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(controlBox(placedGlyph().fontPath()), (Rect{100, 0, 400, 700}));
+  const Rect nothing{kInfinity, kInfinity, -kInfinity, -kInfinity};
+  EXPECT_EQ(controlBox({}), nothing);
+  EXPECT_EQ(controlBox({PathCommand::closePath()}), nothing);
+}
+
+} // namespace
+} // namespace quillery::test

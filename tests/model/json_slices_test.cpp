@@ -1,0 +1,155 @@
+#include "model/json_slices.h"
+#include "model/project_file.h"
+#include "support/file_bytes.h"
+#include "support/projects.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace quillery::test {
+namespace {
+
+TEST(SliceJsonObject, LosesNoByteWhateverTheSize) {
+  const std::string rows[] = {
+      R"({"a":[]})",
+      R"({"a":[1]})",
+      R"( { "a" : [ 1 , "2,]" , [3,{"a":[4]}] ] , "b" : { "c" : [] } } )",
+      R"({"n":"a","b":[{"x":"\\\"]"},{"y":"\\"},{}],"a":["{","[","\",\""],"z":[1,2]})",
+      R"({"z":{"a":[1,2,3]},"a":[1,2,3],"b":"not a list"})",
+  };
+  for (const std::string& text : rows)
+    for (std::size_t size = 1; size < 20; ++size) {
+      const auto cut = sliceJsonObject(text, {"a", "b"}, size);
+      ASSERT_TRUE(cut) << text;
+      // Put together, skeleton and slices are the text again.
+      std::string joined = cut->skeleton;
+      std::size_t from = 0;
+      for (std::size_t i = 0; i < cut->slices.size();) {
+        const std::size_t member = cut->slices[i].member, begin = cut->slices[i].begin;
+        std::size_t end = cut->slices[i].end;
+        for (++i; i < cut->slices.size() && cut->slices[i].member == member; ++i) {
+          EXPECT_EQ(cut->slices[i].begin, end - 1) << text;
+          end = cut->slices[i].end;
+        }
+        from = joined.find("[]", std::max(from, begin)); // what stands before is whole already
+        ASSERT_EQ(from, begin) << text;
+        joined.replace(from, 2, text, begin, end - begin);
+        from += end - begin;
+      }
+      EXPECT_EQ(joined, text) << size;
+    }
+}
+
+TEST(SliceJsonObject, LeavesWhatIsNotPlainToTheParser) {
+  for (const char* text :
+       {"", "[]", "{", R"({"a":[1)", R"({"a":[1}])", R"({"a":[1]]})", R"({"a":["})",
+        R"({"a":[1],"a":[2]})", R"({"\u0061":[1]})", R"({"a":[1,]})", R"({"a":[,1]})",
+        R"({"a":[ ,1]})", R"({"a":[1,,2]})", R"({"a":[1, ,2]})", R"({"a":[1, 2, ]})", R"({"a" 1})",
+        R"({"a":)", R"({1:2})"})
+    EXPECT_FALSE(sliceJsonObject(text, {"a", "b"}, 1)) << text;
+}
+
+// Large enough that its document is read in several slices.
+FontProject largeProject() {
+  FontProject project;
+  for (int i = 0; i < 1500; ++i) {
+    GlyphRecord record = makeGlyph("glyph" + std::to_string(i) + "{\"[,\\",
+                                   i % 3 == 0 ? std::nullopt : std::optional<std::string>("\"]}"))
+                             .record();
+    record.svgPath = SharedText(std::string(static_cast<std::size_t>(i % 300), '\\') + "],[\"");
+    record.fontPath = {PathCommand::moveTo({i * 0.5, -1.0 / (i + 1)}), PathCommand::closePath()};
+    project.glyphs.emplace_back(record);
+    project.kerningPairs.push_back(makePair(record.name, "V", i));
+  }
+  return project;
+}
+
+std::string withSpaces(const std::string& text) {
+  std::string result;
+  bool inText = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    result += text[i];
+    if (text[i] == '"')
+      inText = !inText;
+    else if (inText && text[i] == '\\')
+      result += text[++i];
+    else if (!inText && std::string_view("[]{},:").find(text[i]) != std::string_view::npos)
+      result += " \r\n\t ";
+  }
+  return result;
+}
+
+std::string replacedLast(std::string text, std::string_view from, std::string_view to) {
+  return text.replace(text.rfind(from), from.size(), to);
+}
+
+// The error's description; empty when the document decodes to `expected`.
+std::string decodedAs(const FontProject& expected, const std::string& text) {
+  FileBytes bytes = fileBytesOf(text);
+  const auto decoded = decodeProject(bytes);
+  EXPECT_TRUE(bytes.view() == text) << "the bytes were changed";
+  if (!decoded) return decoded.error().description();
+  return decoded.value() == expected ? "" : "another project";
+}
+
+TEST(DecodeProject, ReadsLargeDocumentsAsItReadsSmallOnes) {
+  const FontProject project = largeProject();
+  const std::string text = encoded(project);
+  ASSERT_GT(text.size(), 1'100'000U);
+  EXPECT_EQ(decodedAs(project, text), "");
+  EXPECT_EQ(decodedAs(project, "\xEF\xBB\xBF" + text), "");
+  EXPECT_EQ(decodedAs(project, withSpaces(text)), "");
+  // Not plain: read whole.
+  EXPECT_EQ(decodedAs(project, replacedLast(text, "\"kerningPairs\"", "\"kerningPair\\u0073\"")),
+            "");
+  EXPECT_EQ(decodedAs(project, replacedLast(text, "\n}\n", ", \"x\" : 0}")), "");
+  std::string twice = text;
+  twice.insert(1, "\"glyphs\" : [], \"kerningPairs\" : [ ],");
+  EXPECT_EQ(decodedAs(project, twice), "");
+  FontProject huge = project;
+  huge.kerningPairs.back().value = 1e30;
+  EXPECT_EQ(decodedAs(huge, replacedLast(text, "\"value\" : 1499",
+                                         "\"value\" : 1" + std::string(30, '0'))),
+            "");
+}
+
+TEST(DecodeProject, NamesAFaultFarDownALargeDocument) {
+  const FontProject project = largeProject();
+  const std::string text = encoded(project);
+  const auto lineOf = [](const std::string& document, std::string_view part) {
+    return std::count(document.begin(),
+                      document.begin() + static_cast<std::ptrdiff_t>(document.rfind(part)), '\n') +
+           1;
+  };
+  EXPECT_EQ(
+      decodedAs(project, replacedLast(text, "\"advanceWidth\" : 600", "\"advanceWidth\" : null")),
+      "glyphs[1499].advanceWidth: Expected a number");
+  EXPECT_EQ(decodedAs(project, replacedLast(text, "\"closePath\"", "\"close\"")),
+            "glyphs[1499].fontPath[1]: Unknown path command \"close\"");
+  EXPECT_EQ(decodedAs(project, replacedLast(text, "\"leftGlyph\"", "\"left\"")),
+            "kerningPairs[1499]: The member \"leftGlyph\" is missing");
+  const std::string broken = replacedLast(text, "\"value\" : 1499", "\"value\" : 14x9");
+  EXPECT_EQ(decodedAs(project, broken).substr(0, 40),
+            ("line " + std::to_string(lineOf(broken, "14x9")) +
+             ", byte 19: Syntax error while parsing object")
+                .substr(0, 40));
+
+  // An item that is missing among so much space that the space makes a slice of its own.
+  const std::string space(600'000, ' ');
+  for (const std::string& gap : {"[" + space + ",", "[ " + space})
+    for (const char* list : {"\"glyphs\" : [", "\"kerningPairs\" : ["})
+      EXPECT_EQ(decodedAs(project,
+                          replacedLast(
+                              text, list,
+                              std::string(list).substr(0, std::string_view(list).size() - 1) + gap))
+                    .empty(),
+                gap.back() == ' ')
+          << list;
+  const std::string comma = "\n    },\n    {";
+  EXPECT_NE(decodedAs(project, replacedLast(text, comma, "\n    }," + space + ",\n    {")), "");
+  EXPECT_NE(decodedAs(project, replacedLast(text, "\n  ]\n}\n", "," + space + "\n  ]\n}\n")), "");
+}
+
+} // namespace
+} // namespace quillery::test

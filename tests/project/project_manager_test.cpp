@@ -1,0 +1,304 @@
+#include "project/normalization.h"
+#include "project/project_manager.h"
+#include "support/document.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace quillery::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+using What = ProjectChange::What;
+
+TEST(Normalization, ComposesAndTruncatesCharactersAndSaysSo) {
+  struct Row {
+    const char* what;
+    std::string name;
+    std::optional<std::string> before, after;
+    std::vector<std::string> lines; // between the first line and the tally
+    bool counted;
+  };
+  const Row rows[] = {
+      {"decomposed",
+       "Adieresis",
+       "A\u0308",
+       "\u00C4",
+       {"  DEBUG Adieresis: unicode=U+0041 U+0308 scalarCount=2",
+        "  ⚠️ Normalized 'Adieresis': U+0041 U+0308 -> U+00C4"},
+       true},
+      {"plain, of a name to watch",
+       "A",
+       "A",
+       "A",
+       {"  DEBUG A: unicode=U+0041 scalarCount=1"},
+       false},
+      {"several characters", "x", "AB", "A", {"  ⚠️ Truncated 'x': multi-char to 'A'"}, false},
+      {"several characters, decomposed",
+       "x",
+       "A\u0308b",
+       "\u00C4b",
+       {"  ⚠️ Normalized 'x': U+0041 U+0308 U+0062 -> U+00C4 U+0062"},
+       true},
+      {"one that grows",
+       "x",
+       "\u0958",
+       "\u0915\u093C",
+       {"  ⚠️ Normalized 'x': U+0958 -> U+0915 U+093C"},
+       true},
+      {"another scalar of the same length", "x", "\u212B", "\u212B", {}, false},
+      {"truncated to another scalar",
+       "x",
+       "\u212Bb",
+       "\u00C5",
+       {"  ⚠️ Truncated 'x': multi-char to '\u00C5'"},
+       false},
+      {"a flag", "x", "🇩🇪", "🇩🇪", {}, false},
+      {"two flags", "x", "🇩🇪🇫🇷", "🇩🇪", {"  ⚠️ Truncated 'x': multi-char to '🇩🇪'"}, false},
+      {"a pair of line ends", "x", "\r\n", "\r\n", {}, false},
+      {"empty", "x", "", "", {}, false},
+      {"none", "A", std::nullopt, std::nullopt, {}, false}};
+  for (const Row& row : rows) {
+    ConsoleCapture console;
+    FontProject project;
+    project.glyphs = {makeGlyph(row.name, row.before)};
+    normalizeGlyphCharacters(project);
+    EXPECT_EQ(project.glyphs[0].unicode(), row.after) << row.what;
+    std::vector<std::string> lines = {"🔍 Starting unicode normalization check for 1 glyphs..."};
+    lines.insert(lines.end(), row.lines.begin(), row.lines.end());
+    if (row.counted) {
+      lines.emplace_back("✅ Normalized 1 unicode values from decomposed to composed form");
+      lines.emplace_back("⚠️  IMPORTANT: Save the project (Cmd+S) to persist these changes!");
+    } else {
+      lines.emplace_back("✅ No unicode normalization needed");
+    }
+    EXPECT_EQ(console.lines(), lines) << row.what;
+  }
+  ConsoleCapture console;
+  FontProject project;
+  normalizeGlyphCharacters(project);
+  EXPECT_EQ(console.text(), "🔍 Starting unicode normalization check for 0 glyphs...\n✅ No unicode "
+                            "normalization needed\n");
+}
+
+// A document of the glyphs A, B, C and D, with their ids.
+struct FourGlyphs : Document {
+  FourGlyphs() {
+    std::vector<Glyph> glyphs;
+    for (const char* name : {"A", "B", "C", "D"}) {
+      glyphs.push_back(makeGlyph(name));
+      ids.push_back(glyphs.back().id());
+    }
+    setGlyphs(std::move(glyphs));
+  }
+
+  // The names of the selected glyphs, then the anchor's after a colon.
+  std::string selection() const {
+    const auto name = [&](const Uuid& id) {
+      return manager.glyphWithId(id) ? manager.glyphWithId(id)->name() : "?";
+    };
+    std::string names;
+    for (const Uuid& id : manager.selectedGlyphIds()) names += name(id);
+    std::sort(names.begin(), names.end());
+    return names + ":" +
+           (manager.lastSelectedGlyphId() ? name(*manager.lastSelectedGlyphId()) : "");
+  }
+
+  std::vector<Uuid> ids;
+};
+
+TEST(Selection, FollowsClicks) {
+  FourGlyphs d;
+  // A letter per click: the glyph, with + for shift and ^ for command before it; 0 clears.
+  const std::pair<const char*, const char*> rows[] = {
+      {"A", "A:A"},         {"A +D", "ABCD:D"}, {"A +D +B", "ABCD:B"},   {"D +B", "BCD:B"},
+      {"+C", "C:C"},        {"A ^C", "AC:C"},   {"A ^C ^C", "A:C"},      {"^A ^A", ":A"},
+      {"A ^D +C", "ACD:C"}, {"A ^+D", "AD:D"},  {"B ^D ^D +C", "BCD:C"}, {"A +D C", "C:C"},
+      {"B 0 +D", "D:D"},    {"B 0", ":"},       {"B +B", "B:B"}};
+  for (const auto& [clicks, expected] : rows) {
+    d.manager.clearSelection();
+    ProjectManager::ClickModifiers modifiers;
+    for (const char c : std::string_view(clicks)) {
+      if (c == '+')
+        modifiers.shift = true;
+      else if (c == '^')
+        modifiers.command = true;
+      else if (c == '0')
+        d.manager.clearSelection();
+      else if (c != ' ') {
+        d.manager.clickGlyph(d.ids[static_cast<std::size_t>(c - 'A')], modifiers, d.ids);
+        modifiers = {};
+      }
+    }
+    EXPECT_EQ(d.selection(), expected) << clicks;
+  }
+}
+
+TEST(Selection, TakesRangesInTheDisplayedOrderAndAllInTheStoredOne) {
+  FourGlyphs d;
+  const std::vector<Uuid> displayed = {d.ids[2], d.ids[0], d.ids[3]};
+  d.manager.selectGlyphRange(d.ids[2], d.ids[0], displayed);
+  EXPECT_EQ(d.selection(), "AC:A");
+  d.manager.selectGlyphRange(d.ids[0], d.ids[1], displayed); // B is not shown
+  d.manager.selectGlyphRange(d.ids[1], d.ids[0], displayed);
+  EXPECT_EQ(d.selection(), "AC:A");
+  d.manager.selectAllGlyphs();
+  EXPECT_EQ(d.selection(), "ABCD:D");
+  d.setGlyphs({});
+  d.manager.selectAllGlyphs();
+  EXPECT_EQ(d.selection(), ":");
+}
+
+// Ids may be handed over from where the operation itself changes them.
+TEST(Selection, TakesIdsOutOfItself) {
+  FourGlyphs d;
+  d.manager.selectAllGlyphs();
+  d.manager.selectGlyph(*d.manager.selectedGlyphIds().begin());
+  ASSERT_EQ(d.manager.selectedGlyphIds().size(), 1U);
+  EXPECT_EQ(*d.manager.selectedGlyphIds().begin(), d.manager.lastSelectedGlyphId());
+  const Uuid id = *d.manager.selectedGlyphIds().begin();
+  d.manager.toggleGlyphSelection(*d.manager.selectedGlyphIds().begin());
+  EXPECT_THAT(d.manager.selectedGlyphIds(), IsEmpty());
+  EXPECT_EQ(d.manager.lastSelectedGlyphId(), id);
+  d.manager.selectAllGlyphs();
+  d.manager.deleteGlyph(d.project().glyphs[1].id());
+  EXPECT_EQ(glyphNames(d.project()), "A C D");
+  EXPECT_EQ(d.manager.selectedGlyphIds().size(), 3U);
+  EXPECT_FALSE(d.manager.selectedGlyphIds().contains(d.ids[1]));
+}
+
+TEST(Deletion, OfTheSelectionIsOneStepWithoutRedo) {
+  FourGlyphs d;
+  d.manager.editKerningList([](auto& pairs) { pairs = {makePair("A", "D")}; });
+  const FontProject before = d.project();
+  for (const std::size_t i : {3U, 0U, 1U}) d.manager.toggleGlyphSelection(d.ids[i]);
+  std::vector<What> heard;
+  const auto listening =
+      d.manager.changed.connect([&](const ProjectChange& change) { heard.push_back(change.what); });
+  d.manager.deleteSelectedGlyphs();
+  EXPECT_EQ(glyphNames(d.project()), "C");
+  EXPECT_EQ(d.project().kerningPairs, before.kerningPairs);
+  EXPECT_EQ(d.selection(), ":?") << "the anchor stays";
+  EXPECT_EQ(d.manager.undoManager().undoActionName(), "Delete 3 Glyphs");
+  EXPECT_THAT(heard, ElementsAre(What::glyphList, What::selection));
+  d.manager.undo();
+  EXPECT_EQ(d.project(), before);
+  EXPECT_EQ(d.selection(), "ABD:B");
+  EXPECT_EQ(heard.back(), What::everything);
+  EXPECT_FALSE(d.manager.undoManager().canRedo() || d.manager.undoManager().canUndo());
+  heard.clear();
+  d.manager.undo();
+  d.manager.redo();
+  EXPECT_THAT(heard, IsEmpty());
+}
+
+TEST(Deletion, CountsSelectedIdsAndSortsOnUndo) {
+  FourGlyphs d;
+  d.manager.deleteSelectedGlyphs();
+  EXPECT_FALSE(d.manager.undoManager().canUndo());
+  d.setGlyphs({makeGlyph("b"), makeGlyph("a", "first"), makeGlyph("B"), makeGlyph("a", "second")});
+  d.manager.selectGlyph(d.project().glyphs[1].id());
+  d.manager.toggleGlyphSelection(Uuid::random());
+  d.manager.deleteSelectedGlyphs();
+  EXPECT_EQ(d.manager.undoManager().undoActionName(), "Delete 2 Glyphs");
+  d.manager.undo();
+  EXPECT_EQ(glyphNames(d.project()), "B a a b");
+  EXPECT_EQ(d.project().glyphs[1].unicode(), "second")
+      << "what was put back comes after its equals";
+  EXPECT_EQ(d.manager.selectedGlyphIds().size(), 2U);
+
+  d.manager.selectGlyph(d.project().glyphs[0].id());
+  d.manager.deleteGlyph(Uuid::random());
+  d.manager.deleteGlyph(d.project().glyphs[3].id());
+  EXPECT_EQ(glyphNames(d.project()), "B a a");
+  EXPECT_EQ(d.selection(), "B:B");
+  EXPECT_FALSE(d.manager.undoManager().canUndo());
+  d.manager.deleteSelectedGlyphs();
+  EXPECT_EQ(d.manager.undoManager().undoActionName(), "Delete 1 Glyphs");
+}
+
+TEST(ProjectManager, AnnouncesEachEditOnceAfterIt) {
+  FourGlyphs d;
+  d.manager.editKerningList([](auto& pairs) { pairs = {makePair("A", "B", 1)}; });
+  const Uuid pair = d.project().kerningPairs[0].id;
+  std::vector<What> heard;
+  Uuid id;
+  const auto listening = d.manager.changed.connect([&](const ProjectChange& change) {
+    heard.push_back(change.what);
+    id = change.id;
+  });
+  const std::pair<What, std::function<void()>> rows[] = {
+      {What::fontInfo, [&] { d.manager.editFontInfo([](FontInfo& info) { info.xHeight = 1; }); }},
+      {What::glyph,
+       [&] { EXPECT_TRUE(d.manager.editGlyph(d.ids[2], [](Glyph& g) { g.setAdvanceWidth(7); })); }},
+      {What::glyphList, [&] { d.manager.editGlyphList([](auto& glyphs) { glyphs.pop_back(); }); }},
+      {What::kerningPair, [&] { EXPECT_TRUE(d.manager.setKerningValue(pair, -3)); }},
+      {What::kerningList, [&] { d.manager.editKerningList([](auto& pairs) { pairs.clear(); }); }},
+      {What::selectedPair, [&] { d.manager.selectKerningPair(pair); }},
+      {What::selectedTab, [&] { d.manager.setSelectedTab(1); }},
+      {What::exportState, [&] { d.manager.setExporting(true); }},
+      {What::exportState, [&] { d.manager.setExportStatus(ExportStatus::failed("no")); }},
+      {What::project, [&] { d.manager.newProject(); }}};
+  for (const auto& [what, act] : rows) {
+    heard.clear();
+    act();
+    EXPECT_THAT(heard, ElementsAre(what));
+    EXPECT_EQ(id, what == What::glyph ? d.ids[2] : what == What::kerningPair ? pair : Uuid());
+  }
+  EXPECT_FALSE(d.manager.editGlyph(d.ids[2], [](Glyph&) {}));
+  EXPECT_FALSE(d.manager.setKerningValue(pair, 0));
+}
+
+// Look-ups answer as a search of the list does, whatever edits came before.
+TEST(LookUps, FollowEveryEdit) {
+  Document d;
+  std::mt19937 random(6);
+  const char* names[] = {"A", "B", "a", ".notdef"};
+  const std::optional<std::string> texts[] = {"A", "B", "\u00C4", "A\u0308", std::nullopt};
+  for (int i = 0; i < 2000; ++i) {
+    const auto count = d.project().glyphs.size();
+    const auto any = count == 0 ? 0 : random() % count;
+    switch (count == 0 ? 0 : random() % 6) {
+    case 0:
+      d.manager.editGlyphList([&](auto& glyphs) {
+        glyphs.push_back(makeGlyph(names[random() % 4], texts[random() % 5]));
+      });
+      break;
+    case 1:
+      d.manager.deleteGlyph(d.project().glyphs[any].id());
+      break;
+    case 2:
+      d.manager.toggleGlyphSelection(d.project().glyphs[any].id());
+      d.manager.deleteSelectedGlyphs();
+      break;
+    case 3:
+      d.manager.undo();
+      break;
+    default:
+      d.manager.editGlyph(d.project().glyphs[any].id(),
+                          [&](Glyph& glyph) { glyph.setUnicode(texts[random() % 5]); });
+    }
+    const auto& glyphs = d.project().glyphs;
+    for (const Glyph& glyph : glyphs) ASSERT_EQ(d.manager.glyphWithId(glyph.id()), &glyph);
+    for (const char* name : names) {
+      const auto first = std::find_if(glyphs.begin(), glyphs.end(),
+                                      [&](const Glyph& g) { return g.name() == name; });
+      ASSERT_EQ(d.manager.firstGlyphNamed(name), first == glyphs.end() ? nullptr : &*first);
+    }
+    for (const auto& text : texts) {
+      if (!text) continue;
+      const auto last = std::find_if(glyphs.rbegin(), glyphs.rend(),
+                                     [&](const Glyph& g) { return g.unicode() == text; });
+      ASSERT_EQ(d.manager.glyphForCharacter(*text), last == glyphs.rend() ? nullptr : &*last);
+    }
+  }
+  EXPECT_EQ(d.manager.glyphWithId(Uuid::random()), nullptr);
+  EXPECT_EQ(d.manager.glyphForCharacter(""), nullptr);
+}
+
+} // namespace
+} // namespace quillery::test

@@ -1,0 +1,186 @@
+#include "base/file.h"
+#include "support/document.h"
+#include "svg/drawing_files.h"
+#include "svg/svg_drop.h"
+#include "svg/svg_import.h"
+#include "svg/svg_parser.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace quillery::test {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct ImportTest : ::testing::Test {
+  Document d;
+
+  fs::path drawing(const std::string& name,
+                   const std::string& pathData = "M0 0 L40 0 L40 100 Z") const {
+    fs::create_directories((d.folder / name).parent_path());
+    return d.folder.write(name, "<svg><path d=\"" + pathData + "\"/></svg>");
+  }
+};
+
+TEST_F(ImportTest, ReadsADrawingToAnUnplacedGlyph) {
+  const auto glyph = SVGParser::parseSVGFile(drawing("x.small.svg", "M10 20 L30 5"));
+  ASSERT_TRUE(glyph);
+  GlyphRecord expected = makeGlyph("x.small", "x").record();
+  expected.id = glyph->id();
+  expected.svgPath = SharedText("M10 20 L30 5");
+  expected.viewBox = {10, 5, 20, 15};
+  EXPECT_EQ(glyph->record(), expected);
+  EXPECT_NE(glyph->id(), Uuid());
+}
+
+TEST_F(ImportTest, SortsAndSelectsTheLastGlyph) {
+  d.manager.setSelectedTab(2);
+  d.manager.selectGlyph(Uuid::random());
+  const auto outcome =
+      importSVGFiles(d.manager, {drawing("B.svg"), drawing("a.svg"), drawing("A.svg")});
+  EXPECT_EQ(outcome.imported, 3U);
+  EXPECT_EQ(glyphNames(d.project()), "A B a");
+  EXPECT_THAT(d.manager.selectedGlyphIds(), ElementsAre(d.project().glyphs[0].id()));
+  EXPECT_EQ(d.manager.lastSelectedGlyphId(), d.project().glyphs[0].id());
+  EXPECT_EQ(d.manager.selectedTab(), 0);
+  EXPECT_FALSE(d.manager.undoManager().canUndo());
+  const Glyph& glyph = d.project().glyphs[0];
+  EXPECT_EQ(glyph.boundingBox(), (Rect{0, 0, 400, 1000}));
+  EXPECT_EQ(glyph.leftSideBearing(), 50);
+  EXPECT_EQ(glyph.advanceWidth(), 500);
+  EXPECT_EQ(glyph.rightSideBearing(), 100);
+  d.manager.editFontInfo([](FontInfo& info) { info.unitsPerEm = 2048; });
+  importSVGFiles(d.manager, {drawing("tall.svg")});
+  EXPECT_EQ(d.manager.firstGlyphNamed("tall")->boundingBox().height, 2048);
+}
+
+TEST_F(ImportTest, ReplacesTheFirstGlyphOfTheNameKeepingItsCharacterAndMetrics) {
+  d.setGlyphs({makeGlyph("A", "Ä"), makeGlyph("A", "second"), makeGlyph("0")});
+  const Uuid oldId = d.project().glyphs[0].id();
+  d.manager.editGlyph(oldId, [](Glyph& glyph) {
+    glyph.setScale(1.5);
+    glyph.setVerticalOffset(-20);
+    glyph.setLeftSideBearing(80);
+    glyph.setAdvanceWidth(777);
+    glyph.setRightSideBearing(33);
+  });
+  importSVGFiles(d.manager, {drawing("A.svg", "M10 0 L50 100")});
+  EXPECT_EQ(glyphNames(d.project()), "0 A A");
+  const Glyph& glyph = d.project().glyphs[1];
+  EXPECT_NE(glyph.id(), oldId);
+  EXPECT_EQ(d.project().glyphs[2].unicode(), "second");
+  EXPECT_EQ(glyph.unicode(), "Ä");
+  EXPECT_EQ(glyph.record().svgPath.view(), "M10 0 L50 100");
+  EXPECT_EQ(glyph.scale(), 1.5);
+  EXPECT_EQ(glyph.boundingBox(), (Rect{30, -20, 600, 1500}));
+  EXPECT_EQ(glyph.fontPath()[0], PathCommand::moveTo({30, 1480}));
+  EXPECT_EQ(glyph.leftSideBearing(), 80);
+  EXPECT_EQ(glyph.verticalOffset(), -20);
+  EXPECT_EQ(glyph.rightSideBearing(), 33);
+  EXPECT_EQ(glyph.advanceWidth(), 663);
+
+  d.manager.editGlyph(glyph.id(), [](Glyph& g) { g.setUnicode(std::nullopt); });
+  importSVGFiles(d.manager, {drawing("A.svg"), drawing("ä.svg"), drawing("adieresis.svg")});
+  EXPECT_FALSE(d.manager.firstGlyphNamed("A")->unicode());
+  EXPECT_EQ(glyphNames(d.project()), "0 A A adieresis");
+  EXPECT_EQ(d.project().glyphs[3].unicode(), "ä");
+}
+
+TEST_F(ImportTest, SkipsWhatItCannotReadAndSaysSo) {
+  const auto latin = d.folder.write("la tin.svg", "<path d=\"\xE4\"/>");
+  const auto wide = d.folder.write("wide.svg", "\xFF\xFE<\0p\0");
+  const auto none = d.folder.write("no.path.svg", "<svg><rect/></svg>");
+  fs::create_directories(d.folder / "folder.svg");
+  d.setGlyphs({makeGlyph("b"), makeGlyph("a")});
+  d.manager.setSelectedTab(1);
+  std::vector<std::size_t> done;
+  auto outcome =
+      importSVGFiles(d.manager, {latin, wide, none, d.folder / "folder.svg", d.folder / "gone.svg"},
+                     [&](std::size_t n) { done.push_back(n); });
+  const std::string url = "Failed to read SVG file: " + fileUrl(d.folder.path()) + "/";
+  const std::vector<std::string> lines = {url + "la%20tin.svg", url + "wide.svg",
+                                          "Failed to extract path data from: no.path",
+                                          url + "folder.svg", url + "gone.svg"};
+  EXPECT_EQ(d.console.lines(), lines);
+  EXPECT_EQ(outcome.skipped, 5U);
+  EXPECT_THAT(done, ElementsAre(0, 1, 2, 3, 4));
+  EXPECT_EQ(glyphNames(d.project()), "a b");
+  EXPECT_THAT(d.manager.selectedGlyphIds(), IsEmpty());
+  EXPECT_EQ(d.manager.selectedTab(), 1);
+  EXPECT_THAT(d.desktop.alerts, IsEmpty());
+  outcome = importSVGFiles(d.manager, {none, drawing("c.svg")});
+  EXPECT_EQ(outcome.imported, 1U);
+  EXPECT_EQ(glyphNames(d.project()), "a b c");
+}
+
+TEST_F(ImportTest, AsksForDrawings) {
+  d.desktop.openAnswer = {drawing("a.svg"), drawing("b.svg")};
+  importSVG(d.manager);
+  ASSERT_EQ(d.desktop.openPanels.size(), 1U);
+  EXPECT_EQ(d.desktop.openPanels[0].message, "Select SVG files to import as glyphs");
+  EXPECT_EQ(d.desktop.openPanels[0].extension, "svg");
+  EXPECT_TRUE(d.desktop.openPanels[0].multipleSelection);
+  d.desktop.runPosted();
+  EXPECT_EQ(glyphNames(d.project()), "a b");
+  int changes = 0;
+  const auto listening = d.manager.changed.connect([&](const auto&) { ++changes; });
+  d.desktop.openAnswer.clear();
+  importSVG(d.manager);
+  d.desktop.runPosted();
+  EXPECT_EQ(changes, 0);
+}
+
+TEST_F(ImportTest, CopiesDroppedDrawingsBeforeImportingThem) {
+  const SVGDropDelegate drop(d.manager);
+  SVGDropDelegate target(d.manager);
+  EXPECT_FALSE(drop.validateDrop({d.folder / "picture.png", d.folder / "svg"}));
+  EXPECT_FALSE(target.performDrop({d.folder / "picture.png"}));
+  EXPECT_FALSE(target.performDrop({}));
+  EXPECT_THAT(d.console.lines(), IsEmpty());
+
+  ASSERT_EQ(setenv("TMPDIR", (d.folder / "staging").c_str(), 1), 0);
+  fs::create_directories(d.folder / "staging");
+  const std::vector<fs::path> files = {
+      drawing("one/A.svg"), d.folder.write("picture.png", ""),   drawing("two/A.svg"),
+      drawing("b.SVG"),     d.folder.write("latin.svg", "\xE4"), d.folder / "gone.svg"};
+  EXPECT_TRUE(drop.validateDrop(files));
+  EXPECT_TRUE(target.performDrop(files));
+  EXPECT_THAT(d.project().glyphs, IsEmpty()) << "the import comes later";
+  d.desktop.runUntil([&] { return !d.project().glyphs.empty(); });
+  unsetenv("TMPDIR");
+  EXPECT_EQ(glyphNames(d.project()), "A b");
+  EXPECT_TRUE(fs::is_empty(d.folder / "staging"));
+  const auto lines = d.console.lines();
+  const std::multiset<std::string> printed(lines.begin(), lines.end());
+  EXPECT_EQ(lines.size(), 7U);
+  EXPECT_EQ(printed.count("✓ Fresh SVG data loaded for: A.svg"), 2U);
+  EXPECT_EQ(printed.count("✓ Fresh SVG data loaded for: b.SVG"), 1U);
+  EXPECT_EQ(printed.count("✓ Fresh SVG data loaded for: latin.svg"), 1U);
+  EXPECT_EQ(printed.count("✗ Failed to read SVG: " + (d.folder / "gone.svg").string() +
+                          ": No such file or directory"),
+            1U);
+  for (const auto& line : {lines[5], lines[6]})
+    EXPECT_TRUE(line.starts_with("Failed to read SVG file: file:///")) << line;
+}
+
+TEST_F(ImportTest, FindsTheDrawingsOfAFolderByName) {
+  for (const char* name : {"b.svg", "A.SVG", "a.svg", "notes.txt", ".svg", "c.svg.bak"})
+    d.folder.write(name, "");
+  fs::create_directory(d.folder / "d.svg");
+  const auto drawings = drawingsInFolder(d.folder.path());
+  ASSERT_TRUE(drawings);
+  EXPECT_THAT(drawings.value(),
+              ElementsAre(d.folder / "A.SVG", d.folder / "a.svg", d.folder / "b.svg"));
+  const auto none = drawingsInFolder(d.folder / "none");
+  ASSERT_FALSE(none);
+  EXPECT_EQ(none.error().description(),
+            (d.folder / "none").string() + ": No such file or directory");
+}
+
+} // namespace
+} // namespace quillery::test
