@@ -1,5 +1,9 @@
 #include "app/command_line.h"
 
+#ifdef QUILLERY_HAS_WINDOW
+#include "app/ui/letterloom_app.h"
+#endif
+
 #include <csignal>
 #include <system_error>
 
@@ -17,6 +21,7 @@ quillery::ProgramPlaces programPlaces() {
   const fs::path sources = QUILLERY_DEVELOPMENT_RESOURCES;
   places.developmentExecutable = sources / "generate_font" / "generate_font";
   places.developmentScript = sources / "generate_font.py";
+  if (!places.resourceFolder) places.resourceFolder = sources;
 #endif
   return places;
 }
@@ -28,5 +33,12 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces()));
+#ifdef QUILLERY_HAS_WINDOW
+  const quillery::OpenWindow openWindow = [&](const auto& places, const auto& project) {
+    return quillery::runWindow(argc, argv, places, project);
+  };
+#else
+  const quillery::OpenWindow openWindow;
+#endif
+  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces(), openWindow));
 }

@@ -14,6 +14,7 @@ void UndoManager::endGroup() {
   assert(depth_ > 0);
   if (--depth_ > 0 || open_.steps.empty()) return;
   receiving().push_back(std::exchange(open_, {}));
+  if (mode_ == Mode::recording) changed.emit();
 }
 
 void UndoManager::registerUndo(Step step) {
@@ -23,6 +24,7 @@ void UndoManager::registerUndo(Step step) {
   } else {
     receiving().push_back({"", {}});
     receiving().back().steps.push_back(std::move(step));
+    if (mode_ == Mode::recording) changed.emit();
   }
 }
 
@@ -50,12 +52,14 @@ void UndoManager::perform(std::vector<Group>& from, Mode mode) {
   std::for_each(group.steps.rbegin(), group.steps.rend(), [](const Step& step) { step(); });
   endGroup();
   mode_ = Mode::recording;
+  changed.emit();
 }
 
 void UndoManager::removeAllActions() {
   undo_.clear();
   redo_.clear();
   open_.steps.clear();
+  changed.emit();
 }
 
 } // namespace quillery

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/signal.h"
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -42,6 +44,9 @@ public:
   void redo();
 
   void removeAllActions();
+
+  /// What can be undone or redone may have changed. Silent while steps are performed.
+  Signal<> changed;
 
 private:
   struct Group {

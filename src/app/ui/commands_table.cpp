@@ -1,0 +1,70 @@
+#include "app/ui/commands_table.h"
+
+#include "svg/svg_import.h"
+
+#include <QCoreApplication>
+
+namespace quillery {
+namespace {
+
+QString tr(const char* text) {
+  return QCoreApplication::translate("Commands", text);
+}
+
+} // namespace
+
+std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlow,
+                                  CommandTargets targets) {
+  using Menu = Command::Menu;
+  const auto always = [] { return true; };
+  const auto hasGlyphs = [&manager] { return !manager.currentProject().glyphs.empty(); };
+  const auto hasSelection = [&manager] { return !manager.selectedGlyphIds().empty(); };
+  std::vector<Command> table;
+  const auto add = [&](Menu menu, const char* id, const QString& title,
+                       const QKeySequence& shortcut, std::function<bool()> isEnabled,
+                       std::function<void()> run) {
+    table.push_back(
+        {menu, QString::fromLatin1(id), title, shortcut, std::move(isEnabled), std::move(run)});
+  };
+  const auto divider = [&](Menu menu) { table.push_back({menu, {}, {}, {}, always, nullptr}); };
+
+  add(Menu::file, "newProject", tr("New Project"), Qt::CTRL | Qt::Key_N, always,
+      [&] { manager.newProject(); });
+  add(Menu::file, "importDrawings", tr("Import SVG..."), Qt::CTRL | Qt::Key_I, always,
+      [&] { importSVG(manager); });
+  divider(Menu::file);
+  add(Menu::file, "save", tr("Save"), Qt::CTRL | Qt::Key_S, always, [&] { manager.saveProject(); });
+  add(Menu::file, "saveAs", tr("Save As..."), Qt::CTRL | Qt::SHIFT | Qt::Key_S, always,
+      [&] { manager.saveProjectAs(); });
+  add(Menu::file, "openProject", tr("Open Project..."), Qt::CTRL | Qt::Key_O, always,
+      [&] { manager.openProject(); });
+  table.push_back(
+      {Menu::file, QStringLiteral("openRecent"), tr("Open Recent"), {}, always, nullptr, true});
+  divider(Menu::file);
+  add(Menu::file, "exportFont", tr("Export Font..."), Qt::CTRL | Qt::Key_E, hasGlyphs,
+      [&] { exportFlow.exportFont(); });
+  divider(Menu::file);
+  add(Menu::file, "quit", tr("Quit"), Qt::CTRL | Qt::Key_Q, always, targets.quit);
+
+  add(
+      Menu::edit, "undo", tr("Undo"), Qt::CTRL | Qt::Key_Z,
+      [&] { return manager.undoManager().canUndo(); }, [&] { manager.undo(); });
+  add(
+      Menu::edit, "redo", tr("Redo"), Qt::CTRL | Qt::SHIFT | Qt::Key_Z,
+      [&] { return manager.undoManager().canRedo(); }, [&] { manager.redo(); });
+  divider(Menu::edit);
+  add(Menu::edit, "selectAll", tr("Select All Glyphs"), {}, hasGlyphs,
+      [&] { manager.selectAllGlyphs(); });
+  add(Menu::edit, "clearSelection", tr("Clear Selection"), Qt::CTRL | Qt::Key_Escape, hasSelection,
+      [&] { manager.clearSelection(); });
+  divider(Menu::edit);
+  add(Menu::edit, "deleteSelected", tr("Delete Selected"), Qt::CTRL | Qt::Key_Backspace,
+      hasSelection, [&] { manager.deleteSelectedGlyphs(); });
+
+  add(Menu::help, "help", tr("Quillery Help"), Qt::CTRL | Qt::Key_Question, always,
+      targets.openHelp);
+  add(Menu::help, "licenses", tr("Third-Party Licenses..."), {}, always, targets.showLicenses);
+  return table;
+}
+
+} // namespace quillery

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "export/export_flow.h"
+#include "project/project_manager.h"
+
+#include <QKeySequence>
+#include <QString>
+#include <functional>
+#include <vector>
+
+namespace quillery {
+
+/// A command of the program, as menus, shortcuts and tests know it.
+struct Command {
+  enum class Menu { file, edit, help };
+
+  Menu menu;
+  QString id;    ///< the object name of its action
+  QString title; ///< empty for a divider
+  QKeySequence shortcut;
+  std::function<bool()> isEnabled;
+  std::function<void()> run;
+  bool isOpenRecent = false; ///< the place of that submenu
+};
+
+/// What commands reach that is neither the project nor the export.
+struct CommandTargets {
+  std::function<void()> showLicenses;
+  std::function<void()> openHelp;
+  std::function<void()> quit;
+};
+
+/// Every command, menu by menu in their order.
+std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlow,
+                                  CommandTargets targets);
+
+} // namespace quillery

@@ -1,0 +1,83 @@
+#include "app/ui/empty_state_view.h"
+
+#include "desktop/icons.h"
+#include "desktop/theme.h"
+#include "svg/svg_import.h"
+#include "svg/ui/dropped_files.h"
+
+#include <QBoxLayout>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+
+namespace quillery {
+namespace {
+
+constexpr int kSymbolSize = 64;
+constexpr int kSpacing = 20;
+
+class SymbolLabel : public QWidget {
+public:
+  SymbolLabel(Symbol symbol, int size, QWidget* parent) : QWidget(parent), symbol_(symbol) {
+    setFixedSize(size, size);
+  }
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    paintSymbol(painter, symbol_, rect(), themeColor(Role::textSecondary));
+  }
+
+private:
+  Symbol symbol_;
+};
+
+QLabel* text(const QString& words, TextStyle style, Role role, QWidget* parent) {
+  auto* label = new QLabel(words, parent);
+  label->setFont(Theme::current().font(style));
+  label->setAlignment(Qt::AlignCenter);
+  if (role == Role::textSecondary) label->setForegroundRole(QPalette::PlaceholderText);
+  return label;
+}
+
+} // namespace
+
+EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent)
+    : QWidget(parent), drops_(manager) {
+  setObjectName(QStringLiteral("emptyState"));
+  setAcceptDrops(true);
+  auto* column = new QVBoxLayout(this);
+  column->setSpacing(kSpacing);
+  column->addStretch(1);
+  column->addWidget(new SymbolLabel(Symbol::documentImage, kSymbolSize, this), 0, Qt::AlignCenter);
+  column->addWidget(text(tr("No Glyphs Yet"), TextStyle::title, Role::text, this));
+
+  auto* import = new QPushButton(tr("Import SVGs..."), this);
+  import->setObjectName(QStringLiteral("importDrawings"));
+  import->setDefault(true);
+  import->setMinimumHeight(grid::largeControlHeight);
+  connect(import, &QPushButton::clicked, this, [&manager] { importSVG(manager); });
+  column->addWidget(import, 0, Qt::AlignCenter);
+  column->addWidget(
+      text(tr("or drag and drop files here"), TextStyle::caption, Role::textSecondary, this));
+
+  column->addSpacing(grid::unit);
+  column->addWidget(
+      text(tr("New to Quillery?"), TextStyle::subheadline, Role::textSecondary, this));
+  auto* sample = new QPushButton(tr("Open Sample Project"), this);
+  sample->setObjectName(QStringLiteral("openSample"));
+  connect(sample, &QPushButton::clicked, this, [&manager] { manager.openSampleProject(); });
+  column->addWidget(sample, 0, Qt::AlignCenter);
+  column->addStretch(1);
+}
+
+void EmptyStateView::dragEnterEvent(QDragEnterEvent* event) {
+  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
+}
+
+void EmptyStateView::dropEvent(QDropEvent* event) {
+  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
+}
+
+} // namespace quillery

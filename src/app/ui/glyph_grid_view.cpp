@@ -1,0 +1,98 @@
+#include "app/ui/glyph_grid_view.h"
+
+#include "desktop/icons.h"
+#include "desktop/theme.h"
+
+#include <QActionGroup>
+#include <QBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QSlider>
+#include <QToolButton>
+
+namespace quillery {
+namespace {
+
+constexpr int kLeastCard = 80;
+constexpr int kGreatestCard = 200;
+constexpr int kCardStep = 10;
+constexpr int kFirstCard = 120;
+constexpr int kSliderWidth = 120;
+
+QString title(GlyphSortOrder order) {
+  const std::string_view text = label(order);
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QLabel* symbolLabel(Symbol symbol, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setPixmap(icon(symbol, Role::textSecondary).pixmap(grid::iconSize));
+  return label;
+}
+
+} // namespace
+
+GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
+    : QWidget(parent), cards_(new GlyphCardArea(manager, this)), sortButton_(new QToolButton(this)),
+      sizeSlider_(new QSlider(Qt::Horizontal, this)) {
+  setObjectName(QStringLiteral("glyphGrid"));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(makeHeader());
+  column->addWidget(cards_, 1);
+  setTabOrder(sortButton_, sizeSlider_);
+  setTabOrder(sizeSlider_, cards_);
+}
+
+QWidget* GlyphGridView::makeHeader() {
+  auto* header = new QWidget(this);
+  auto* row = new QHBoxLayout(header);
+  row->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::gap);
+  row->setSpacing(grid::unit);
+
+  auto* heading = new QLabel(tr("Glyphs"), header);
+  QFont font = Theme::current().font(TextStyle::title);
+  font.setBold(true);
+  heading->setFont(font);
+  row->addWidget(heading);
+  row->addStretch(1);
+
+  sortButton_->setObjectName(QStringLiteral("sortMenu"));
+  sortButton_->setAccessibleName(tr("Sort order"));
+  sortButton_->setPopupMode(QToolButton::InstantPopup);
+  sortButton_->setAutoRaise(true);
+  auto* menu = new QMenu(sortButton_);
+  auto* group = new QActionGroup(menu);
+  for (const GlyphSortOrder order : kGlyphSortOrders) {
+    QAction* action = menu->addAction(title(order));
+    action->setCheckable(true);
+    action->setChecked(order == cards_->sortOrder());
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, order] { setSortOrder(order); });
+  }
+  sortButton_->setMenu(menu);
+  setSortOrder(cards_->sortOrder());
+  row->addWidget(sortButton_);
+  row->addSpacing(grid::unit);
+
+  sizeSlider_->setObjectName(QStringLiteral("cardSize"));
+  sizeSlider_->setAccessibleName(tr("Card size"));
+  sizeSlider_->setFixedWidth(kSliderWidth);
+  sizeSlider_->setRange(kLeastCard / kCardStep, kGreatestCard / kCardStep);
+  sizeSlider_->setPageStep(1);
+  sizeSlider_->setValue(kFirstCard / kCardStep);
+  connect(sizeSlider_, &QSlider::valueChanged, this,
+          [this](int step) { cards_->setCardSize(step * kCardStep); });
+  row->addWidget(symbolLabel(Symbol::gridSmall, header));
+  row->addWidget(sizeSlider_);
+  row->addWidget(symbolLabel(Symbol::gridLarge, header));
+  return header;
+}
+
+void GlyphGridView::setSortOrder(GlyphSortOrder order) {
+  sortButton_->setText(tr("Sort: ") + title(order));
+  cards_->setSortOrder(order);
+}
+
+} // namespace quillery

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/command_line.h"
+
+#include <optional>
+
+namespace quillery {
+
+/// Runs the program with its window until the user quits, on `project` when one is given.
+ExitStatus runWindow(int& argc, char** argv, const ProgramPlaces& places,
+                     const std::optional<std::filesystem::path>& project);
+
+} // namespace quillery

@@ -1,0 +1,69 @@
+#include "app/ui/licenses_view.h"
+
+#include "base/file.h"
+#include "desktop/icons.h"
+#include "desktop/theme.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace quillery {
+namespace {
+
+constexpr QSize kSize(640, 560);
+
+QWidget* unavailable(QWidget* parent) {
+  auto* widget = new QWidget(parent);
+  auto* column = new QVBoxLayout(widget);
+  auto* symbol = new QLabel(widget);
+  symbol->setPixmap(
+      icon(Symbol::exclamationTriangle, Role::textSecondary).pixmap(grid::largeControlHeight));
+  auto* words = new QLabel(LicensesView::tr("Unable to load license information"), widget);
+  column->addStretch(1);
+  column->addWidget(symbol, 0, Qt::AlignCenter);
+  column->addWidget(words, 0, Qt::AlignCenter);
+  column->addStretch(1);
+  return widget;
+}
+
+} // namespace
+
+LicensesView::LicensesView(const std::optional<std::filesystem::path>& resourceFolder,
+                           QWidget* parent)
+    : QDialog(parent, Qt::Sheet) {
+  setObjectName(QStringLiteral("licenses"));
+  setWindowModality(Qt::WindowModal);
+  setWindowTitle(tr("Third-Party Software Licenses"));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
+  column->setSpacing(grid::unit);
+  auto* title = new QLabel(tr("Third-Party Software Licenses"), this);
+  title->setFont(Theme::current().font(TextStyle::title));
+  column->addWidget(title);
+  auto* subtitle = new QLabel(tr("Quillery includes the following open-source components"), this);
+  subtitle->setForegroundRole(QPalette::PlaceholderText);
+  column->addWidget(subtitle);
+  column->addSpacing(grid::unit);
+
+  FileBytes bytes;
+  if (resourceFolder && readFile(*resourceFolder / "THIRD_PARTY_LICENSES.txt", bytes)) {
+    auto* text = new QPlainTextEdit(this);
+    text->setObjectName(QStringLiteral("licenseText"));
+    text->setAccessibleName(tr("Licenses"));
+    text->setReadOnly(true);
+    text->setPlainText(QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    column->addWidget(text, 1);
+  } else {
+    column->addWidget(unavailable(this), 1);
+  }
+  auto* done = new QPushButton(tr("Done"), this);
+  done->setObjectName(QStringLiteral("done"));
+  done->setDefault(true);
+  connect(done, &QPushButton::clicked, this, &QDialog::accept);
+  column->addWidget(done, 0, Qt::AlignRight);
+  resize(kSize);
+}
+
+} // namespace quillery

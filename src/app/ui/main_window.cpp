@@ -1,0 +1,187 @@
+#include "app/ui/main_window.h"
+
+#include "app/ui/empty_state_view.h"
+#include "app/ui/glyph_grid_view.h"
+#include "app/ui/licenses_view.h"
+#include "app/ui/project_sidebar.h"
+#include "desktop/widgets.h"
+#include "export/ui/export_progress_view.h"
+#include "svg/ui/dropped_files.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QToolBar>
+
+namespace quillery {
+namespace {
+
+using What = ProjectChange::What;
+namespace fs = std::filesystem;
+
+constexpr QSize kLeastSize(900, 600);
+constexpr QSize kFirstSize(1200, 800);
+
+enum Page { kEmptyPage, kGlyphsPage };
+
+std::optional<fs::path> droppedProject(const QMimeData& data) {
+  const auto files = droppedFiles(data);
+  if (files.size() != 1 || files.front().extension() != std::string(".") + kProjectExtension)
+    return std::nullopt;
+  return files.front();
+}
+
+} // namespace
+
+MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentProjects,
+                       ExportFlow& exportFlow)
+    : manager_(manager), recentProjects_(recentProjects),
+      commands_(
+          commandTable(manager, exportFlow,
+                       {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); }})),
+      pages_(new QStackedWidget(this)), grid_(new GlyphGridView(manager, this)),
+      projectConnection_(
+          manager.changed.connect([this](const ProjectChange& change) { projectChanged(change); })),
+      recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
+      undoConnection_(manager.undoManager().changed.connect([this] { enableCommands(); })) {
+  setObjectName(QStringLiteral("mainWindow"));
+  setMinimumSize(kLeastSize);
+  resize(kFirstSize);
+  setAcceptDrops(true);
+  setContextMenuPolicy(Qt::NoContextMenu);
+
+  auto* body = new QWidget(this);
+  auto* row = new QHBoxLayout(body);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(new ProjectSidebar(manager, exportFlow, body));
+  row->addWidget(makeSeparator(Qt::Vertical, body));
+  pages_->addWidget(new EmptyStateView(manager, pages_));
+  pages_->addWidget(grid_);
+  row->addWidget(pages_, 1);
+  setCentralWidget(body);
+
+  makeMenus();
+  makeToolBar();
+  new ExportProgressView(manager, exportFlow, this);
+  showTitle();
+  showWorkArea();
+  enableCommands();
+}
+
+void MainWindow::makeMenus() {
+  QMenu* menus[] = {menuBar()->addMenu(tr("&File")), menuBar()->addMenu(tr("&Edit")),
+                    menuBar()->addMenu(tr("&Help"))};
+  for (std::size_t i = 0; i < commands_.size(); ++i) {
+    const Command& command = commands_[i];
+    QMenu* menu = menus[static_cast<int>(command.menu)];
+    if (command.title.isEmpty()) {
+      menu->addSeparator();
+      continue;
+    }
+    if (command.isOpenRecent) {
+      recentMenu_ = menu->addMenu(command.title);
+      recentMenu_->setObjectName(command.id);
+      fillRecentMenu();
+      continue;
+    }
+    QAction* action = menu->addAction(command.title);
+    action->setObjectName(command.id);
+    action->setShortcut(command.shortcut);
+    connect(action, &QAction::triggered, this, [this, i] { commands_[i].run(); });
+    actions_.emplace_back(action, i);
+  }
+}
+
+void MainWindow::makeToolBar() {
+  auto* bar = new QToolBar(this);
+  bar->setObjectName(QStringLiteral("toolBar"));
+  bar->setMovable(false);
+  title_ = new TextLabel({}, TextStyle::headline, Role::text, bar);
+  title_->setObjectName(QStringLiteral("projectTitle"));
+  bar->addWidget(title_);
+  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), Badge::Tone::success, bar);
+  savedBadge_->setObjectName(QStringLiteral("savedBadge"));
+  savedBadge_->setPresented(false);
+  bar->addWidget(savedBadge_);
+  addToolBar(bar);
+}
+
+void MainWindow::fillRecentMenu() {
+  if (!recentMenu_) return;
+  recentMenu_->clear();
+  const auto& files = recentProjects_.recentProjects();
+  if (files.empty()) {
+    recentMenu_->addAction(tr("No Recent Projects"))->setEnabled(false);
+    return;
+  }
+  for (const fs::path& file : files) {
+    // An ampersand would underline the letter behind it.
+    QString title =
+        QString::fromStdString(file.stem().string()).replace(u'&', QStringLiteral("&&"));
+    connect(recentMenu_->addAction(title), &QAction::triggered, this,
+            [this, file] { manager_.openRecentProject(file); });
+  }
+  recentMenu_->addSeparator();
+  connect(recentMenu_->addAction(tr("Clear Recent Projects")), &QAction::triggered, this,
+          [this] { recentProjects_.clearRecentProjects(); });
+}
+
+void MainWindow::projectChanged(const ProjectChange& change) {
+  switch (change.what) {
+  case What::project:
+  case What::file:
+    showTitle();
+    break;
+  case What::savedBadge:
+    return savedBadge_->setPresented(manager_.showSavedBadge());
+  default:
+    break;
+  }
+  showWorkArea();
+  enableCommands();
+}
+
+void MainWindow::showTitle() {
+  const QString name = manager_.currentProjectURL()
+                           ? QString::fromStdString(manager_.projectDisplayName())
+                           : QStringLiteral("SVG Letterloom");
+  title_->setText(QStringLiteral("Quillery - ") + name);
+  setWindowTitle(title_->text());
+}
+
+void MainWindow::showWorkArea() {
+  const int page = manager_.currentProject().glyphs.empty() ? kEmptyPage : kGlyphsPage;
+  if (pages_->currentIndex() != page) pages_->setCurrentIndex(page);
+}
+
+void MainWindow::enableCommands() {
+  for (const auto& [action, command] : actions_) action->setEnabled(commands_[command].isEnabled());
+}
+
+void MainWindow::showLicenses() {
+  auto* licenses = new LicensesView(manager_.desktop().resourceFolder(), this);
+  licenses->setAttribute(Qt::WA_DeleteOnClose);
+  licenses->open();
+}
+
+void MainWindow::openHelp() {
+  if (const auto resources = manager_.desktop().resourceFolder())
+    manager_.desktop().openWebPage(fileUrl(*resources / "help" / "index.html"));
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (droppedProject(*event->mimeData())) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const auto file = droppedProject(*event->mimeData());
+  if (!file) return;
+  event->acceptProposedAction();
+  manager_.openRecentProject(*file);
+}
+
+} // namespace quillery

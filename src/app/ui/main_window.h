@@ -1,0 +1,56 @@
+#pragma once
+
+#include "app/ui/commands_table.h"
+#include "project/recent_projects_manager.h"
+
+#include <QMainWindow>
+
+class QMenu;
+class QStackedWidget;
+
+namespace quillery {
+
+class Badge;
+class GlyphGridView;
+class SegmentedControl;
+class TextLabel;
+
+/// The one window: sidebar, work area, tool bar and menus.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+public:
+  MainWindow(ProjectManager& manager, RecentProjectsManager& recentProjects,
+             ExportFlow& exportFlow);
+
+  GlyphGridView& grid() { return *grid_; }
+
+protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+private:
+  void makeMenus();
+  void makeToolBar();
+  void fillRecentMenu();
+  void projectChanged(const ProjectChange& change);
+  void showTitle();
+  void showWorkArea();
+  void enableCommands();
+  void showLicenses();
+  void openHelp();
+
+  ProjectManager& manager_;
+  RecentProjectsManager& recentProjects_;
+  std::vector<Command> commands_;
+  std::vector<std::pair<QAction*, std::size_t>> actions_; // with places in commands_
+  QMenu* recentMenu_ = nullptr;
+  TextLabel* title_ = nullptr;
+  Badge* savedBadge_ = nullptr;
+  QStackedWidget* pages_;
+  GlyphGridView* grid_;
+  Connection projectConnection_;
+  Connection recentConnection_;
+  Connection undoConnection_;
+};
+
+} // namespace quillery

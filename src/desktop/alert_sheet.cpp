@@ -1,0 +1,172 @@
+#include "desktop/alert_sheet.h"
+
+#include "desktop/icons.h"
+#include "desktop/theme.h"
+#include "desktop/widgets.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+namespace quillery {
+namespace {
+
+constexpr int kTextWidth = 400;
+constexpr int kMostTextHeight = 320;
+constexpr int kSymbolSize = 40;
+
+struct Mark {
+  const char16_t* text;
+  Role role;
+};
+
+// Messages mark findings with coloured circles that only fonts with pictures have. A plain circle
+// in the colour is in every font, and it looks like the rest of the window.
+constexpr std::array<Mark, 3> kMarks = {{
+    {u"\U0001F534", Role::danger},
+    {u"\U0001F7E1", Role::warning},
+    {u"\U0001F535", Role::accentForeground},
+}};
+
+/// The message with its marks as coloured circles and the words behind them as headings; empty when
+/// there are none.
+QString withMarks(const QString& message) {
+  bool found = false;
+  QStringList lines = message.split(QLatin1Char('\n'));
+  for (QString& line : lines) {
+    line = line.toHtmlEscaped();
+    for (const Mark& mark : kMarks) {
+      const QString text = QString::fromUtf16(mark.text);
+      if (!line.startsWith(text)) continue;
+      found = true;
+      line = QStringLiteral("<span style=\"color:%1\">\u25CF</span> <span style=\"color:%2; "
+                            "font-weight:600\">%3</span>")
+                 .arg(themeColor(mark.role).name(), themeColor(Role::text).name(),
+                      line.mid(text.size()).trimmed());
+    }
+  }
+  return found ? lines.join(QLatin1String("<br>")) : QString();
+}
+
+std::pair<Symbol, Role> symbolOf(Alert::Style style) {
+  switch (style) {
+  case Alert::Style::informational:
+    return {Symbol::infoCircleFill, Role::accentForeground};
+  case Alert::Style::warning:
+    return {Symbol::exclamationTriangleFill, Role::warning};
+  case Alert::Style::critical:
+    return {Symbol::exclamationCircleFill, Role::danger};
+  }
+  return {Symbol::infoCircleFill, Role::accentForeground};
+}
+
+class SymbolView : public QWidget {
+public:
+  SymbolView(Symbol symbol, Role role, QWidget* parent)
+      : QWidget(parent), symbol_(symbol), role_(role) {
+    setFixedSize(kSymbolSize, kSymbolSize);
+  }
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    paintSymbol(painter, symbol_, rect(), themeColor(role_));
+  }
+
+private:
+  Symbol symbol_;
+  Role role_;
+};
+
+/// The message at its width, in a scroll area when it is long: a generator can fail at length.
+QWidget* makeMessage(const QString& text, QWidget* parent) {
+  auto* const message = new TextLabel(text, TextStyle::body, Role::textSecondary, parent);
+  message->setObjectName(QStringLiteral("alertMessage"));
+  message->setAccessibleName(text);
+  message->setWordWrap(true);
+  message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+  const auto show = [message, text] {
+    const QString rich = withMarks(text);
+    message->setTextFormat(rich.isEmpty() ? Qt::PlainText : Qt::RichText);
+    message->setText(rich.isEmpty() ? text : rich);
+  };
+  show();
+  QObject::connect(&Theme::current(), &Theme::changed, message, show);
+  message->setFixedWidth(kTextWidth);
+  const int height = message->heightForWidth(kTextWidth);
+  message->setMinimumHeight(height);
+  if (height <= kMostTextHeight) return message;
+  auto* const area = new QScrollArea(parent);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->viewport()->setAutoFillBackground(false);
+  area->setWidget(message);
+  message->setAutoFillBackground(false);
+  area->setFixedSize(kTextWidth + area->verticalScrollBar()->sizeHint().width() + grid::half,
+                     kMostTextHeight);
+  return area;
+}
+
+} // namespace
+
+AlertSheet::AlertSheet(const Alert& alert, QWidget* parent)
+    : QDialog(parent), buttonCount_(static_cast<int>(alert.buttons.size())) {
+  const QString title = QString::fromStdString(alert.title);
+  setObjectName(QStringLiteral("alert"));
+  setWindowTitle(title);
+  setAccessibleName(title);
+  // A sheet has one size: nothing to enlarge or to minimize.
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                 Qt::WindowCloseButtonHint);
+
+  const auto [symbol, role] = symbolOf(alert.style);
+  auto* const titleLabel = new TextLabel(title, TextStyle::headline, Role::text, this);
+  titleLabel->setObjectName(QStringLiteral("alertTitle"));
+  titleLabel->setWordWrap(true);
+  titleLabel->setFixedWidth(kTextWidth);
+
+  auto* const words = new QVBoxLayout;
+  words->setSpacing(grid::unit);
+  words->addWidget(titleLabel);
+  if (!alert.message.empty())
+    words->addWidget(makeMessage(QString::fromStdString(alert.message), this));
+  words->addStretch();
+
+  auto* const content = new QHBoxLayout;
+  content->setSpacing(grid::margin);
+  content->addWidget(new SymbolView(symbol, role, this), 0, Qt::AlignTop);
+  content->addLayout(words);
+
+  auto* const buttons = new QHBoxLayout;
+  buttons->setSpacing(grid::unit);
+  buttons->addStretch();
+  for (int index = 0; index < buttonCount_; ++index) {
+    auto* const button = new QPushButton(
+        QString::fromStdString(alert.buttons[static_cast<std::size_t>(index)]), this);
+    button->setObjectName(QStringLiteral("alertButton%1").arg(index));
+    button->setAccessibleName(button->text());
+    button->setDefault(index == 0);
+    connect(button, &QPushButton::clicked, this, [this, index] { done(index); });
+    buttons->addWidget(button);
+    if (index == 0) button->setFocus();
+  }
+
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(grid::section, grid::section, grid::section, grid::section);
+  column->setSpacing(grid::section);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->addLayout(content);
+  column->addLayout(buttons);
+}
+
+void AlertSheet::reject() {
+  done(std::max(0, buttonCount_ - 1));
+}
+
+} // namespace quillery

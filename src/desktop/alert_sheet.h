@@ -1,0 +1,23 @@
+#pragma once
+
+#include "project/desktop.h"
+
+#include <QDialog>
+
+namespace quillery {
+
+/// An alert as a sheet of its window: symbol, title, message, buttons in the alert's order. Return
+/// presses the first, Escape and closing the sheet the last. The result of the dialog is the index
+/// of the button. Object names: "alertTitle", "alertMessage", "alertButton0", ...
+class AlertSheet : public QDialog {
+  Q_OBJECT
+public:
+  explicit AlertSheet(const Alert& alert, QWidget* parent = nullptr);
+
+  void reject() override;
+
+private:
+  int buttonCount_ = 0;
+};
+
+} // namespace quillery

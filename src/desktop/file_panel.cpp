@@ -1,0 +1,208 @@
+#include "desktop/file_panel.h"
+
+#include "desktop/alert_sheet.h"
+#include "desktop/file_names.h"
+#include "desktop/theme.h"
+#include "export/export_format.h"
+
+#include <QComboBox>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSplitter>
+#include <algorithm>
+
+namespace quillery {
+namespace {
+
+std::filesystem::path pathOf(const QString& file) {
+  return QFile::encodeName(file).toStdString();
+}
+
+/// Takes a part of the dialog out of sight for good.
+void putAway(QWidget* part) {
+  if (part) part->setVisible(false);
+}
+
+} // namespace
+
+FilePanel::FilePanel(const OpenPanelSettings& settings, const QString& folder, QWidget* parent,
+                     std::function<void(Files)> completion)
+    : QFileDialog(parent, QString(), folder), completion_(std::move(completion)) {
+  setObjectName(QStringLiteral("openPanel"));
+  setAcceptMode(AcceptOpen);
+  setFileMode(settings.multipleSelection ? ExistingFiles : ExistingFile);
+  begin(settings.message, QString::fromStdString(settings.extension));
+}
+
+FilePanel::FilePanel(const SavePanelSettings& settings, const QString& folder, QWidget* parent,
+                     std::function<void(Files)> completion)
+    : QFileDialog(parent, QString(), folder), completion_(std::move(completion)) {
+  setObjectName(QStringLiteral("savePanel"));
+  setAcceptMode(AcceptSave);
+  setFileMode(AnyFile);
+  const QString extension = QString::fromStdString(settings.extension);
+  begin(settings.message, extension);
+  if (settings.formats) addFormats(*settings.formats);
+  const QString proposed = QString::fromStdString(settings.proposedName);
+  const bool nameless = proposed == QLatin1Char('.') + extension;
+  QString name = nameless ? QString() : usableFileName(proposed);
+  if (name.isEmpty()) name = tr("Untitled");
+  selectFile(withExtension(name, extension, {}));
+  if (nameField_) setExtension(extension);
+}
+
+void FilePanel::begin(const std::string& message, const QString& extension) {
+  extension_ = extension;
+  setWindowTitle(QString::fromStdString(message));
+  setAccessibleName(windowTitle());
+  if (!extension.isEmpty()) {
+    setNameFilter(nameFilterOf(extension));
+    setDefaultSuffix(extension);
+  }
+  setOption(HideNameFilterDetails);
+  resize(720, 520);
+  setAttribute(Qt::WA_DeleteOnClose);
+  connect(this, &QDialog::finished, this, &FilePanel::finish);
+}
+
+void FilePanel::addFormats(const FormatChooser& formats) {
+  setOption(DontUseNativeDialog);
+  for (const ExportFormat& format : kExportFormats)
+    otherExtensions_ << QString::fromLatin1(format.extension);
+  nameField_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+
+  auto* const pop = new QComboBox(this);
+  pop->setObjectName(QStringLiteral("formatPopup"));
+  for (const std::string& title : formats.titles) pop->addItem(QString::fromStdString(title));
+  pop->setCurrentIndex(static_cast<int>(formats.selected));
+  auto* const label = new QLabel(QString::fromStdString(formats.label), this);
+  label->setObjectName(QStringLiteral("formatLabel"));
+  label->setBuddy(pop);
+  pop->setAccessibleName(label->text());
+  connect(pop, &QComboBox::currentIndexChanged, this, [changed = formats.changed](int index) {
+    if (changed && index >= 0) changed(static_cast<std::size_t>(index));
+  });
+
+  // It takes the place of the choice of file types, which would say the same less clearly.
+  putAway(findChild<QWidget*>(QStringLiteral("fileTypeLabel")));
+  auto* const types = findChild<QWidget*>(QStringLiteral("fileTypeCombo"));
+  putAway(types);
+  if (auto* const rows = qobject_cast<QGridLayout*>(layout())) {
+    const int row = rows->rowCount() - 1;
+    rows->addWidget(label, row, 0);
+    rows->addWidget(pop, row, 1);
+  }
+  if (nameField_) setTabOrder(nameField_, pop);
+}
+
+void FilePanel::arrange() {
+  setSizeGripEnabled(false);
+  if (auto* const places = findChild<QFrame*>(QStringLiteral("sidebar")))
+    places->setFrameShape(QFrame::NoFrame);
+  if (auto* const panes = findChild<QSplitter*>()) {
+    panes->setHandleWidth(grid::unit);
+    panes->setSizes({160, width() - 160});
+  }
+}
+
+void FilePanel::present() {
+  open();
+  // The desktop's own panel stands in for this widget, which stays off the screen, and asks about
+  // replacing by itself. Ours asks in `accept`, about the name with its extension.
+  if (testAttribute(Qt::WA_DontShowOnScreen)) return;
+  setOption(DontConfirmOverwrite);
+  arrange();
+}
+
+void FilePanel::setExtension(const QString& extension) {
+  const QString name = nameField_ ? nameField_->text() : QString();
+  extension_ = extension;
+  setNameFilter(nameFilterOf(extension));
+  setDefaultSuffix(extension);
+  if (!nameField_ || name.isEmpty()) return;
+  const QString renamed = withExtension(name, extension, otherExtensions_);
+  nameField_->setText(renamed);
+  // What the user would type over is the name, not the extension.
+  nameField_->setSelection(0, static_cast<int>(renamed.size() - extension.size() - 1));
+}
+
+void FilePanel::accept() {
+  if (testAttribute(Qt::WA_DontShowOnScreen)) return QFileDialog::accept();
+  const QStringList files = selectedFiles();
+  // A folder is gone into.
+  if (files.isEmpty() || QFileInfo(files.constFirst()).isDir()) return QFileDialog::accept();
+  if (acceptMode() == AcceptOpen) {
+    for (const QString& file : files) {
+      if (!QFileInfo::exists(file))
+        return tell(tr("File Not Found"), tr("There is no file “%1”. Check the name and try again.")
+                                              .arg(QFileInfo(file).fileName()));
+      if (!extension_.isEmpty() && !hasExtension(file, extension_))
+        return tell(tr("Wrong Kind of File"),
+                    tr("“%1” can't be opened here. Choose a file whose name ends in “.%2”.")
+                        .arg(QFileInfo(file).fileName(), extension_));
+    }
+    return QFileDialog::accept();
+  }
+  const QString final = withExtension(files.constFirst(), extension_, otherExtensions_);
+  if (QFileInfo::exists(final) && final != replaceable_)
+    return confirmReplacing(final, this, [this, final](bool replace) {
+      if (!replace) return;
+      replaceable_ = final;
+      accept();
+    });
+  QFileDialog::accept();
+}
+
+void FilePanel::finish(int result) {
+  const auto completion = std::exchange(completion_, nullptr);
+  if (!completion) return;
+  Files chosen;
+  if (result == Accepted) {
+    const QStringList files = selectedFiles();
+    for (const QString& file : files) {
+      if (acceptMode() == AcceptSave)
+        chosen.push_back(pathOf(withExtension(file, extension_, otherExtensions_)));
+      else if (extension_.isEmpty() || hasExtension(file, extension_))
+        chosen.push_back(pathOf(file));
+    }
+  }
+  const QString renamed = chosen.size() == 1 && acceptMode() == AcceptSave
+                              ? QFile::decodeName(chosen.front().c_str())
+                              : QString();
+  // The desktop's own panel asked about the name without the extension.
+  const bool unasked = testAttribute(Qt::WA_DontShowOnScreen) && !renamed.isEmpty() &&
+                       renamed != selectedFiles().constFirst() && QFileInfo::exists(renamed);
+  if (!unasked) return completion(std::move(chosen));
+  confirmReplacing(renamed, parentWidget(),
+                   [completion, chosen](bool replace) { completion(replace ? chosen : Files()); });
+}
+
+void FilePanel::confirmReplacing(const QString& file, QWidget* parent,
+                                 std::function<void(bool)> answered) {
+  Alert question;
+  question.title = tr("Replace “%1”?").arg(QFileInfo(file).fileName()).toStdString();
+  question.message = tr("A file of this name exists already. Replacing it overwrites its "
+                        "content.")
+                         .toStdString();
+  question.style = Alert::Style::warning;
+  question.buttons = {tr("Replace").toStdString(), tr("Cancel").toStdString()};
+  auto* const sheet = new AlertSheet(question, parent);
+  sheet->setAttribute(Qt::WA_DeleteOnClose);
+  connect(sheet, &QDialog::finished, sheet,
+          [answered = std::move(answered)](int button) { answered(button == 0); });
+  sheet->open();
+}
+
+void FilePanel::tell(const QString& title, const QString& message) {
+  Alert alert;
+  alert.title = title.toStdString();
+  alert.message = message.toStdString();
+  alert.style = Alert::Style::warning;
+  auto* const sheet = new AlertSheet(alert, this);
+  sheet->setAttribute(Qt::WA_DeleteOnClose);
+  sheet->open();
+}
+
+} // namespace quillery

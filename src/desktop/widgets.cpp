@@ -1,0 +1,192 @@
+#include "desktop/widgets.h"
+
+#include "desktop/painting.h"
+
+#include <QBoxLayout>
+#include <QPainter>
+#include <QStyle>
+#include <cmath>
+
+namespace quillery {
+
+TextLabel::TextLabel(const QString& text, TextStyle style, Role role, QWidget* parent)
+    : QLabel(text, parent), style_(style), role_(role) {
+  setTextFormat(Qt::PlainText);
+  follow();
+  connect(&Theme::current(), &Theme::changed, this, &TextLabel::follow);
+}
+
+void TextLabel::setRole(Role role) {
+  role_ = role;
+  follow();
+}
+
+void TextLabel::setTextStyle(TextStyle style) {
+  style_ = style;
+  follow();
+}
+
+void TextLabel::follow() {
+  setFont(Theme::current().font(style_));
+  QPalette colors = palette();
+  colors.setColor(QPalette::Active, QPalette::WindowText, themeColor(role_));
+  colors.setColor(QPalette::Inactive, QPalette::WindowText, themeColor(role_));
+  setPalette(colors);
+}
+
+SectionHeader::SectionHeader(const QString& title, QWidget* parent)
+    : QWidget(parent), label_(new TextLabel(title, TextStyle::headline, Role::text, this)),
+      row_(new QHBoxLayout(this)) {
+  label_->setObjectName(QStringLiteral("title"));
+  setAccessibleName(title);
+  row_->setContentsMargins(0, 0, 0, 0);
+  row_->addWidget(label_, 1);
+}
+
+void SectionHeader::setTitle(const QString& title) {
+  label_->setText(title);
+  setAccessibleName(title);
+}
+
+void SectionHeader::addTrailing(QWidget* control) {
+  row_->addWidget(control);
+}
+
+IconButton::IconButton(Symbol symbol, const QString& title, QWidget* parent)
+    : QToolButton(parent), symbol_(symbol) {
+  setAutoRaise(true);
+  setFocusPolicy(Qt::TabFocus);
+  setIconSize({grid::toolIconSize, grid::toolIconSize});
+  setToolButtonStyle(Qt::ToolButtonIconOnly);
+  setSymbol(symbol);
+  setTitle(title);
+}
+
+void IconButton::setSymbol(Symbol symbol, Role role) {
+  symbol_ = symbol;
+  setIcon(quillery::icon(symbol, role));
+}
+
+void IconButton::setTitle(const QString& title) {
+  setToolTip(title);
+  setAccessibleName(title);
+}
+
+Badge::Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidget* parent)
+    : QWidget(parent), symbol_(symbol), tone_(tone) {
+  setText(text);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  animation_.setEasingCurve(QEasingCurve::OutCubic);
+  connect(&animation_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+    presence_ = value.toDouble();
+    update();
+  });
+  connect(&Theme::current(), &Theme::changed, this, &QWidget::updateGeometry);
+}
+
+void Badge::setText(const QString& text) {
+  text_ = text;
+  setAccessibleName(text);
+  updateGeometry();
+  update();
+}
+
+void Badge::setPresented(bool presented) {
+  if (presented_ == presented) return;
+  presented_ = presented;
+  setAccessibleName(presented ? text_ : QString());
+  animation_.stop();
+  // A user who wants no motion gets none.
+  animation_.setDuration(style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this));
+  animation_.setStartValue(presence_);
+  animation_.setEndValue(presented ? 1.0 : 0.0);
+  animation_.start();
+}
+
+QSize Badge::sizeHint() const {
+  const QFontMetrics metrics(Theme::current().font(TextStyle::caption));
+  const int symbol = symbol_ ? grid::iconSize + grid::half : 0;
+  return {metrics.horizontalAdvance(text_) + symbol + 2 * grid::unit + 2,
+          std::max(metrics.height(), grid::iconSize) + grid::unit};
+}
+
+void Badge::paintEvent(QPaintEvent*) {
+  if (presence_ <= 0) return;
+  const auto [ink, fill] = [this]() -> std::pair<Role, Role> {
+    switch (tone_) {
+    case Tone::neutral:
+      return {Role::textSecondary, Role::neutralFill};
+    case Tone::success:
+      return {Role::success, Role::successFill};
+    case Tone::warning:
+      return {Role::warning, Role::warningFill};
+    case Tone::danger:
+      return {Role::danger, Role::dangerFill};
+    }
+    return {Role::text, Role::neutralFill};
+  }();
+  QPainter painter(this);
+  painter.setOpacity(presence_);
+  if (presence_ < 1) {
+    const double scale = 0.85 + 0.15 * presence_;
+    painter.translate(rect().center());
+    painter.scale(scale, scale);
+    painter.translate(-rect().center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  }
+  painting::box(painter, rect(), height() / 2.0, themeColor(fill));
+  QRectF text = QRectF(rect()).adjusted(grid::unit + 1, 0, -grid::unit - 1, 0);
+  const bool mirrored = layoutDirection() == Qt::RightToLeft;
+  if (symbol_) {
+    QRectF square(0, 0, grid::iconSize, grid::iconSize);
+    square.moveCenter(text.center());
+    mirrored ? square.moveRight(text.right()) : square.moveLeft(text.left());
+    paintSymbol(painter, *symbol_, square, themeColor(ink));
+    const double taken = grid::iconSize + grid::half;
+    mirrored ? text.adjust(0, 0, -taken, 0) : text.adjust(taken, 0, 0, 0);
+  }
+  painter.setFont(Theme::current().font(TextStyle::caption));
+  painter.setPen(themeColor(ink));
+  painter.drawText(text, Qt::AlignCenter | Qt::TextSingleLine, text_);
+}
+
+Spinner::Spinner(int size, QWidget* parent) : QWidget(parent), size_(size) {
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setAccessibleName(tr("In progress"));
+  turn_.setStartValue(0.0);
+  turn_.setEndValue(1.0);
+  turn_.setDuration(1000);
+  turn_.setLoopCount(-1);
+  connect(&turn_, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
+}
+
+void Spinner::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double width = std::max(2.0, size_ / 11.0);
+  const QRectF circle = QRectF(rect()).adjusted(width, width, -width, -width);
+  painter.setPen(QPen(themeColor(Role::track), width));
+  painter.drawEllipse(circle);
+  painter.setPen(QPen(themeColor(Role::accent), width, Qt::SolidLine, Qt::RoundCap));
+  const int start = static_cast<int>(std::lround(-turn_.currentValue().toDouble() * 360 * 16));
+  painter.drawArc(circle, start + 90 * 16, -100 * 16);
+}
+
+void Spinner::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  turn_.start();
+}
+
+void Spinner::hideEvent(QHideEvent* event) {
+  turn_.stop(); // nothing turns where nobody looks
+  QWidget::hideEvent(event);
+}
+
+QFrame* makeSeparator(Qt::Orientation orientation, QWidget* parent) {
+  auto* const line = new QFrame(parent);
+  line->setFrameShape(orientation == Qt::Horizontal ? QFrame::HLine : QFrame::VLine);
+  orientation == Qt::Horizontal ? line->setFixedHeight(1) : line->setFixedWidth(1);
+  return line;
+}
+
+} // namespace quillery

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "desktop/icons.h"
+#include "desktop/theme.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QToolButton>
+#include <QVariantAnimation>
+#include <optional>
+
+class QBoxLayout;
+
+namespace quillery {
+
+// Every control has an object name that says what it is for ("exportButton"), by which tests find
+// it, and an accessible name in the user's language. The constructors ask for what they can't
+// derive: where a control shows no text, its title is its accessible name and its tool tip.
+
+/// Text in a style of the type scale and the colour of a role.
+class TextLabel : public QLabel {
+  Q_OBJECT
+public:
+  TextLabel(const QString& text, TextStyle style, Role role = Role::text,
+            QWidget* parent = nullptr);
+
+  void setRole(Role role);
+  void setTextStyle(TextStyle style);
+
+private:
+  void follow();
+
+  TextStyle style_;
+  Role role_;
+};
+
+/// The heading of a section of a panel, with room for a control at its end. Screen readers read
+/// it as the text that it is.
+class SectionHeader : public QWidget {
+  Q_OBJECT
+public:
+  explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
+
+  QString title() const { return label_->text(); }
+  void setTitle(const QString& title);
+  /// Puts a control at the end of the row and owns it.
+  void addTrailing(QWidget* control);
+
+private:
+  TextLabel* label_;
+  QBoxLayout* row_;
+};
+
+/// A square button without a frame that shows a symbol.
+class IconButton : public QToolButton {
+  Q_OBJECT
+public:
+  IconButton(Symbol symbol, const QString& title, QWidget* parent = nullptr);
+
+  Symbol symbol() const { return symbol_; }
+  void setSymbol(Symbol symbol, Role role = Role::text);
+  /// The tool tip and the accessible name.
+  void setTitle(const QString& title);
+
+private:
+  Symbol symbol_;
+};
+
+/// A small pill of a few words with a symbol, such as "Saved!". Comes and goes with a short fade.
+class Badge : public QWidget {
+  Q_OBJECT
+public:
+  enum class Tone { neutral, success, warning, danger };
+
+  Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidget* parent = nullptr);
+
+  QString text() const { return text_; }
+  void setText(const QString& text);
+  bool isPresented() const { return presented_; }
+  /// Lets it fade and grow in, or out; it takes its room in the layout in both cases.
+  void setPresented(bool presented);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  std::optional<Symbol> symbol_;
+  QString text_;
+  Tone tone_;
+  bool presented_ = true;
+  double presence_ = 1; // 0 gone, 1 there
+  QVariantAnimation animation_;
+};
+
+/// Turns while something of unknown length goes on.
+class Spinner : public QWidget {
+  Q_OBJECT
+public:
+  explicit Spinner(int size = 32, QWidget* parent = nullptr);
+
+  QSize sizeHint() const override { return {size_, size_}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+private:
+  int size_;
+  QVariantAnimation turn_;
+};
+
+/// A line between regions.
+QFrame* makeSeparator(Qt::Orientation orientation, QWidget* parent = nullptr);
+
+} // namespace quillery

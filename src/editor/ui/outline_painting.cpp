@@ -1,0 +1,101 @@
+#include "editor/ui/outline_painting.h"
+
+#include <QCache>
+#include <QPainter>
+#include <cmath>
+
+namespace quillery {
+namespace {
+
+constexpr double kMargin = 10;
+constexpr int kMostKilobytes = 96 * 1024;
+
+// The commands are shared and never change in place, so their address tells an outline from all
+// others as long as one of its copies lives; the cache's entries hold one.
+struct Key {
+  const PathCommand* commands;
+  QSize size;
+  qreal pixelRatio;
+  QRgb color;
+
+  friend bool operator==(const Key&, const Key&) = default;
+};
+
+size_t qHash(const Key& key, size_t seed = 0) {
+  return qHashMulti(seed, key.commands, key.size.width(), key.size.height(), key.pixelRatio,
+                    key.color);
+}
+
+struct Entry {
+  Outline outline;
+  QPixmap picture;
+};
+
+QCache<Key, Entry>& cache() {
+  static QCache<Key, Entry> entries(kMostKilobytes);
+  return entries;
+}
+
+QPixmap paint(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
+              const QColor& color) {
+  QPixmap picture(size * pixelRatio);
+  picture.setDevicePixelRatio(pixelRatio);
+  picture.fill(Qt::transparent);
+  const double scale = std::min((size.width() - 2 * kMargin) / box.width,
+                                (size.height() - 2 * kMargin) / box.height);
+  if (!(scale > 0)) return picture;
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate((size.width() - box.width * scale) / 2 - box.minX() * scale,
+                    size.height() -
+                        ((size.height() - box.height * scale) / 2 - box.minY() * scale));
+  painter.scale(scale, -scale);
+  painter.fillPath(painterPath(outline), color);
+  return picture;
+}
+
+bool isFinite(Point p) {
+  return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+} // namespace
+
+QPainterPath painterPath(const Outline& outline) {
+  QPainterPath path;
+  path.setFillRule(Qt::WindingFill);
+  const auto qt = [](Point p) { return QPointF(p.x, p.y); };
+  for (const PathCommand& command : outline) {
+    const auto& p = command.points;
+    if (!isFinite(p[0]) || !isFinite(p[1]) || !isFinite(p[2])) return {};
+    switch (command.kind) {
+    case PathCommand::Kind::moveTo:
+      path.moveTo(qt(p[0]));
+      break;
+    case PathCommand::Kind::lineTo:
+      path.lineTo(qt(p[0]));
+      break;
+    case PathCommand::Kind::curveTo:
+      path.cubicTo(qt(p[0]), qt(p[1]), qt(p[2]));
+      break;
+    case PathCommand::Kind::closePath:
+      path.closeSubpath();
+      break;
+    }
+  }
+  return path;
+}
+
+QPixmap outlinePicture(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
+                       const QColor& color) {
+  const bool shown = !outline.empty() && box.width > 0 && box.height > 0 &&
+                     isFinite({box.x, box.y}) && isFinite({box.width, box.height});
+  if (!shown || size.isEmpty()) return {};
+  const Key key{outline.begin(), size, pixelRatio, color.rgba()};
+  if (const Entry* entry = cache().object(key)) return entry->picture;
+  QPixmap picture = paint(outline, box, size, pixelRatio, color);
+  const auto kilobytes = static_cast<int>(picture.width() * picture.height() * 4 / 1024 + 1);
+  cache().insert(key, new Entry{outline, picture}, kilobytes);
+  return picture;
+}
+
+} // namespace quillery

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/outline.h"
+
+#include <QColor>
+#include <QPainterPath>
+#include <QPixmap>
+
+namespace quillery {
+
+/// The outline as a path in font units, y upwards; contours that overlap are filled by winding.
+/// Empty when a coordinate is not finite: nothing is drawn rather than something wrong.
+QPainterPath painterPath(const Outline& outline);
+
+/// The outline, of which `box` is the control box, centred in an area of `size` logical pixels with
+/// 10 points of margin. Null for an outline that can't be shown: without commands, width or height,
+/// or not finite. Pictures are kept as long as there is room, for all views together.
+QPixmap outlinePicture(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
+                       const QColor& color);
+
+} // namespace quillery

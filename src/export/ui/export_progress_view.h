@@ -1,0 +1,38 @@
+#pragma once
+
+#include "export/export_flow.h"
+
+#include <QDialog>
+
+class QBoxLayout;
+class QLabel;
+
+namespace quillery {
+
+/// The sheet that shows how an export goes and ends. Can't be closed while one runs.
+class ExportProgressView : public QDialog {
+  Q_OBJECT
+public:
+  ExportProgressView(ProjectManager& manager, ExportFlow& exportFlow, QWidget* parent);
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+private:
+  void refresh();
+  void showState();
+  void addButton(const QString& title, const char* objectName, bool isDefault,
+                 void (ExportFlow::*press)());
+
+  ProjectManager& manager_;
+  ExportFlow& exportFlow_;
+  QWidget* picture_;
+  QLabel* title_;
+  QLabel* text_;
+  QBoxLayout* buttons_;
+  ExportStatus shown_;
+  Connection connection_;
+};
+
+} // namespace quillery

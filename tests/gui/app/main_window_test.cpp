@@ -1,0 +1,253 @@
+#include "app/ui/glyph_grid_view.h"
+#include "app/ui/main_window.h"
+#include "gui/desktop/gui_test.h"
+#include "support/scripted_desktop.h"
+#include "support/temporary_folder.h"
+#include "svg/svg_import.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QUrl>
+
+using namespace quillery;
+using namespace quillery::test;
+
+namespace {
+
+// A window on a scripted desktop.
+struct Program {
+  explicit Program(std::initializer_list<const char*> drawings = {}) {
+    std::vector<std::filesystem::path> files;
+    for (const char* name : drawings)
+      files.push_back(
+          folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L60 0 L60 70 Z\"/>"));
+    if (!files.empty()) importSVGFiles(manager, files);
+    manager.clearSelection();
+    window.show();
+    window.activateWindow();
+    (void)QTest::qWaitForWindowActive(&window);
+  }
+
+  QAction* action(const char* name) { return window.findChild<QAction*>(QLatin1String(name)); }
+  GlyphCardArea& cards() { return window.grid().cards(); }
+  void click(std::size_t card, Qt::KeyboardModifiers modifiers = {}) {
+    cards().updateCards();
+    QTest::mousePress(cards().viewport(), Qt::LeftButton, modifiers,
+                      cards().cardRect(card).center());
+  }
+  // Names of the selected glyphs in display order.
+  QString selected() {
+    QString names;
+    cards().updateCards();
+    for (std::size_t i = 0; i < cards().cardCount(); ++i)
+      if (cards().isSelected(i)) names += QString::fromStdString(cards().glyphOfCard(i)->name());
+    return names;
+  }
+
+  TemporaryFolder folder;
+  ScriptedDesktop desktop;
+  RecentProjectsManager recent{desktop};
+  ProjectManager manager{desktop, recent};
+  FontGenerator generator{desktop, {{}, {}, {}, {}}};
+  ExportFlow exportFlow{manager, generator};
+  MainWindow window{manager, recent, exportFlow};
+};
+
+} // namespace
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+private Q_SLOTS:
+  void init() { failOnWarnings(); }
+
+  void theEmptyStateAndTheGridTakeTurns() {
+    Program program;
+    QVERIFY(find<QWidget>("emptyState"));
+    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - SVG Letterloom"));
+    program.desktop.openAnswer = {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")};
+    QTest::mouseClick(find<QPushButton>("importDrawings"), Qt::LeftButton);
+    program.desktop.runPosted();
+    QVERIFY(!find<QWidget>("emptyState"));
+    QCOMPARE(program.selected(), QStringLiteral("A"));
+    QCOMPARE(find<QLabel>("glyphCount")->text(), QStringLiteral("1 glyphs"));
+    program.manager.deleteSelectedGlyphs();
+    QVERIFY(find<QWidget>("emptyState"));
+    program.manager.undo();
+    QVERIFY(!find<QWidget>("emptyState"));
+  }
+
+  void commandsAreEnabledWhenTheyCanDoSomething() {
+    Program program;
+    const auto enabled = [&](const char* name) { return program.action(name)->isEnabled(); };
+    for (const char* name :
+         {"exportFont", "undo", "redo", "selectAll", "clearSelection", "deleteSelected"})
+      QVERIFY2(!enabled(name), name);
+    QVERIFY(!find<QPushButton>("exportFont")->isEnabled());
+    for (const char* name :
+         {"newProject", "importDrawings", "save", "saveAs", "openProject", "help", "licenses"})
+      QVERIFY2(enabled(name), name);
+    importSVGFiles(program.manager, {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")});
+    for (const char* name : {"exportFont", "selectAll", "clearSelection", "deleteSelected"})
+      QVERIFY2(enabled(name), name);
+    program.action("deleteSelected")->trigger();
+    QVERIFY(enabled("undo") && !enabled("deleteSelected") && !enabled("exportFont"));
+    QCOMPARE(program.action("undo")->text(), QStringLiteral("Undo"));
+  }
+
+  void clicksSelectAsTheirModifiersSay() {
+    Program program{"A", "B", "C", "D", "E", "F"};
+    program.click(2);
+    program.click(5, Qt::ShiftModifier);
+    QCOMPARE(program.selected(), QStringLiteral("CDEF"));
+    program.click(3, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(program.selected(), QStringLiteral("CEF"));
+    program.click(0);
+    QCOMPARE(program.selected(), QStringLiteral("A"));
+  }
+
+  void keysMoveTheSelectionAndFindGlyphs() {
+    Program program{"A", "B", "a10", "a9", "exclam"};
+    program.cards().setFocus();
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+      QTest::keyClick(&program.cards(), key, modifiers);
+    };
+    press(Qt::Key_Right);
+    QCOMPARE(program.selected(), QStringLiteral("exclam"));
+    press(Qt::Key_End);
+    press(Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(program.manager.selectedGlyphIds().size(), 2U);
+    press(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(program.manager.selectedGlyphIds().size(), 5U);
+    QTest::keyClicks(&program.cards(), QStringLiteral("!"));
+    QCOMPARE(program.selected(), QStringLiteral("exclam"));
+  }
+
+  void selectAllInAFieldIsTheFieldsOwn() {
+    Program program{"A", "B"};
+    auto* field = find<QLineEdit>("fontName");
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(program.selected(), QString());
+    QCOMPARE(field->selectedText(), QStringLiteral("My Font"));
+  }
+
+  void aFieldsEditIsOneStep() {
+    Program program{"A"};
+    auto* field = find<QLineEdit>("ascender");
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("65"));
+    QCOMPARE(program.manager.currentProject().ascender, 65.0);
+    QVERIFY(!program.manager.undoManager().canUndo());
+    program.cards().setFocus();
+    QCOMPARE(program.manager.undoManager().undoActionName(), std::string("Change Ascender"));
+    program.action("undo")->trigger();
+    QCOMPARE(field->text(), QStringLiteral("800"));
+    QVERIFY(program.action("redo")->isEnabled());
+  }
+
+  void theRecentMenuFollowsTheList() {
+    Program program{"A"};
+    auto* menu = program.window.findChild<QMenu*>(QStringLiteral("openRecent"));
+    QCOMPARE(menu->actions().size(), 1);
+    QCOMPARE(menu->actions().first()->text(), QStringLiteral("No Recent Projects"));
+    QVERIFY(!menu->actions().first()->isEnabled());
+    const auto file = program.folder / "R&D, \"x\".fontproj";
+    QVERIFY(program.manager.saveProjectTo(file).ok());
+    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - R&D, \"x\""));
+    QCOMPARE(menu->actions().first()->text(), QStringLiteral("R&&D, \"x\""));
+    program.action("newProject")->trigger();
+    menu->actions().first()->trigger();
+    QCOMPARE(program.manager.currentProjectURL(), std::optional(file));
+    menu->actions().last()->trigger();
+    QCOMPARE(menu->actions().first()->text(), QStringLiteral("No Recent Projects"));
+  }
+
+  void dropsOfDrawingsAreImportedAndOthersRefused() {
+    Program program{"A"};
+    const auto drop = [&](const std::filesystem::path& file) {
+      QMimeData data;
+      data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
+                    QUrl(QStringLiteral("https://example.org/B.svg"))});
+      QWidget* target = program.cards().viewport();
+      QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(target, &enter);
+      if (!enter.isAccepted()) return false;
+      QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(target, &event);
+      return event.isAccepted();
+    };
+    QVERIFY(!drop(program.folder.write("notes.txt", "x")));
+    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>")));
+    program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
+    QCOMPARE(program.selected(), QStringLiteral("C d"));
+  }
+
+  void theProgressSheetFollowsTheExport() {
+    Program program{"A"};
+    const auto title = [] { return find<QLabel>("exportTitle")->text(); };
+    QVERIFY(!find<QWidget>("exportProgress"));
+    program.manager.setExportStatus(ExportStatus::preparing());
+    program.manager.setExporting(true);
+    QCOMPARE(title(), QStringLiteral("Preparing Export..."));
+    auto* sheet = find<QWidget>("exportProgress");
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    sheet->close();
+    QVERIFY(sheet->isVisible());
+    program.manager.setExportStatus(ExportStatus::exporting());
+    QCOMPARE(title(), QStringLiteral("Generating Font..."));
+    program.manager.setExportStatus(ExportStatus::success("/tmp/a b.otf"));
+    QCOMPARE(title(), QStringLiteral("Export Complete!"));
+    QVERIFY(find<QPushButton>("showInFileManager")->isDefault());
+    QTest::mouseClick(find<QPushButton>("showInFileManager"), Qt::LeftButton);
+    QVERIFY(sheet->isVisible());
+    QTest::mouseClick(find<QPushButton>("done"), Qt::LeftButton);
+    QVERIFY(!sheet->isVisible());
+    program.manager.setExportStatus(ExportStatus::failed("Font generation failed: boom"));
+    program.manager.setExporting(true);
+    QCOMPARE(find<QLabel>("exportText")->text(), QStringLiteral("Font generation failed: boom"));
+    QTest::keyClick(find<QWidget>("exportProgress"), Qt::Key_Return);
+    QVERIFY(!program.manager.isExporting());
+  }
+
+  void aFixInTheSidebarMakesItsWarningGo() {
+    Program program{"A"};
+    QTest::mouseClick(find<QPushButton>("addSpace"), Qt::LeftButton);
+    QTRY_VERIFY(!find<QPushButton>("addSpace"));
+    QTest::mouseClick(find<QPushButton>("addNotdef"), Qt::LeftButton);
+    QTRY_VERIFY(!find<QWidget>("exportWarnings"));
+    QCOMPARE(program.manager.currentProject().glyphs.size(), 3U);
+  }
+
+  void everyControlHasANameForScreenReaders() {
+    Program program{"A"};
+    for (QWidget* widget : program.window.findChildren<QWidget*>()) {
+      const bool control = widget->focusPolicy() != Qt::NoFocus && widget->isVisible();
+      const QString text = widget->property("text").toString();
+      if (control)
+        QVERIFY2(!widget->accessibleName().isEmpty() || !text.isEmpty(),
+                 qPrintable(widget->objectName()));
+    }
+  }
+
+  void anotherThemeRepaintsEverything() {
+    Program program{"A", "B"};
+    const QColor light = program.window.grab().toImage().pixelColor(300, 500);
+    Theme::current().setOverride(Theme::current().isDark() ? ColorScheme::light
+                                                           : ColorScheme::dark);
+    const QColor dark = program.window.grab().toImage().pixelColor(300, 500);
+    QVERIFY(std::abs(light.lightness() - dark.lightness()) > 100);
+    Theme::current().setOverride({});
+  }
+};
+
+int main(int argc, char** argv) {
+  return runWithTheme<MainWindowTest>(argc, argv);
+}
+
+#include "main_window_test.moc"

@@ -1,0 +1,142 @@
+// What the desktop tells and is told over its message bus, on a bus of our own.
+
+#include "desktop/qt_desktop.h"
+#include "gui/desktop/gui_test.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDesktopServices>
+#include <QProcess>
+#include <QThread>
+#include <QUrl>
+
+using namespace quillery;
+using namespace quillery::test;
+
+/// The desktop's settings. Answers on a thread of its own, for the theme waits for it.
+class FakePortal : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+public:
+  std::atomic<uint> scheme = 1;
+
+public Q_SLOTS:
+  QDBusVariant Read(const QString& group, const QString& key) {
+    const bool known = group == QLatin1String("org.freedesktop.appearance") &&
+                       key == QLatin1String("color-scheme");
+    return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme.load() : 99)));
+  }
+};
+
+class FakeFileManager : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+public:
+  QStringList shown;
+
+public Q_SLOTS:
+  void ShowItems(const QStringList& items, const QString&) { shown << items; }
+};
+
+class SessionBusTest : public QObject {
+  Q_OBJECT
+private Q_SLOTS:
+  void initTestCase() {
+    daemon_.start(QStringLiteral("dbus-daemon"),
+                  {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                   QStringLiteral("--print-address=1")});
+    if (!daemon_.waitForStarted()) QSKIP("needs dbus-daemon");
+    QVERIFY(daemon_.waitForReadyRead());
+    const QByteArray address = daemon_.readLine().trimmed();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    desktopBus_ = std::make_unique<QDBusConnection>(
+        QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("desktop")));
+    QVERIFY(desktopBus_->isConnected());
+    QVERIFY(desktopBus_->registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal_,
+                                        QDBusConnection::ExportAllSlots));
+    QVERIFY(desktopBus_->registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    portal_.moveToThread(&portalThread_);
+    portalThread_.start();
+  }
+  void init() { failOnWarnings(); }
+  void cleanupTestCase() {
+    portalThread_.quit();
+    portalThread_.wait();
+    QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+    desktopBus_.reset();
+    daemon_.terminate();
+    daemon_.waitForFinished();
+  }
+
+  void theThemeComesUpAndGoesOnAsTheDesktopSays() {
+    const Theme theme(*qobject_cast<QApplication*>(QCoreApplication::instance()));
+    QCOMPARE(theme.scheme(), ColorScheme::dark); // known before the first window
+    announce("color-scheme", 2);
+    QTRY_COMPARE(theme.scheme(), ColorScheme::light);
+    announce("color-scheme", 1);
+    QTRY_COMPARE(theme.scheme(), ColorScheme::dark);
+    announce("accent-color", 2);
+    announce("color-scheme", 0); // no preference: the palette that the application came with
+    QTRY_COMPARE(theme.scheme(), ColorScheme::light);
+  }
+
+  void theEnvironmentOverridesTheDesktop() {
+    qputenv("QUILLERY_THEME", "light");
+    {
+      const Theme theme(*qobject_cast<QApplication*>(QCoreApplication::instance()));
+      QCOMPARE(theme.scheme(), ColorScheme::light);
+    }
+    qunsetenv("QUILLERY_THEME");
+  }
+
+  void theFileManagerIsGivenAnEncodedAddress() {
+    FakeFileManager manager;
+    QVERIFY(desktopBus_->registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &manager,
+                                        QDBusConnection::ExportAllSlots));
+    QVERIFY(desktopBus_->registerService(QStringLiteral("org.freedesktop.FileManager1")));
+    QtDesktop desktop({});
+    desktop.revealFile("/tmp/with space, ü #1/My Font.otf");
+    QTRY_COMPARE(manager.shown, QStringList{QStringLiteral(
+                                    "file:///tmp/with%20space%2C%20%C3%BC%20%231/My%20Font.otf")});
+    desktopBus_->unregisterService(QStringLiteral("org.freedesktop.FileManager1"));
+    desktopBus_->unregisterObject(QStringLiteral("/org/freedesktop/FileManager1"));
+  }
+
+  void withoutAFileManagerTheFolderIsOpened() {
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+    QtDesktop desktop({});
+    desktop.revealFile("/tmp/a b/font.otf");
+    QVERIFY(opened_.isEmpty()); // returned before the bus had answered
+    QTRY_COMPARE(opened_.size(), 1);
+    QCOMPARE(opened_.constFirst().toLocalFile(), QStringLiteral("/tmp/a b"));
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+  }
+
+public Q_SLOTS:
+  void open(const QUrl& url) { opened_ << url; }
+
+private:
+  void announce(const char* key, uint value) {
+    QDBusMessage signal = QDBusMessage::createSignal(
+        QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+    signal << QStringLiteral("org.freedesktop.appearance") << QString::fromLatin1(key)
+           << QVariant::fromValue(QDBusVariant(value));
+    QVERIFY(desktopBus_->send(signal));
+  }
+
+  QProcess daemon_;
+  std::unique_ptr<QDBusConnection> desktopBus_;
+  QThread portalThread_;
+  FakePortal portal_;
+  QList<QUrl> opened_;
+};
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  SessionBusTest tests;
+  return QTest::qExec(&tests, argc, argv);
+}
+
+#include "session_bus_test.moc"
