@@ -25,8 +25,11 @@ class Run:
 def quillery(tmp_path):
     """Calls the program in an empty folder; fails the test when it prints anything odd."""
 
-    def call(*arguments, **options) -> Run:
-        done = subprocess.run([PROGRAM, *map(os.fspath, arguments)], cwd=tmp_path, capture_output=True,
+    def call(*arguments, env=None, **options) -> Run:
+        # Without a display, so that no test can be waiting for a window.
+        env = {name: value for name, value in (env or os.environ).items()
+               if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+        done = subprocess.run([PROGRAM, *map(os.fspath, arguments)], cwd=tmp_path, env=env, capture_output=True,
                               timeout=120, check=False, **options)
         out, errors = (text.decode(errors="surrogateescape").split("\n")[:-1]
                        for text in (done.stdout, done.stderr))
