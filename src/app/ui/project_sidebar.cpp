@@ -1,6 +1,7 @@
 #include "app/ui/project_sidebar.h"
 
 #include "desktop/icons.h"
+#include "desktop/style.h"
 #include "desktop/theme.h"
 #include "editor/ui/undoable_line_edit.h"
 #include "export/ui/export_warnings_view.h"
@@ -73,6 +74,7 @@ ProjectSidebar::ProjectSidebar(ProjectManager& manager, ExportFlow& exportFlow, 
   auto* divider = new QFrame(this);
   divider->setFrameShape(QFrame::HLine);
   exportButton_->setObjectName(QStringLiteral("exportFont"));
+  setButtonKind(*exportButton_, ButtonKind::prominent);
   exportButton_->setMinimumHeight(grid::largeControlHeight);
   connect(exportButton_, &QPushButton::clicked, this, [&exportFlow] { exportFlow.exportFont(); });
   auto* foot = new QVBoxLayout;

@@ -1,6 +1,7 @@
 #include "export/ui/export_warnings_view.h"
 
 #include "desktop/icons.h"
+#include "desktop/style.h"
 #include "desktop/theme.h"
 #include "export/export_fixes.h"
 
@@ -93,8 +94,7 @@ QWidget* ExportWarningsView::row(const ExportWarning& warning) {
     auto* fix =
         new QPushButton(space ? tr("Add Space Character") : tr("Add .notdef Glyph"), widget);
     fix->setObjectName(space ? QStringLiteral("addSpace") : QStringLiteral("addNotdef"));
-    fix->setFlat(true);
-    fix->setProperty("link", true);
+    setButtonKind(*fix, ButtonKind::link);
     fix->setCursor(Qt::PointingHandCursor);
     fix->setFont(Theme::current().font(TextStyle::caption2));
     connect(fix, &QPushButton::clicked, this, [this, space] {
