@@ -34,7 +34,7 @@ Scale scaleOf(TextStyle style) {
   case TextStyle::title2:
     return {1.35, QFont::DemiBold};
   case TextStyle::title:
-    return {1.6, QFont::DemiBold};
+    return {1.6, QFont::Bold};
   case TextStyle::largeTitle:
     return {2.0, QFont::DemiBold};
   }

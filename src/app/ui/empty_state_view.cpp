@@ -1,13 +1,11 @@
 #include "app/ui/empty_state_view.h"
 
-#include "desktop/icons.h"
-#include "desktop/theme.h"
+#include "desktop/widgets.h"
 #include "svg/svg_import.h"
 #include "svg/ui/dropped_files.h"
 
 #include <QBoxLayout>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 
@@ -33,11 +31,9 @@ private:
   Symbol symbol_;
 };
 
-QLabel* text(const QString& words, TextStyle style, Role role, QWidget* parent) {
-  auto* label = new QLabel(words, parent);
-  label->setFont(Theme::current().font(style));
+TextLabel* centred(const QString& words, TextStyle style, Role role, QWidget* parent) {
+  auto* label = new TextLabel(words, style, role, parent);
   label->setAlignment(Qt::AlignCenter);
-  if (role == Role::textSecondary) label->setForegroundRole(QPalette::PlaceholderText);
   return label;
 }
 
@@ -51,7 +47,7 @@ EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent)
   column->setSpacing(kSpacing);
   column->addStretch(1);
   column->addWidget(new SymbolLabel(Symbol::documentImage, kSymbolSize, this), 0, Qt::AlignCenter);
-  column->addWidget(text(tr("No Glyphs Yet"), TextStyle::title, Role::text, this));
+  column->addWidget(centred(tr("No Glyphs Yet"), TextStyle::title, Role::text, this));
 
   auto* import = new QPushButton(tr("Import SVGs..."), this);
   import->setObjectName(QStringLiteral("importDrawings"));
@@ -60,11 +56,11 @@ EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent)
   connect(import, &QPushButton::clicked, this, [&manager] { importSVG(manager); });
   column->addWidget(import, 0, Qt::AlignCenter);
   column->addWidget(
-      text(tr("or drag and drop files here"), TextStyle::caption, Role::textSecondary, this));
+      centred(tr("or drag and drop files here"), TextStyle::caption, Role::textSecondary, this));
 
   column->addSpacing(grid::unit);
   column->addWidget(
-      text(tr("New to Quillery?"), TextStyle::subheadline, Role::textSecondary, this));
+      centred(tr("New to Quillery?"), TextStyle::subheadline, Role::textSecondary, this));
   auto* sample = new QPushButton(tr("Open Sample Project"), this);
   sample->setObjectName(QStringLiteral("openSample"));
   connect(sample, &QPushButton::clicked, this, [&manager] { manager.openSampleProject(); });

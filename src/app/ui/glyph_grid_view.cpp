@@ -1,7 +1,6 @@
 #include "app/ui/glyph_grid_view.h"
 
-#include "desktop/icons.h"
-#include "desktop/theme.h"
+#include "desktop/widgets.h"
 
 #include <QActionGroup>
 #include <QBoxLayout>
@@ -51,11 +50,7 @@ QWidget* GlyphGridView::makeHeader() {
   row->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::gap);
   row->setSpacing(grid::unit);
 
-  auto* heading = new QLabel(tr("Glyphs"), header);
-  QFont font = Theme::current().font(TextStyle::title);
-  font.setBold(true);
-  heading->setFont(font);
-  row->addWidget(heading);
+  row->addWidget(new TextLabel(tr("Glyphs"), TextStyle::title, Role::text, header));
   row->addStretch(1);
 
   sortButton_->setObjectName(QStringLiteral("sortMenu"));

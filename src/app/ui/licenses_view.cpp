@@ -1,8 +1,7 @@
 #include "app/ui/licenses_view.h"
 
 #include "base/file.h"
-#include "desktop/icons.h"
-#include "desktop/theme.h"
+#include "desktop/widgets.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -39,12 +38,10 @@ LicensesView::LicensesView(const std::optional<std::filesystem::path>& resourceF
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
   column->setSpacing(grid::unit);
-  auto* title = new QLabel(tr("Third-Party Software Licenses"), this);
-  title->setFont(Theme::current().font(TextStyle::title));
-  column->addWidget(title);
-  auto* subtitle = new QLabel(tr("Quillery includes the following open-source components"), this);
-  subtitle->setForegroundRole(QPalette::PlaceholderText);
-  column->addWidget(subtitle);
+  column->addWidget(
+      new TextLabel(tr("Third-Party Software Licenses"), TextStyle::title, Role::text, this));
+  column->addWidget(new TextLabel(tr("Quillery includes the following open-source components"),
+                                  TextStyle::body, Role::textSecondary, this));
   column->addSpacing(grid::unit);
 
   FileBytes bytes;

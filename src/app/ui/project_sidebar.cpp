@@ -1,15 +1,13 @@
 #include "app/ui/project_sidebar.h"
 
-#include "desktop/icons.h"
 #include "desktop/style.h"
-#include "desktop/theme.h"
+#include "desktop/widgets.h"
 #include "editor/ui/undoable_line_edit.h"
 #include "export/ui/export_warnings_view.h"
 #include "project/action_names.h"
 
 #include <QBoxLayout>
 #include <QFormLayout>
-#include <QFrame>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -71,8 +69,6 @@ ProjectSidebar::ProjectSidebar(ProjectManager& manager, ExportFlow& exportFlow, 
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   form->setBackgroundRole(QPalette::AlternateBase);
 
-  auto* divider = new QFrame(this);
-  divider->setFrameShape(QFrame::HLine);
   exportButton_->setObjectName(QStringLiteral("exportFont"));
   setButtonKind(*exportButton_, ButtonKind::prominent);
   exportButton_->setMinimumHeight(grid::largeControlHeight);
@@ -85,7 +81,7 @@ ProjectSidebar::ProjectSidebar(ProjectManager& manager, ExportFlow& exportFlow, 
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(scroll, 1);
-  column->addWidget(divider);
+  column->addWidget(makeSeparator(Qt::Horizontal, this));
   column->addLayout(foot);
   refresh();
 }
@@ -95,9 +91,7 @@ QWidget* ProjectSidebar::section(const QString& title, QFormLayout*& rows) {
   auto* column = new QVBoxLayout(widget);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(grid::unit);
-  auto* heading = new QLabel(title, widget);
-  heading->setFont(Theme::current().font(TextStyle::headline));
-  column->addWidget(heading);
+  column->addWidget(new SectionHeader(title, widget));
   rows = new QFormLayout;
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(grid::unit);

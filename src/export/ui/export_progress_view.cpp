@@ -6,7 +6,6 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 
@@ -58,7 +57,8 @@ QString outputFormat(const ExportStatus& status) {
 ExportProgressView::ExportProgressView(ProjectManager& manager, ExportFlow& exportFlow,
                                        QWidget* parent)
     : QDialog(parent, Qt::Sheet), manager_(manager), exportFlow_(exportFlow),
-      picture_(new Picture(this)), title_(new QLabel(this)), text_(new QLabel(this)),
+      picture_(new Picture(this)), title_(new TextLabel({}, TextStyle::title, Role::text, this)),
+      text_(new TextLabel({}, TextStyle::body, Role::textSecondary, this)),
       buttons_(new QHBoxLayout),
       connection_(manager.changed.connect([this](const ProjectChange& change) {
         if (change.what == ProjectChange::What::exportState) refresh();
@@ -70,15 +70,10 @@ ExportProgressView::ExportProgressView(ProjectManager& manager, ExportFlow& expo
   column->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
   column->setSpacing(kPadding);
   column->addWidget(picture_, 0, Qt::AlignHCenter);
-  QFont font = Theme::current().font(TextStyle::title);
-  font.setBold(true);
   title_->setObjectName(QStringLiteral("exportTitle"));
-  title_->setFont(font);
   title_->setAlignment(Qt::AlignCenter);
   column->addWidget(title_);
   text_->setObjectName(QStringLiteral("exportText"));
-  text_->setFont(Theme::current().font(TextStyle::body));
-  text_->setForegroundRole(QPalette::PlaceholderText);
   text_->setAlignment(Qt::AlignCenter);
   text_->setWordWrap(true);
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse);

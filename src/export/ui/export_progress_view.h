@@ -5,9 +5,10 @@
 #include <QDialog>
 
 class QBoxLayout;
-class QLabel;
 
 namespace quillery {
+
+class TextLabel;
 
 /// The sheet that shows how an export goes and ends. Can't be closed while one runs.
 class ExportProgressView : public QDialog {
@@ -28,8 +29,8 @@ private:
   ProjectManager& manager_;
   ExportFlow& exportFlow_;
   QWidget* picture_;
-  QLabel* title_;
-  QLabel* text_;
+  TextLabel* title_;
+  TextLabel* text_;
   QBoxLayout* buttons_;
   ExportStatus shown_;
   Connection connection_;
