@@ -91,4 +91,27 @@ void separator(QPainter& painter, const QRectF& area, Qt::Orientation orientatio
   painter.fillRect(line, themeColor(Role::separator));
 }
 
+void guide(QPainter& painter, QPointF from, QPointF to, double width, const QColor& color,
+           bool dashed) {
+  for (const double c : {from.x(), from.y(), to.x(), to.y()})
+    if (!std::isfinite(c)) return;
+  const double scale = scaleOf(painter);
+  const double thickness = std::max(1.0, std::round(width * scale)) / scale;
+  // Laid along the lesser edge of the thickness, which snaps to the border of a device pixel.
+  const auto sharp = [&](QPointF p, bool level) {
+    const QRectF edge = snapped(
+        painter, {p.x() - (level ? 0 : thickness / 2), p.y() - (level ? thickness / 2 : 0), 0, 0});
+    return level ? QPointF(p.x(), edge.y() + thickness / 2)
+                 : QPointF(edge.x() + thickness / 2, p.y());
+  };
+  const bool level = from.y() == to.y();
+  QPen pen(color, thickness, Qt::SolidLine, Qt::FlatCap);
+  if (dashed) pen.setDashPattern({5 / thickness, 5 / thickness});
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(pen);
+  painter.drawLine(sharp(from, level), sharp(to, level));
+  painter.restore();
+}
+
 } // namespace quillery::painting

@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_scheme.h"
 #include "desktop/style.h"
+#include "desktop/value_slider.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -63,6 +64,7 @@ Theme::Theme(QApplication& application)
   connect(desktop_.get(), &DesktopScheme::changed, this, &Theme::apply);
   apply();
   application_.installEventFilter(this);
+  installSliderAccessibility();
 }
 
 Theme::~Theme() {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -32,31 +33,46 @@ void registerChange(ProjectManager& manager, const ValueBinding<T>& binding, con
 template <typename T> class UndoableEdit {
 public:
   UndoableEdit(ProjectManager& manager, ValueBinding<T> binding, std::string actionName)
-      : manager_(manager), binding_(std::move(binding)), actionName_(std::move(actionName)) {}
+      : state_(std::make_shared<State>(manager, std::move(binding), std::move(actionName))) {}
 
-  const ValueBinding<T>& binding() const { return binding_; }
-  bool isOpen() const { return startValue_.has_value(); }
+  const ValueBinding<T>& binding() const { return state_->binding; }
+  bool isOpen() const { return state_->startValue.has_value(); }
 
-  void begin() { startValue_ = binding_.get(); }
+  /// Captures the value that undoing brings back. Nothing happens when the edit is open already.
+  void begin() {
+    if (isOpen()) return;
+    state_->manager.beginEdit(state_);
+    state_->startValue = state_->binding.get();
+  }
 
   /// Registers the step, unless the value is what it was.
-  void end() {
-    if (!startValue_) return;
-    const T start = *std::exchange(startValue_, std::nullopt);
-    const T now = binding_.get();
-    if (start != now) registerChange(manager_, binding_, start, now, actionName_);
-  }
+  void end() { state_->end(); }
 
   /// Puts the value back; nothing is registered. The edit stays open.
   void restore() {
-    if (startValue_ && *startValue_ != binding_.get()) binding_.set(*startValue_);
+    if (state_->hasChanged()) state_->binding.set(*state_->startValue);
   }
 
 private:
-  ProjectManager& manager_;
-  ValueBinding<T> binding_;
-  std::string actionName_;
-  std::optional<T> startValue_;
+  struct State : OpenEdit {
+    State(ProjectManager& owner, ValueBinding<T> value, std::string name)
+        : manager(owner), binding(std::move(value)), actionName(std::move(name)) {}
+
+    bool hasChanged() const override { return startValue && *startValue != binding.get(); }
+
+    void end() override {
+      const bool changed = hasChanged();
+      const auto start = std::exchange(startValue, std::nullopt);
+      if (changed) registerChange(manager, binding, *start, binding.get(), actionName);
+    }
+
+    ProjectManager& manager;
+    ValueBinding<T> binding;
+    std::string actionName;
+    std::optional<T> startValue;
+  };
+
+  std::shared_ptr<State> state_;
 };
 
 /// How a value is typed and shown.
@@ -89,6 +105,8 @@ public:
   const std::string& text() const { return text_; }
 
   void type(std::string text) {
+    // The edit may have been ended from elsewhere since the field gained focus.
+    edit_.begin();
     text_ = std::move(text);
     const auto value = format_.parse(text_);
     if (value && *value != edit_.binding().get()) edit_.binding().set(*value);

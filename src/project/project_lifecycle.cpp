@@ -12,6 +12,7 @@ std::string ProjectManager::projectDisplayName() const {
 }
 
 void ProjectManager::install(FontProject project, std::optional<fs::path> file) {
+  endEdit();
   undoManager_.removeAllActions();
   project_ = std::move(project);
   index_.reset();

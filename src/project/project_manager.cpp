@@ -3,6 +3,7 @@
 #include "project/action_names.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillery {
 
@@ -128,6 +129,7 @@ void ProjectManager::setSelectedTab(int tab) {
 }
 
 void ProjectManager::deleteSelectedGlyphs() {
+  endEdit();
   if (selectedGlyphIds_.empty()) return;
   const auto isSelected = [this](const Glyph& glyph) {
     return selectedGlyphIds_.contains(glyph.id());
@@ -155,6 +157,7 @@ void ProjectManager::deleteSelectedGlyphs() {
 }
 
 void ProjectManager::deleteGlyph(Uuid id) {
+  endEdit();
   if (glyphBeingEdited_ && glyphBeingEdited_->id() == id) glyphBeingEdited_.reset();
   editGlyphList([&](std::vector<Glyph>& glyphs) {
     std::erase_if(glyphs, [&](const Glyph& glyph) { return glyph.id() == id; });
@@ -163,13 +166,39 @@ void ProjectManager::deleteGlyph(Uuid id) {
   announce(What::selection);
 }
 
+void ProjectManager::beginEdit(const std::shared_ptr<OpenEdit>& edit) {
+  if (openEdit_.lock() == edit) return;
+  endEdit();
+  openEdit_ = edit;
+}
+
+void ProjectManager::endEdit() {
+  // Forgotten first: what the edit does at its end may look here again.
+  if (const auto edit = std::exchange(openEdit_, {}).lock()) edit->end();
+}
+
+bool ProjectManager::openEditHasChanged() const {
+  const auto edit = openEdit_.lock();
+  return edit && edit->hasChanged();
+}
+
+bool ProjectManager::canUndo() const {
+  return undoManager_.canUndo() || openEditHasChanged();
+}
+
+bool ProjectManager::canRedo() const {
+  return undoManager_.canRedo() && !openEditHasChanged();
+}
+
 void ProjectManager::undo() {
+  endEdit();
   if (!undoManager_.canUndo()) return;
   undoManager_.undo();
   announce(What::everything);
 }
 
 void ProjectManager::redo() {
+  endEdit();
   if (!undoManager_.canRedo()) return;
   undoManager_.redo();
   announce(What::everything);

@@ -6,6 +6,7 @@
 #include "project/desktop.h"
 #include "project/export_status.h"
 #include "project/glyph_index.h"
+#include "project/open_edit.h"
 #include "project/recent_projects_manager.h"
 #include "project/undo_manager.h"
 
@@ -120,6 +121,17 @@ public:
   /// Deletes one glyph for good.
   void deleteGlyph(Uuid id);
 
+  // -- The edit under way, and the history
+
+  /// Makes this the open edit; the one before it ends. It is forgotten when its owner lets go.
+  void beginEdit(const std::shared_ptr<OpenEdit>& edit);
+  /// Ends the open edit, if there is one. Undo, redo, deletions and the arrival of another project
+  /// do so first.
+  void endEdit();
+
+  /// An open edit that changed something counts as the last step.
+  bool canUndo() const;
+  bool canRedo() const;
   /// One step back or forward, when there is one.
   void undo();
   void redo();
@@ -163,6 +175,7 @@ private:
   void saveAndReport(const std::filesystem::path& file);
   std::optional<std::filesystem::path> findSample() const;
   const Glyph* glyphAt(std::optional<std::size_t> position) const;
+  bool openEditHasChanged() const;
 
   Desktop& desktop_;
   RecentProjectsManager& recentProjects_;
@@ -179,6 +192,7 @@ private:
   bool showSavedBadge_ = false;
   std::unique_ptr<OneShotTimer> savedBadgeTimer_;
   UndoManager undoManager_;
+  std::weak_ptr<OpenEdit> openEdit_;
   Lifetime lifetime_;
 };
 

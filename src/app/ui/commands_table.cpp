@@ -48,10 +48,10 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
 
   add(
       Menu::edit, "undo", tr("Undo"), Qt::CTRL | Qt::Key_Z,
-      [&] { return manager.undoManager().canUndo(); }, [&] { manager.undo(); });
+      [&] { return manager.canUndo(); }, [&] { manager.undo(); });
   add(
       Menu::edit, "redo", tr("Redo"), Qt::CTRL | Qt::SHIFT | Qt::Key_Z,
-      [&] { return manager.undoManager().canRedo(); }, [&] { manager.redo(); });
+      [&] { return manager.canRedo(); }, [&] { manager.redo(); });
   divider(Menu::edit);
   add(Menu::edit, "selectAll", tr("Select All Glyphs"), {}, hasGlyphs,
       [&] { manager.selectAllGlyphs(); });

@@ -3,7 +3,7 @@
 #include "base/unicode.h"
 #include "desktop/icons.h"
 #include "desktop/theme.h"
-#include "editor/ui/outline_painting.h"
+#include "desktop/outline_painting.h"
 #include "svg/ui/dropped_files.h"
 
 #include <QContextMenuEvent>

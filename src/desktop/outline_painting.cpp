@@ -1,4 +1,4 @@
-#include "editor/ui/outline_painting.h"
+#include "desktop/outline_painting.h"
 
 #include <QCache>
 #include <QPainter>
@@ -9,6 +9,7 @@ namespace {
 
 constexpr double kMargin = 10;
 constexpr int kMostKilobytes = 96 * 1024;
+constexpr int kMostElements = 1'000'000; // of paths; 24 bytes each
 
 // The commands are shared and never change in place, so their address tells an outline from all
 // others as long as one of its copies lives; the cache's entries hold one.
@@ -36,31 +37,21 @@ QCache<Key, Entry>& cache() {
   return entries;
 }
 
-QPixmap paint(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
-              const QColor& color) {
-  QPixmap picture(size * pixelRatio);
-  picture.setDevicePixelRatio(pixelRatio);
-  picture.fill(Qt::transparent);
-  const double scale = std::min((size.width() - 2 * kMargin) / box.width,
-                                (size.height() - 2 * kMargin) / box.height);
-  if (!(scale > 0)) return picture;
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate((size.width() - box.width * scale) / 2 - box.minX() * scale,
-                    size.height() -
-                        ((size.height() - box.height * scale) / 2 - box.minY() * scale));
-  painter.scale(scale, -scale);
-  painter.fillPath(painterPath(outline), color);
-  return picture;
-}
-
 bool isFinite(Point p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-} // namespace
+struct PathEntry {
+  Outline outline;
+  QPainterPath path;
+};
 
-QPainterPath painterPath(const Outline& outline) {
+QCache<const PathCommand*, PathEntry>& paths() {
+  static QCache<const PathCommand*, PathEntry> entries(kMostElements);
+  return entries;
+}
+
+QPainterPath makePath(const Outline& outline) {
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
   const auto qt = [](Point p) { return QPointF(p.x, p.y); };
@@ -82,6 +73,35 @@ QPainterPath painterPath(const Outline& outline) {
       break;
     }
   }
+  return path;
+}
+
+QPixmap paint(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
+              const QColor& color) {
+  QPixmap picture(size * pixelRatio);
+  picture.setDevicePixelRatio(pixelRatio);
+  picture.fill(Qt::transparent);
+  const double scale = std::min((size.width() - 2 * kMargin) / box.width,
+                                (size.height() - 2 * kMargin) / box.height);
+  if (!(scale > 0)) return picture;
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate((size.width() - box.width * scale) / 2 - box.minX() * scale,
+                    size.height() -
+                        ((size.height() - box.height * scale) / 2 - box.minY() * scale));
+  painter.scale(scale, -scale);
+  painter.fillPath(painterPath(outline), color);
+  return picture;
+}
+
+} // namespace
+
+QPainterPath painterPath(const Outline& outline) {
+  if (outline.empty()) return {};
+  const PathCommand* const key = outline.begin();
+  if (const PathEntry* entry = paths().object(key)) return entry->path;
+  QPainterPath path = makePath(outline);
+  paths().insert(key, new PathEntry{outline, path}, path.elementCount() + 1);
   return path;
 }
 

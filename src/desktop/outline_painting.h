@@ -9,7 +9,8 @@
 namespace quillery {
 
 /// The outline as a path in font units, y upwards; contours that overlap are filled by winding.
-/// Empty when a coordinate is not finite: nothing is drawn rather than something wrong.
+/// Empty when a coordinate is not finite: nothing is drawn rather than something wrong. Built once
+/// for an outline and its copies, as long as there is room, for all views together.
 QPainterPath painterPath(const Outline& outline);
 
 /// The outline, of which `box` is the control box, centred in an area of `size` logical pixels with

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "editor/mouse_button.h"
+
+#include <QWidget>
+#include <functional>
+
+namespace quillery {
+
+/// A canvas that reports gestures of the left, right and middle button in its own coordinates,
+/// with the open hand as its cursor. A gesture that can't go on (the window is deactivated, the
+/// grab is lost, the canvas hides) ends like a release.
+class MouseTrackingView : public QWidget {
+  Q_OBJECT
+public:
+  explicit MouseTrackingView(QWidget* parent = nullptr);
+
+  std::function<void(Point, MouseButton)> onMouseDown;
+  std::function<void(Point)> onMouseDragged;
+  std::function<void()> onMouseUp;
+  /// Escape was pressed during a gesture; no release follows.
+  std::function<void()> onMouseCancelled;
+
+protected:
+  bool event(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+private:
+  void endGesture();
+
+  bool tracking_ = false;
+};
+
+} // namespace quillery

@@ -1,0 +1,226 @@
+#include "desktop/value_slider.h"
+
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace quillery {
+namespace {
+
+constexpr int kTicks = 1 << 20; // finer than any screen
+constexpr double kPage = 10;    // steps
+constexpr int kWheelNotch = 120;
+
+class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
+public:
+  explicit AccessibleSlider(ValueSlider* slider) : QAccessibleWidget(slider, QAccessible::Slider) {}
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+  QVariant currentValue() const override { return slider().shownValue(); }
+  void setCurrentValue(const QVariant& value) override { slider().moveTo(value.toDouble()); }
+  QVariant maximumValue() const override { return slider().greatest(); }
+  QVariant minimumValue() const override { return slider().least(); }
+  QVariant minimumStepSize() const override { return slider().step(); }
+
+private:
+  ValueSlider& slider() const { return *static_cast<ValueSlider*>(object()); }
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+  auto* const slider = qobject_cast<ValueSlider*>(object);
+  return slider ? new AccessibleSlider(slider) : nullptr;
+}
+
+} // namespace
+
+void installSliderAccessibility() {
+  QAccessible::installFactory(makeAccessible);
+}
+
+ValueSlider::ValueSlider(double least, double greatest, double step, QWidget* parent)
+    : QSlider(Qt::Horizontal, parent), least_(least), greatest_(greatest), step_(step),
+      value_(least) {
+  setRange(0, kTicks);
+}
+
+void ValueSlider::showValue(double value) {
+  value_ = std::isnan(value) ? least_ : std::clamp(value, least_, greatest_);
+  const QSignalBlocker silent(this);
+  QSlider::setValue(
+      static_cast<int>(std::lround((value_ - least_) / (greatest_ - least_) * kTicks)));
+  if (QAccessible::isActive()) {
+    QAccessibleValueChangeEvent changed(this, value_);
+    QAccessible::updateAccessibility(&changed);
+  }
+}
+
+void ValueSlider::moveTo(double value) {
+  begin();
+  move(value);
+  end();
+}
+
+void ValueSlider::begin() {
+  if (std::exchange(inGesture_, true)) return;
+  Q_EMIT gestureBegan();
+}
+
+void ValueSlider::end() {
+  if (!std::exchange(inGesture_, false)) return;
+  setSliderDown(false);
+  Q_EMIT gestureEnded();
+}
+
+void ValueSlider::cancel() {
+  if (!std::exchange(inGesture_, false)) return;
+  setSliderDown(false);
+  Q_EMIT gestureCancelled();
+}
+
+void ValueSlider::move(double value) {
+  const double before = value_;
+  showValue(value);
+  if (value_ != before) Q_EMIT moved(value_);
+}
+
+double ValueSlider::valueAt(double x) const {
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const QRect groove =
+      style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
+  const QRect handle =
+      style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+  const double length = std::max(1, groove.width() - handle.width());
+  double part = std::clamp((x - groove.left() - handle.width() / 2.0) / length, 0.0, 1.0);
+  if (option.upsideDown) part = 1 - part;
+  return least_ + part * (greatest_ - least_);
+}
+
+bool ValueSlider::event(QEvent* event) {
+  switch (event->type()) {
+  case QEvent::UngrabMouse:
+  case QEvent::WindowDeactivate:
+    end();
+    break;
+  case QEvent::ShortcutOverride:
+    if (inGesture_ && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) event->accept();
+    break;
+  default:
+    break;
+  }
+  return QSlider::event(event);
+}
+
+void ValueSlider::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return event->ignore();
+  QStyleOptionSlider option;
+  initStyleOption(&option);
+  const QRect handle =
+      style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+  const double x = event->position().x();
+  const bool onHandle = handle.contains(event->position().toPoint());
+  grabOffset_ = onHandle ? x - QRectF(handle).center().x() : 0;
+  end(); // a key held down
+  begin();
+  setSliderDown(true);
+  if (!onHandle) move(valueAt(x));
+}
+
+void ValueSlider::mouseMoveEvent(QMouseEvent* event) {
+  if (inGesture_ && event->buttons().testFlag(Qt::LeftButton))
+    move(valueAt(event->position().x() - grabOffset_));
+}
+
+void ValueSlider::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) end();
+}
+
+bool ValueSlider::moveByKey(int key) {
+  const double sign = isRightToLeft() ? -1 : 1;
+  double target = value_;
+  switch (key) {
+  case Qt::Key_Left:
+    target -= sign * step_;
+    break;
+  case Qt::Key_Right:
+    target += sign * step_;
+    break;
+  case Qt::Key_Down:
+    target -= step_;
+    break;
+  case Qt::Key_Up:
+    target += step_;
+    break;
+  case Qt::Key_PageDown:
+    target -= kPage * step_;
+    break;
+  case Qt::Key_PageUp:
+    target += kPage * step_;
+    break;
+  case Qt::Key_Home:
+    target = least_;
+    break;
+  case Qt::Key_End:
+    target = greatest_;
+    break;
+  default:
+    return false;
+  }
+  begin();
+  move(target);
+  return true;
+}
+
+void ValueSlider::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && inGesture_) return cancel();
+  const bool plain =
+      !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  if (plain && moveByKey(event->key())) return;
+  if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                event->key() == Qt::Key_F2)) {
+    end();
+    return Q_EMIT entryRequested({});
+  }
+  const QString text = event->text();
+  if (plain && !text.isEmpty() && (text.at(0).isDigit() || text == QStringLiteral("-"))) {
+    end();
+    return Q_EMIT entryRequested(text);
+  }
+  event->ignore();
+}
+
+void ValueSlider::keyReleaseEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return;
+  if (isSliderDown()) return event->ignore();
+  end();
+}
+
+void ValueSlider::wheelEvent(QWheelEvent* event) {
+  event->accept();
+  if (inGesture_) return;
+  const QPoint angle = event->angleDelta();
+  wheelAngle_ += std::abs(angle.x()) > std::abs(angle.y()) ? -angle.x() : angle.y();
+  const int notches = wheelAngle_ / kWheelNotch;
+  wheelAngle_ -= notches * kWheelNotch;
+  if (notches != 0) moveTo(value_ + notches * step_);
+}
+
+void ValueSlider::focusOutEvent(QFocusEvent* event) {
+  end();
+  QSlider::focusOutEvent(event);
+}
+
+void ValueSlider::hideEvent(QHideEvent* event) {
+  end();
+  QSlider::hideEvent(event);
+}
+
+} // namespace quillery

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QSlider>
+
+namespace quillery {
+
+/// A slider over a range of doubles, without steps for the mouse.
+///
+/// Every way to move it is a gesture: a press of the mouse until its release, a key held down, a
+/// turn of the wheel, a change by assistive technology. `moved` is emitted between `gestureBegan`
+/// and `gestureEnded`, or `gestureCancelled` when Escape was pressed: then whoever listens puts
+/// the value back.
+class ValueSlider : public QSlider {
+  Q_OBJECT
+public:
+  /// Arrow keys and the wheel move by `step`, Page keys by ten of it.
+  ValueSlider(double least, double greatest, double step, QWidget* parent = nullptr);
+
+  double least() const { return least_; }
+  double greatest() const { return greatest_; }
+  double step() const { return step_; }
+
+  double shownValue() const { return value_; }
+  /// Shows a value without a signal. One out of range rests at the nearer end, one that is no
+  /// number at the lesser.
+  void showValue(double value);
+  /// Moves it as one whole gesture.
+  void moveTo(double value);
+  bool isInGesture() const { return inGesture_; }
+
+Q_SIGNALS:
+  void gestureBegan();
+  void moved(double value);
+  void gestureEnded();
+  void gestureCancelled();
+  /// Return or F2 was pressed, or a digit typed: the value should become a field.
+  void entryRequested(const QString& typed);
+
+protected:
+  bool event(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+private:
+  void begin();
+  void end();
+  void cancel();
+  void move(double value);
+  double valueAt(double x) const;
+  bool moveByKey(int key);
+
+  double least_;
+  double greatest_;
+  double step_;
+  double value_;
+  double grabOffset_ = 0; // from the middle of the handle to the pointer
+  int wheelAngle_ = 0;
+  bool inGesture_ = false;
+};
+
+/// Tells assistive technology the doubles of the sliders above. Called once, with the theme.
+void installSliderAccessibility();
+
+} // namespace quillery
