@@ -204,6 +204,20 @@ void ProjectManager::redo() {
   announce(What::everything);
 }
 
+void ProjectManager::addImport(std::shared_ptr<ImportTask> task) {
+  imports_.push_back(std::move(task));
+  announce(What::imports);
+}
+
+void ProjectManager::removeImport(const ImportTask& task) {
+  const auto found = std::find_if(imports_.begin(), imports_.end(),
+                                  [&](const auto& t) { return t.get() == &task; });
+  if (found == imports_.end()) return;
+  const auto removed = std::move(*found); // it may end with the list's reference
+  imports_.erase(found);
+  announce(What::imports);
+}
+
 void ProjectManager::setExporting(bool exporting) {
   isExporting_ = exporting;
   announce(What::exportState);

@@ -6,6 +6,7 @@
 #include "project/desktop.h"
 #include "project/export_status.h"
 #include "project/glyph_index.h"
+#include "project/import_task.h"
 #include "project/open_edit.h"
 #include "project/recent_projects_manager.h"
 #include "project/undo_manager.h"
@@ -33,6 +34,7 @@ struct ProjectChange {
     selectedPair, ///< selectedKerningPairId
     selectedTab,
     file,        ///< currentProjectURL
+    imports,     ///< imports came, went or got further
     exportState, ///< isExporting or exportStatus
     savedBadge,
     everything, ///< an undo or redo: look at all of it
@@ -160,6 +162,14 @@ public:
     showAlert(title, message);
   }
 
+  // -- Imports under way
+
+  const std::vector<std::shared_ptr<ImportTask>>& imports() const { return imports_; }
+  /// Keeps an import alive until it is removed.
+  void addImport(std::shared_ptr<ImportTask> task);
+  void removeImport(const ImportTask& task);
+  void announceImportProgress() { announce(ProjectChange::What::imports); }
+
   // -- State of the export
 
   /// The progress sheet is shown.
@@ -183,6 +193,7 @@ private:
   mutable std::optional<GlyphIndex> index_;
   std::optional<Glyph> glyphBeingEdited_;
   std::optional<std::filesystem::path> url_;
+  std::vector<std::shared_ptr<ImportTask>> imports_;
   bool isExporting_ = false;
   ExportStatus exportStatus_;
   int selectedTab_ = 0;

@@ -2,7 +2,9 @@
 
 #include "base/console.h"
 #include "base/parallel.h"
+#include "svg/background_import.h"
 #include "svg/drawing_files.h"
+#include "svg/drawing_reader.h"
 #include "svg/path_converter.h"
 #include "svg/svg_parser.h"
 
@@ -30,21 +32,79 @@ void placeNew(Glyph& glyph) {
                         glyph.rightSideBearing());
 }
 
-using Drawing = Result<Glyph, std::string>;
+void place(Glyph& glyph, double unitsPerEm) {
+  const GlyphRecord& record = glyph.record();
+  auto placed =
+      PathConverter::convertToFontCoordinates(record.svgPath.view(), record.viewBox, unitsPerEm);
+  glyph.placeOutline(std::move(placed.fontPath), placed.boundingBox);
+}
 
 Drawing readAndPlace(const std::filesystem::path& file, double unitsPerEm, FileBytes& buffer) {
   Drawing drawing = SVGParser::readDrawing(file, buffer);
-  if (!drawing) return drawing;
-  const GlyphRecord& record = drawing.value().record();
-  auto placed =
-      PathConverter::convertToFontCoordinates(record.svgPath.view(), record.viewBox, unitsPerEm);
-  drawing.value().placeOutline(std::move(placed.fontPath), placed.boundingBox);
+  if (drawing) place(drawing.value(), unitsPerEm);
   return drawing;
 }
 
-// Reads drawings side by side and hands them over in the order of the files.
+// Adds drawings to the glyphs of a project, one after the other.
+class Collector {
+public:
+  Collector(std::vector<Glyph>& glyphs, std::size_t expected) : glyphs_(glyphs) {
+    firstNamed_.reserve(glyphs.size() + expected);
+    for (std::size_t i = 0; i < glyphs.size(); ++i) firstNamed_.emplace(glyphs[i].name(), i);
+  }
+
+  void take(Drawing drawing) {
+    if (!drawing) {
+      printLine(drawing.error());
+      ++outcome_.skipped;
+      return;
+    }
+    Glyph& glyph = drawing.value();
+    last_ = glyph.id();
+    ++outcome_.imported;
+    const auto [known, isNew] = firstNamed_.try_emplace(glyph.name(), glyphs_.size());
+    if (isNew) {
+      placeNew(glyph);
+      glyphs_.push_back(std::move(glyph));
+    } else {
+      takeOver(glyph, glyphs_[known->second]);
+      glyphs_[known->second] = std::move(glyph);
+    }
+  }
+
+  const ImportOutcome& outcome() const { return outcome_; }
+  const std::optional<Uuid>& last() const { return last_; }
+
+private:
+  std::vector<Glyph>& glyphs_;
+  std::unordered_map<std::string, std::size_t> firstNamed_;
+  ImportOutcome outcome_;
+  std::optional<Uuid> last_;
+};
+
+// Changes the list of glyphs once, with all that `fill` hands to the collector.
+ImportOutcome collect(ProjectManager& manager, std::size_t expected,
+                      const std::function<void(Collector&)>& fill) {
+  ImportOutcome outcome;
+  std::optional<Uuid> last;
+  manager.editGlyphList([&](std::vector<Glyph>& glyphs) {
+    Collector collector(glyphs, expected);
+    fill(collector);
+    sortByName(glyphs);
+    outcome = collector.outcome();
+    last = collector.last();
+  });
+  if (last) {
+    manager.selectGlyph(*last);
+    manager.setSelectedTab(0);
+  }
+  return outcome;
+}
+
+} // namespace
+
 void readDrawings(const std::vector<std::filesystem::path>& files, double unitsPerEm,
-                  const std::function<void(std::size_t index, Drawing)>& take) {
+                  const std::function<bool(std::size_t index, Drawing)>& take) {
   constexpr std::size_t kBatch = 16; // one file is too little work to hand to a thread
   produceInOrder((files.size() + kBatch - 1) / kBatch,
                  [&](std::size_t batch) {
@@ -57,18 +117,27 @@ void readDrawings(const std::vector<std::filesystem::path>& files, double unitsP
                  },
                  [&](std::size_t batch, std::vector<Drawing> drawings) {
                    for (std::size_t i = 0; i < drawings.size(); ++i)
-                     take(batch * kBatch + i, std::move(drawings[i]));
+                     if (!take(batch * kBatch + i, std::move(drawings[i]))) return false;
                    return true;
                  });
 }
 
-} // namespace
+ImportOutcome takeDrawings(ProjectManager& manager, std::vector<Drawing> drawings,
+                           double unitsPerEm) {
+  const auto projectUnits = static_cast<double>(manager.currentProject().unitsPerEm);
+  return collect(manager, drawings.size(), [&](Collector& collector) {
+    for (Drawing& drawing : drawings) {
+      if (drawing && unitsPerEm != projectUnits) place(drawing.value(), projectUnits);
+      collector.take(std::move(drawing));
+    }
+  });
+}
 
 void importSVG(ProjectManager& manager) {
   manager.desktop().showOpenPanel(
       {"Select SVG files to import as glyphs", true, kDrawingExtension},
       manager.lifetime().guard([&manager](const std::vector<std::filesystem::path>& files) {
-        if (!files.empty()) importSVGFiles(manager, files);
+        if (!files.empty()) startImport(manager, files);
       }));
 }
 
@@ -76,38 +145,13 @@ ImportOutcome importSVGFiles(ProjectManager& manager,
                              const std::vector<std::filesystem::path>& files,
                              const std::function<void(std::size_t done)>& progress) {
   const auto unitsPerEm = static_cast<double>(manager.currentProject().unitsPerEm);
-  ImportOutcome outcome;
-  std::optional<Uuid> last;
-  manager.editGlyphList([&](std::vector<Glyph>& glyphs) {
-    std::unordered_map<std::string, std::size_t> firstNamed;
-    firstNamed.reserve(glyphs.size() + files.size());
-    for (std::size_t i = 0; i < glyphs.size(); ++i) firstNamed.emplace(glyphs[i].name(), i);
+  return collect(manager, files.size(), [&](Collector& collector) {
     readDrawings(files, unitsPerEm, [&](std::size_t index, Drawing drawing) {
       if (progress) progress(index);
-      if (!drawing) {
-        printLine(drawing.error());
-        ++outcome.skipped;
-        return;
-      }
-      Glyph& glyph = drawing.value();
-      last = glyph.id();
-      ++outcome.imported;
-      const auto [known, isNew] = firstNamed.try_emplace(glyph.name(), glyphs.size());
-      if (isNew) {
-        placeNew(glyph);
-        glyphs.push_back(std::move(glyph));
-      } else {
-        takeOver(glyph, glyphs[known->second]);
-        glyphs[known->second] = std::move(glyph);
-      }
+      collector.take(std::move(drawing));
+      return true;
     });
-    sortByName(glyphs);
   });
-  if (last) {
-    manager.selectGlyph(*last);
-    manager.setSelectedTab(0);
-  }
-  return outcome;
 }
 
 } // namespace quillery

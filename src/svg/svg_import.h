@@ -16,7 +16,7 @@ struct ImportOutcome {
   std::size_t skipped = 0;
 };
 
-/// Asks for drawings and imports them.
+/// Asks for drawings and imports them in the background.
 void importSVG(ProjectManager& manager);
 
 /// Reads the drawings in order. Each becomes a new glyph, or takes the place, character and

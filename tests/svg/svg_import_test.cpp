@@ -1,5 +1,6 @@
 #include "base/file.h"
 #include "support/document.h"
+#include "svg/background_import.h"
 #include "svg/drawing_files.h"
 #include "svg/svg_drop.h"
 #include "svg/svg_import.h"
@@ -8,7 +9,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <set>
+#include <thread>
 
 namespace quillery::test {
 namespace {
@@ -126,6 +129,9 @@ TEST_F(ImportTest, AsksForDrawings) {
   EXPECT_EQ(d.desktop.openPanels[0].extension, "svg");
   EXPECT_TRUE(d.desktop.openPanels[0].multipleSelection);
   d.desktop.runPosted();
+  ASSERT_EQ(d.manager.imports().size(), 1U);
+  EXPECT_EQ(d.manager.imports()[0]->drawingCount(), 2U);
+  d.desktop.runUntil([&] { return d.manager.imports().empty(); });
   EXPECT_EQ(glyphNames(d.project()), "a b");
   int changes = 0;
   const auto listening = d.manager.changed.connect([&](const auto&) { ++changes; });
@@ -166,6 +172,48 @@ TEST_F(ImportTest, CopiesDroppedDrawingsBeforeImportingThem) {
             1U);
   for (const auto& line : {lines[5], lines[6]})
     EXPECT_TRUE(line.starts_with("Failed to read SVG file: file:///")) << line;
+}
+
+TEST_F(ImportTest, AnImportInTheBackgroundGivesWayToWhatHappensMeanwhile) {
+  std::vector<fs::path> files;
+  for (int i = 0; i < 400; ++i) files.push_back(drawing("g" + std::to_string(i) + ".svg"));
+  const auto isOver = [&] { return d.manager.imports().empty(); };
+
+  startImport(d.manager, files);
+  d.manager.editFontInfo([](FontInfo& info) { info.unitsPerEm = 2000; });
+  double progress = 0;
+  {
+    const auto watching = d.manager.changed.connect([&](const ProjectChange& change) {
+      if (change.what != ProjectChange::What::imports || isOver()) return;
+      const double now = d.manager.imports()[0]->progress();
+      EXPECT_GE(now, progress);
+      progress = now;
+    });
+    d.desktop.runUntil(isOver);
+  }
+  EXPECT_GT(progress, 0);
+  EXPECT_LE(progress, 1);
+  ASSERT_EQ(d.project().glyphs.size(), 400U);
+  EXPECT_EQ(d.manager.firstGlyphNamed("g7")->boundingBox().height, 2000);
+  EXPECT_EQ(d.manager.lastSelectedGlyphId(), d.manager.firstGlyphNamed("g399")->id());
+
+  d.manager.newProject();
+  startImport(d.manager, files);
+  d.manager.newProject();
+  EXPECT_TRUE(isOver()) << "the drawings were meant for the project before";
+  ASSERT_EQ(setenv("TMPDIR", (d.folder / "staging").c_str(), 1), 0);
+  fs::create_directories(d.folder / "staging");
+  startDropImport(d.manager, files);
+  d.manager.imports()[0]->cancel();
+  startDropImport(d.manager, {files[0]});
+  d.desktop.runUntil(isOver);
+  unsetenv("TMPDIR");
+  EXPECT_EQ(glyphNames(d.project()), "g0");
+  // Copies that were under way when the import was cancelled are removed by their own threads.
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!fs::is_empty(d.folder / "staging") && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::yield();
+  EXPECT_TRUE(fs::is_empty(d.folder / "staging"));
 }
 
 TEST_F(ImportTest, FindsTheDrawingsOfAFolderByName) {

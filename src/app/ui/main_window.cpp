@@ -7,6 +7,7 @@
 #include "desktop/widgets.h"
 #include "export/ui/export_progress_view.h"
 #include "svg/ui/dropped_files.h"
+#include "svg/ui/import_progress_view.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -67,6 +68,7 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
   makeMenus();
   makeToolBar();
   new ExportProgressView(manager, exportFlow, this);
+  new ImportProgressView(manager, this);
   showTitle();
   showWorkArea();
   enableCommands();

@@ -71,7 +71,7 @@ private Q_SLOTS:
     QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - SVG Letterloom"));
     program.desktop.openAnswer = {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")};
     QTest::mouseClick(find<QPushButton>("importDrawings"), Qt::LeftButton);
-    program.desktop.runPosted();
+    program.desktop.runUntil([&] { return !program.manager.currentProject().glyphs.empty(); });
     QVERIFY(!find<QWidget>("emptyState"));
     QCOMPARE(program.selected(), QStringLiteral("A"));
     QCOMPARE(find<QLabel>("glyphCount")->text(), QStringLiteral("1 glyphs"));

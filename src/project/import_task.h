@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+
+namespace quillery {
+
+/// An import under way in the background, for those who show it.
+class ImportTask {
+public:
+  ImportTask() = default;
+  ImportTask(const ImportTask&) = delete;
+  ImportTask& operator=(const ImportTask&) = delete;
+  virtual ~ImportTask() = default;
+
+  virtual std::size_t drawingCount() const = 0;
+  /// How much of it is done, 0 to 1.
+  virtual double progress() const = 0;
+  /// Ends it without a change of the project. It may be gone afterwards.
+  virtual void cancel() = 0;
+};
+
+} // namespace quillery

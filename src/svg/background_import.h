@@ -1,0 +1,20 @@
+#pragma once
+
+#include "project/project_manager.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace quillery {
+
+/// Imports as importSVGFiles does, but reads the drawings in the background: the project changes
+/// once, when all are read. Until then it stands in ProjectManager::imports. The arrival of another
+/// project cancels it.
+void startImport(ProjectManager& manager, std::vector<std::filesystem::path> files);
+
+/// The same for dropped files, which may be gone once the drop is over: each is first copied to a
+/// private folder that keeps its name. They are imported in the order in which the copies were
+/// done.
+void startDropImport(ProjectManager& manager, const std::vector<std::filesystem::path>& dropped);
+
+} // namespace quillery
