@@ -47,8 +47,8 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
   add(Menu::file, "quit", tr("Quit"), Qt::CTRL | Qt::Key_Q, always, targets.quit);
 
   add(
-      Menu::edit, "undo", tr("Undo"), Qt::CTRL | Qt::Key_Z,
-      [&] { return manager.canUndo(); }, [&] { manager.undo(); });
+      Menu::edit, "undo", tr("Undo"), Qt::CTRL | Qt::Key_Z, [&] { return manager.canUndo(); },
+      [&] { manager.undo(); });
   add(
       Menu::edit, "redo", tr("Redo"), Qt::CTRL | Qt::SHIFT | Qt::Key_Z,
       [&] { return manager.canRedo(); }, [&] { manager.redo(); });

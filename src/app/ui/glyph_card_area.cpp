@@ -1,9 +1,10 @@
 #include "app/ui/glyph_card_area.h"
 
+#include "app/ui/accessible_cards.h"
 #include "base/unicode.h"
 #include "desktop/icons.h"
-#include "desktop/theme.h"
 #include "desktop/outline_painting.h"
+#include "desktop/theme.h"
 #include "svg/ui/dropped_files.h"
 
 #include <QContextMenuEvent>
@@ -33,6 +34,7 @@ QString qt(std::string_view text) {
 GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
     : QAbstractScrollArea(parent), manager_(manager), drops_(manager), grid_(0, 1, 1, 0),
       connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+  [[maybe_unused]] static const bool installed = (installCardAccessibility(), true);
   setObjectName(QStringLiteral("glyphCards"));
   setAccessibleName(tr("Glyphs"));
   setFocusPolicy(Qt::StrongFocus);
@@ -129,6 +131,7 @@ void GlyphCardArea::updateCards() {
   }
   paintedSelection_ = manager_.selectedGlyphIds();
   layOut();
+  announceCards(*this);
 }
 
 int GlyphCardArea::textHeight() const {
@@ -156,6 +159,7 @@ void GlyphCardArea::repaintSelectionChanges() {
   for (const Uuid& id : selection)
     if (!paintedSelection_.contains(id)) repaintCard(id);
   paintedSelection_ = selection;
+  if (const auto card = currentCard()) announceCurrentCard(*this, *card);
 }
 
 void GlyphCardArea::repaintCard(const Uuid& id) {
@@ -281,6 +285,11 @@ void GlyphCardArea::moveSelection(CardGrid::Move move, bool extend) {
   scrollToCard(*target);
 }
 
+void GlyphCardArea::selectCard(std::size_t index) {
+  manager_.selectGlyph(displayed_[index]);
+  scrollToCard(index);
+}
+
 void GlyphCardArea::keyPressEvent(QKeyEvent* event) {
   using Move = CardGrid::Move;
   const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
@@ -330,10 +339,7 @@ bool GlyphCardArea::findTyped(const QString& text) {
         break;
   }
   const auto card = static_cast<std::size_t>(found);
-  if (card < displayed_.size()) {
-    manager_.selectGlyph(displayed_[card]);
-    scrollToCard(card);
-  }
+  if (card < displayed_.size()) selectCard(card);
   return true;
 }
 

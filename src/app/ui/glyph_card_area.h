@@ -30,6 +30,10 @@ public:
   /// In viewport coordinates.
   QRect cardRect(std::size_t index) const;
   std::optional<std::size_t> cardAt(QPoint viewportPosition) const;
+  /// The card that keys move from.
+  std::optional<std::size_t> currentCard() const;
+  /// Selects its glyph alone and shows it.
+  void selectCard(std::size_t index);
   void scrollToCard(std::size_t index);
   /// Does what is pending after changes, before the next paint would.
   void updateCards();
@@ -59,7 +63,6 @@ private:
   void paintCard(QPainter& painter, std::size_t index);
   void moveSelection(CardGrid::Move move, bool extend);
   bool findTyped(const QString& text);
-  std::optional<std::size_t> currentCard() const;
   int textHeight() const;
 
   ProjectManager& manager_;

@@ -5,6 +5,7 @@
 #include "support/temporary_folder.h"
 #include "svg/svg_import.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QDropEvent>
 #include <QLabel>
@@ -222,6 +223,28 @@ private Q_SLOTS:
     QTest::mouseClick(find<QPushButton>("addNotdef"), Qt::LeftButton);
     QTRY_VERIFY(!find<QWidget>("exportWarnings"));
     QCOMPARE(program.manager.currentProject().glyphs.size(), 3U);
+  }
+
+  void screenReadersSeeEachCard() {
+    Program program{"A", "B", "exclam"};
+    program.click(1);
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&program.cards());
+    QCOMPARE(list->role(), QAccessible::List);
+    QCOMPARE(list->childCount(), 3);
+    QCOMPARE(list->child(0)->text(QAccessible::Name), QStringLiteral("exclam"));
+    QCOMPARE(list->child(0)->text(QAccessible::Description), QStringLiteral("!"));
+    QAccessibleInterface* card = list->child(1);
+    QVERIFY(card->state().selected && !list->child(2)->state().selected);
+    QCOMPARE(list->focusChild(), card);
+    QCOMPARE(list->indexOfChild(card), 1);
+    const QPoint middle = card->rect().center();
+    QCOMPARE(list->childAt(middle.x(), middle.y()), card);
+    list->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(program.selected(), QStringLiteral("B"));
+    program.manager.deleteSelectedGlyphs();
+    program.cards().updateCards();
+    QCOMPARE(list->childCount(), 2);
+    QVERIFY(!list->child(2));
   }
 
   void everyControlHasANameForScreenReaders() {
