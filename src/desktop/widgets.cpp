@@ -34,6 +34,16 @@ void TextLabel::follow() {
   setPalette(colors);
 }
 
+SymbolLabel::SymbolLabel(Symbol symbol, int size, Role role, QWidget* parent)
+    : QWidget(parent), symbol_(symbol), role_(role) {
+  setFixedSize(size, size);
+}
+
+void SymbolLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintSymbol(painter, symbol_, rect(), themeColor(role_));
+}
+
 SectionHeader::SectionHeader(const QString& title, QWidget* parent)
     : QWidget(parent), label_(new TextLabel(title, TextStyle::headline, Role::text, this)),
       row_(new QHBoxLayout(this)) {

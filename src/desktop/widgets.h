@@ -34,6 +34,20 @@ private:
   Role role_;
 };
 
+/// A symbol beside or above words that say the same; assistive technology passes over it.
+class SymbolLabel : public QWidget {
+  Q_OBJECT
+public:
+  SymbolLabel(Symbol symbol, int size, Role role = Role::textSecondary, QWidget* parent = nullptr);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  Symbol symbol_;
+  Role role_;
+};
+
 /// The heading of a section of a panel, with room for a control at its end. Screen readers read
 /// it as the text that it is.
 class SectionHeader : public QWidget {

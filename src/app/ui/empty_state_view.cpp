@@ -6,7 +6,6 @@
 
 #include <QBoxLayout>
 #include <QDragEnterEvent>
-#include <QPainter>
 #include <QPushButton>
 
 namespace quillery {
@@ -14,22 +13,6 @@ namespace {
 
 constexpr int kSymbolSize = 64;
 constexpr int kSpacing = 20;
-
-class SymbolLabel : public QWidget {
-public:
-  SymbolLabel(Symbol symbol, int size, QWidget* parent) : QWidget(parent), symbol_(symbol) {
-    setFixedSize(size, size);
-  }
-
-protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    paintSymbol(painter, symbol_, rect(), themeColor(Role::textSecondary));
-  }
-
-private:
-  Symbol symbol_;
-};
 
 TextLabel* centred(const QString& words, TextStyle style, Role role, QWidget* parent) {
   auto* label = new TextLabel(words, style, role, parent);
@@ -46,7 +29,8 @@ EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->setSpacing(kSpacing);
   column->addStretch(1);
-  column->addWidget(new SymbolLabel(Symbol::documentImage, kSymbolSize, this), 0, Qt::AlignCenter);
+  column->addWidget(new SymbolLabel(Symbol::documentImage, kSymbolSize, Role::textSecondary, this),
+                    0, Qt::AlignCenter);
   column->addWidget(centred(tr("No Glyphs Yet"), TextStyle::title, Role::text, this));
 
   auto* import = new QPushButton(tr("Import SVGs..."), this);

@@ -4,7 +4,6 @@
 
 #include <QActionGroup>
 #include <QBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QSlider>
 #include <QToolButton>
@@ -21,12 +20,6 @@ constexpr int kSliderWidth = 120;
 QString title(GlyphSortOrder order) {
   const std::string_view text = label(order);
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QLabel* symbolLabel(Symbol symbol, QWidget* parent) {
-  auto* label = new QLabel(parent);
-  label->setPixmap(icon(symbol, Role::textSecondary).pixmap(grid::iconSize));
-  return label;
 }
 
 } // namespace
@@ -79,9 +72,9 @@ QWidget* GlyphGridView::makeHeader() {
   sizeSlider_->setValue(kFirstCard / kCardStep);
   connect(sizeSlider_, &QSlider::valueChanged, this,
           [this](int step) { cards_->setCardSize(step * kCardStep); });
-  row->addWidget(symbolLabel(Symbol::gridSmall, header));
+  row->addWidget(new SymbolLabel(Symbol::gridSmall, grid::iconSize, Role::textSecondary, header));
   row->addWidget(sizeSlider_);
-  row->addWidget(symbolLabel(Symbol::gridLarge, header));
+  row->addWidget(new SymbolLabel(Symbol::gridLarge, grid::iconSize, Role::textSecondary, header));
   return header;
 }
 

@@ -16,9 +16,8 @@ constexpr QSize kSize(640, 560);
 QWidget* unavailable(QWidget* parent) {
   auto* widget = new QWidget(parent);
   auto* column = new QVBoxLayout(widget);
-  auto* symbol = new QLabel(widget);
-  symbol->setPixmap(
-      icon(Symbol::exclamationTriangle, Role::textSecondary).pixmap(grid::largeControlHeight));
+  auto* symbol = new SymbolLabel(Symbol::exclamationTriangle, grid::largeControlHeight,
+                                 Role::textSecondary, widget);
   auto* words = new QLabel(LicensesView::tr("Unable to load license information"), widget);
   column->addStretch(1);
   column->addWidget(symbol, 0, Qt::AlignCenter);

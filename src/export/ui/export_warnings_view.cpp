@@ -1,8 +1,7 @@
 #include "export/ui/export_warnings_view.h"
 
-#include "desktop/icons.h"
 #include "desktop/style.h"
-#include "desktop/theme.h"
+#include "desktop/widgets.h"
 #include "export/export_fixes.h"
 
 #include <QBoxLayout>
@@ -76,10 +75,9 @@ QWidget* ExportWarningsView::row(const ExportWarning& warning) {
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(grid::unit);
   const bool critical = warning.severity == Severity::critical;
-  auto* symbol = new QLabel(widget);
-  symbol->setPixmap(icon(critical ? Symbol::exclamationCircleFill : Symbol::exclamationTriangleFill,
-                         critical ? Role::danger : Role::warning)
-                        .pixmap(kSymbolSize));
+  auto* symbol =
+      new SymbolLabel(critical ? Symbol::exclamationCircleFill : Symbol::exclamationTriangleFill,
+                      kSymbolSize, critical ? Role::danger : Role::warning, widget);
   line->addWidget(symbol, 0, Qt::AlignTop);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(grid::half);
