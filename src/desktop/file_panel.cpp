@@ -62,6 +62,9 @@ void FilePanel::begin(const std::string& message, const QString& extension) {
     setDefaultSuffix(extension);
   }
   setOption(HideNameFilterDetails);
+  // The toolkit's own panel has a field whose label names it to the eye only.
+  if (auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+    field->setAccessibleName(tr("File name"));
   resize(720, 520);
   setAttribute(Qt::WA_DeleteOnClose);
   connect(this, &QDialog::finished, this, &FilePanel::finish);
