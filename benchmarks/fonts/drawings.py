@@ -16,7 +16,7 @@ EM = 100  # units of a drawing
 FIRST_CHARACTER = 0x20000
 
 
-class _Path(BasePen):
+class DrawingPen(BasePen):
     """Collects a glyph as commands of letters and points, in a hundred units to the em."""
 
     def __init__(self, glyphs, scale):
@@ -51,7 +51,7 @@ def outlines(count):
             glyphs, names = font.getGlyphSet(), font.getBestCmap().values()
             scale = EM / font["head"].unitsPerEm * (1 + turn / 100)
             for glyph in dict.fromkeys(names):
-                pen = _Path(glyphs, scale)
+                pen = DrawingPen(glyphs, scale)
                 glyphs[glyph].draw(pen)
                 if pen.commands:
                     made.append((pen.commands, round(font["hmtx"][glyph][0] * scale)))
@@ -64,10 +64,14 @@ def write_drawings(folder, glyphs):
     """One SVG a glyph, named after its character, y downwards with the baseline at 80."""
     folder.mkdir(parents=True)
     for index, (commands, advance) in enumerate(glyphs):
-        data = " ".join(" ".join([letter, *(f"{x:g} {round(80 - y, 3):g}" for x, y in points)])
-                        for letter, points in commands)
-        (folder / f"u+{FIRST_CHARACTER + index:05X}.svg").write_text(
-            f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {advance} 100"><path d="{data}"/></svg>\n')
+        write_drawing(folder / f"u+{FIRST_CHARACTER + index:05X}.svg", commands, advance)
+
+
+def write_drawing(file, commands, advance):
+    data = " ".join(" ".join([letter, *(f"{x:g} {round(80 - y, 3):g}" for x, y in points)])
+                    for letter, points in commands)
+    file.write_text(
+        f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {advance} 100"><path d="{data}"/></svg>\n')
 
 
 def write_ufo(folder, glyphs):

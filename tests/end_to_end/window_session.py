@@ -27,17 +27,30 @@ def wait_for(what, condition, patience=PATIENCE):
         time.sleep(0.02)
 
 
-class Screen:
-    """An X display, a session bus with the accessibility service, and a window manager."""
+# Windows without frames, the main one as large as the screen.
+BARE_WINDOWS = """<openbox_config xmlns="http://openbox.org/3.4/rc"><applications>
+<application type="normal"><decor>no</decor><maximized>yes</maximized></application>
+<application type="dialog"><decor>no</decor></application>
+</applications></openbox_config>"""
 
-    def __init__(self, size=(1600, 1000), programs=BIN):
+
+class Screen:
+    """An X display, a session bus with the accessibility service, and a window manager.
+
+    Sizes and places are in logical pixels, of which each is `scale` times as wide on the display.
+    """
+
+    def __init__(self, size=(1600, 1000), scale=1, bare=False, programs=BIN):
         self.size = size
+        self.scale = scale
+        self.bare = bare
         self.programs = Path(programs)
         self._stack = contextlib.ExitStack()
         self._folder = self._stack.enter_context(tempfile.TemporaryDirectory())
         self.environment = {
             **os.environ, "XDG_RUNTIME_DIR": self._folder, "XDG_CONFIG_HOME": f"{self._folder}/config",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_ACCESSIBILITY": "1", "LC_ALL": "C.UTF-8",
+            "QT_SCALE_FACTOR": str(scale),
         }
         for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE"):
             self.environment.pop(name, None)
@@ -45,8 +58,9 @@ class Screen:
 
     def __enter__(self):
         read, write = os.pipe()
-        self.run(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.size[0]}x{self.size[1]}x24",
-                  "-nolisten", "tcp"], pass_fds=[write])
+        width, height = (length * self.scale for length in self.size)
+        self.run(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
+                 pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as number:
             self.environment["DISPLAY"] = ":" + number.readline().strip()
@@ -56,7 +70,9 @@ class Screen:
         wait_for("the accessibility bus", lambda: subprocess.run(
             ["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
              "org.a11y.Bus.GetAddress"], env=self.environment, capture_output=True, check=True))
-        self.run(["openbox", "--sm-disable"])
+        settings = Path(self._folder) / "openbox.xml"
+        settings.write_text(BARE_WINDOWS)
+        self.run(["openbox", "--sm-disable", *(["--config-file", settings] if self.bare else [])])
         # The library reads the environment once, when it is first used.
         for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
             os.environ[name] = self.environment[name]
@@ -64,6 +80,11 @@ class Screen:
 
     def __exit__(self, *error):
         self._stack.close()
+
+    def picture(self):
+        """What the display shows."""
+        from PIL import ImageGrab
+        return ImageGrab.grab(xdisplay=self.environment["DISPLAY"])
 
     def run(self, command, **options):
         options.setdefault("stderr", subprocess.DEVNULL)
@@ -172,8 +193,11 @@ class Window:
 
     # -- Mouse and keyboard
 
+    def _pixel(self, point):
+        return [round(c * self.screen.scale) for c in point]
+
     def move(self, to):
-        self.screen.xdotool("mousemove", *_point(to))
+        self.screen.xdotool("mousemove", *self._pixel(_point(to)))
 
     def click(self, what, button=1, count=1, keys=()):
         target = self.find(what) if isinstance(what, str) else what
@@ -185,7 +209,7 @@ class Window:
             self.screen.xdotool("keyup", key)
 
     def drag(self, start, end, button=1, steps=8):
-        (x0, y0), (x1, y1) = _point(start), _point(end)
+        (x0, y0), (x1, y1) = self._pixel(_point(start)), self._pixel(_point(end))
         self.screen.xdotool("mousemove", x0, y0, "mousedown", button)
         for i in range(1, steps + 1):
             self.screen.xdotool("mousemove", x0 + (x1 - x0) * i // steps, y0 + (y1 - y0) * i // steps)

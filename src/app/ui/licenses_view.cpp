@@ -4,6 +4,7 @@
 #include "desktop/widgets.h"
 
 #include <QBoxLayout>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -11,7 +12,7 @@
 namespace quillery {
 namespace {
 
-constexpr QSize kSize(640, 560);
+constexpr QSize kSize(760, 600); // wide enough for lines as the licences break them
 
 QWidget* unavailable(QWidget* parent) {
   auto* widget = new QWidget(parent);
@@ -49,6 +50,10 @@ LicensesView::LicensesView(const std::optional<std::filesystem::path>& resourceF
     text->setObjectName(QStringLiteral("licenseText"));
     text->setAccessibleName(tr("Licenses"));
     text->setReadOnly(true);
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(Theme::current().font(TextStyle::caption).pointSizeF());
+    text->setFont(font);
+    text->document()->setDocumentMargin(grid::gap);
     text->setPlainText(QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size())));
     column->addWidget(text, 1);
   } else {

@@ -102,6 +102,7 @@ void MainWindow::makeToolBar() {
   auto* bar = new QToolBar(this);
   bar->setObjectName(QStringLiteral("toolBar"));
   bar->setMovable(false);
+  bar->layout()->setContentsMargins(grid::margin, 0, grid::margin, 0);
   title_ = new TextLabel({}, TextStyle::headline, Role::text, bar);
   title_->setObjectName(QStringLiteral("projectTitle"));
   bar->addWidget(title_);

@@ -101,7 +101,11 @@ QWidget* ExportWarningsView::row(const ExportWarning& warning) {
       else
         addNotdefGlyph(manager_);
     });
-    texts->addWidget(fix, 0, Qt::AlignLeft);
+    auto* indented = new QHBoxLayout; // so that the words stand under the title
+    indented->addSpacing(-grid::half);
+    indented->addWidget(fix);
+    indented->addStretch(1);
+    texts->addLayout(indented);
   }
   line->addLayout(texts, 1);
   return widget;

@@ -1,0 +1,238 @@
+#!/usr/bin/python3
+"""Makes the pictures of the window, for the README and to judge its looks by.
+
+usage: make_pictures.py [--only NAME]... [FOLDER]
+
+Each picture shows a state of the window in light and dark, side by side, and is made at one and at
+two device pixels per logical pixel: FOLDER/NAME.png and FOLDER/NAME@2x.png.
+"""
+
+import argparse
+import json
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "tests/end_to_end"))
+sys.path.insert(0, str(ROOT / "benchmarks/fonts"))
+
+from drawings import EM, FOLDER, FONTS, DrawingPen, write_drawing  # noqa: E402
+from fontTools.ttLib import TTFont  # noqa: E402
+from PIL import Image  # noqa: E402
+from window_session import Screen, wait_for  # noqa: E402
+
+SIZE = (1280, 840)
+SAMPLE = ROOT / "resources/Sample.fontproj"
+DRAWINGS = sorted((ROOT / "resources/sample-drawings").glob("*.svg"))
+SCENES = {}
+
+
+def scene(name):
+    """Registers a function that brings a window into the state to show."""
+    def register(function):
+        SCENES[name] = function
+        return function
+    return register
+
+
+def draw_typeface(folder, count):
+    """Draws the first characters of a typeface of the system."""
+    font = TTFont(FOLDER / FONTS[0])
+    glyphs, scale = font.getGlyphSet(), EM / font["head"].unitsPerEm
+    folder.mkdir()
+    for character, glyph in sorted(font.getBestCmap().items())[:count]:
+        pen = DrawingPen(glyphs, scale)
+        glyphs[glyph].draw(pen)
+        if pen.commands:
+            write_drawing(folder / f"uni{character:04X}.svg", pen.commands, glyphs[glyph].width * scale)
+
+
+class Stage:
+    """A screen, and the projects that scenes open on it."""
+
+    def __init__(self, screen, theme, folder):
+        self.screen = screen
+        self.theme = theme
+        self.folder = folder
+
+    def open(self, *arguments):
+        window = self.screen.start(*arguments, env={"QUILLERY_THEME": self.theme})
+        window.find("Export Font", "push button")
+        return window
+
+    def project(self, name, drawings):
+        project = self.folder / f"{name}.fontproj"
+        if not project.exists():
+            subprocess.run([self.screen.programs / "quillery", "import", project, *drawings], check=True,
+                           capture_output=True)
+        return project
+
+    def twelve(self):
+        return self.project("Twelve", [d for d in DRAWINGS if d.stem in {*"ABCDEFabcdef"}])
+
+    def three_thousand(self):
+        drawings = self.folder / "drawings"
+        if not drawings.exists():
+            draw_typeface(drawings, 3000)
+        return self.project("Three Thousand", [drawings])
+
+
+@scene("empty-state")
+def _(stage):
+    return stage.open()
+
+
+@scene("grid-12")
+def _(stage):
+    return stage.open(stage.twelve())
+
+
+@scene("grid-3000")
+def _(stage):
+    window = stage.open(stage.three_thousand())
+    window.click(window.find("Glyphs", "list").children()[9])
+    window.click(window.find("Glyphs", "list").children()[11], keys=["shift"])
+    return window
+
+
+@scene("sort-menu")
+def _(stage):
+    window = stage.open(SAMPLE)
+    before = stage.screen.picture().tobytes()
+    window.click("Sort order")
+    wait_for("the menu", lambda: stage.screen.picture().tobytes() != before)
+    return window
+
+
+@scene("export-warnings")
+def _(stage):
+    window = stage.open(stage.twelve())
+    window.key("ctrl+e")
+    window.find("Export Anyway", "push button")
+    return window
+
+
+@scene("export-panel")
+def _(stage):
+    window = open_export_panel(stage, SAMPLE)
+    window.find("File name", "text")
+    return window
+
+
+def open_export_panel(stage, project):
+    window = stage.open(project)
+    window.key("ctrl+e")
+    shown = wait_for("an alert or the panel", lambda: window.all("Export Anyway") or window.all("File name", "text"))
+    if shown[0].name == "Export Anyway":
+        window.click(shown[0])
+    return window
+
+
+def export(stage, project, font):
+    window = open_export_panel(stage, project)
+    window.choose_file(font)
+    return window
+
+
+@scene("export-preparing")
+def _(stage):
+    window = export(stage, stage.three_thousand(), stage.folder / "font.woff2")
+    window.find("Preparing Export...")
+    return window
+
+
+@scene("export-generating")
+def _(stage):
+    window = export(stage, stage.three_thousand(), stage.folder / "font.woff2")
+    window.find("Generating Font...")
+    return window
+
+
+@scene("export-complete")
+def _(stage):
+    window = export(stage, SAMPLE, stage.folder / "Quillery Sans.otf")
+    window.find("Export Complete!")
+    return window
+
+
+@scene("export-failed")
+def _(stage):
+    window = export(stage, SAMPLE, "/proc/Quillery Sans.otf")
+    window.find("Export Failed")
+    return window
+
+
+@scene("alert-open-failed")
+def _(stage):
+    broken = stage.folder / "Broken.fontproj"
+    broken.write_text(json.dumps({"name": 7}))
+    window = stage.open(broken)
+    window.find("OK", "push button")
+    return window
+
+
+@scene("licenses")
+def _(stage):
+    window = stage.open()
+    window.key("alt+h")
+    window.key("Up", "Return")
+    window.find("Done", "push button")
+    return window
+
+
+def take_all(names, theme, scale, folder):
+    """Takes the pictures of one theme and size, on one screen."""
+    with Screen(SIZE, scale, bare=True) as screen:
+        for name in names:
+            window = SCENES[name](Stage(screen, theme, folder))
+            settled(screen).save(folder / f"{name}-{theme}-{scale}.png")
+            window.process.kill()
+            window.process.wait()
+
+
+def settled(screen):
+    """The picture once two in a row are the same, or what moves never rests."""
+    before = screen.picture()
+    for _ in range(15):
+        now = screen.picture()
+        if now.tobytes() == before.tobytes():
+            break
+        before = now
+    return before
+
+
+def side_by_side(left, right):
+    both = Image.new("RGB", (left.width + right.width, left.height))
+    both.paste(left, (0, 0))
+    both.paste(right, (left.width, 0))
+    return both.quantize(256)
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
+    options.add_argument("--only", action="append", choices=sorted(SCENES))
+    options.add_argument("--take", nargs=3, metavar=("THEME", "SCALE", "FOLDER"), help=argparse.SUPPRESS)
+    options.add_argument("folder", nargs="?", default=ROOT / "docs/pictures", type=Path)
+    arguments = options.parse_args()
+    names = arguments.only or list(SCENES)
+    if arguments.take:
+        theme, scale, folder = arguments.take
+        return take_all(names, theme, int(scale), Path(folder))
+    arguments.folder.mkdir(exist_ok=True)
+    with tempfile.TemporaryDirectory() as folder:
+        for scale in (1, 2):
+            # The library that finds widgets knows one session bus in its life, hence the processes.
+            for theme in ("light", "dark"):
+                subprocess.run([sys.executable, __file__, *(f"--only={name}" for name in names),
+                                "--take", theme, str(scale), folder], check=True)
+            for name in names:
+                light, dark = (Image.open(Path(folder) / f"{name}-{theme}-{scale}.png") for theme in ("light", "dark"))
+                side_by_side(light, dark).save(
+                    arguments.folder / f"{name}{'@2x' if scale == 2 else ''}.png", optimize=True)
+    return None
+
+
+if __name__ == "__main__":
+    main()
