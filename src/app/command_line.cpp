@@ -61,7 +61,8 @@ public:
     addPreview();
   }
 
-  ExitStatus run(int argc, char** argv, const OpenWindow& openWindow) {
+  ExitStatus run(int argc, char** argv, const WindowToolkit& toolkit) {
+    preview_.paint = toolkit.paintPreview;
     try {
       app_.parse(argc, argv);
     } catch (const CLI::Success& asked) { // --help, --version
@@ -75,9 +76,9 @@ public:
       places_.resourceFolder = resources_;
     }
     if (chosen_) return chosen_();
-    if (openWindow)
-      return openWindow(places_, window_.empty() ? std::nullopt
-                                                 : std::optional<std::filesystem::path>(window_));
+    if (toolkit.openWindow)
+      return toolkit.openWindow(
+          places_, window_.empty() ? std::nullopt : std::optional<std::filesystem::path>(window_));
     printError("This build has no window; --help lists the commands");
     return ExitStatus::failed;
   }
@@ -188,7 +189,7 @@ private:
                            });
     sub->add_option("--text", preview_.text, "The text to set")->required();
     sub->add_option("--size", size_, "Points to the em")->type_name("POINTS");
-    sub->add_option("-o", preview_.output, "The file to write, ending in .svg or .json")
+    sub->add_option("-o", preview_.output, "The file to write, ending in .png, .svg, .pdf or .json")
         ->required()
         ->type_name("OUT");
   }
@@ -214,8 +215,8 @@ private:
 } // namespace
 
 ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places,
-                          const OpenWindow& openWindow) {
-  return Parser(places).run(argc, argv, openWindow);
+                          const WindowToolkit& toolkit) {
+  return Parser(places).run(argc, argv, toolkit);
 }
 
 } // namespace quillery

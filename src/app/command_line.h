@@ -1,8 +1,12 @@
 #pragma once
 
+#include "base/result.h"
+#include "preview/text_layout.h"
+
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace quillery {
 
@@ -30,9 +34,18 @@ enum class ExitStatus : int {
 using OpenWindow = std::function<ExitStatus(const ProgramPlaces& places,
                                             const std::optional<std::filesystem::path>& project)>;
 
-/// Runs the program as its arguments say and returns its exit status. `openWindow` is empty in a
-/// program built without a window.
+/// Paints a set text as a PNG file and returns its bytes, or says why it can't be done.
+using PaintPreview = std::function<Result<std::string, std::string>(const TextLayout& layout,
+                                                                    const FontProject& project)>;
+
+/// What only a program built with the window toolkit can do; all empty in one built without.
+struct WindowToolkit {
+  OpenWindow openWindow;
+  PaintPreview paintPreview;
+};
+
+/// Runs the program as its arguments say and returns its exit status.
 ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places,
-                          const OpenWindow& openWindow = nullptr);
+                          const WindowToolkit& toolkit = {});
 
 } // namespace quillery

@@ -73,6 +73,8 @@ struct PreviewCommand {
   /// Points to the em.
   double size = 48;
   std::filesystem::path output;
+  /// For an output of pixels.
+  PaintPreview paint;
 };
 
 ExitStatus run(const ImportCommand& command, const ProgramPlaces& places);

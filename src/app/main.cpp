@@ -2,6 +2,7 @@
 
 #ifdef QUILLERY_HAS_WINDOW
 #include "app/ui/letterloom_app.h"
+#include "preview/ui/preview_picture.h"
 #endif
 
 #include <csignal>
@@ -33,12 +34,12 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
-  const quillery::OpenWindow openWindow = [&](const auto& places, const auto& project) {
+  toolkit.openWindow = [&](const auto& places, const auto& project) {
     return quillery::runWindow(argc, argv, places, project);
   };
-#else
-  const quillery::OpenWindow openWindow;
+  toolkit.paintPreview = quillery::previewPng;
 #endif
-  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces(), openWindow));
+  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces(), toolkit));
 }

@@ -12,7 +12,10 @@
 #include "svg/svg_import.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <functional>
+#include <map>
 #include <system_error>
 #include <unordered_set>
 
@@ -216,20 +219,51 @@ ExitStatus run(const KernCommand& command, const ProgramPlaces& places) {
   return session.save(command.project, status);
 }
 
+namespace {
+
+using MakeDocument = std::function<Result<std::string, std::string>(const TextLayout& layout,
+                                                                    const FontProject& project)>;
+
+// Documents that have a page, which needs a size.
+MakeDocument onPage(MakeDocument make) {
+  return [make = std::move(make)](const TextLayout& layout,
+                                  const FontProject& project) -> Result<std::string, std::string> {
+    const Size size = layout.contentSize;
+    if (std::isfinite(size.width) && std::isfinite(size.height) && size.width > 0 &&
+        size.height > 0)
+      return make(layout, project);
+    return Failure{std::string("the text has no size that a page can have")};
+  };
+}
+
+} // namespace
+
 ExitStatus run(const PreviewCommand& command, const ProgramPlaces& places) {
-  Session session(places);
+  const PaintPreview png = command.paint ? onPage(command.paint) : nullptr;
+  const std::map<std::string, MakeDocument> formats = {
+      {".json", previewJson}, {".svg", previewSvg}, {".pdf", onPage(previewPdf)}, {".png", png}};
   const std::string extension = lowercased(command.output.extension().string());
-  if (extension != ".json" && extension != ".svg") {
-    printError("preview: the output ends in .svg or .json, not in \"" + extension + "\"");
+  const auto format = formats.find(extension);
+  if (format == formats.end()) {
+    printError("preview: the output ends in .png, .svg, .pdf or .json, not in \"" + extension +
+               "\"");
     return ExitStatus::wrongUsage;
   }
+  if (!format->second) {
+    printError("preview: this build can't write " + extension + " pictures");
+    return ExitStatus::failed;
+  }
+  Session session(places);
   if (!session.open(command.project)) return ExitStatus::failed;
   const FontProject& project = session.project();
   const TextLayout layout = layoutText(command.text, project, session.manager().glyphIndex(),
                                        KerningTable(project.kerningPairs), command.size);
-  const std::string document =
-      extension == ".json" ? previewJson(layout, project) : previewSvg(layout, project);
-  if (const auto written = replaceFile(command.output, document); !written) {
+  const auto document = format->second(layout, project);
+  if (!document) {
+    printError("Could not make the preview: " + document.error());
+    return ExitStatus::failed;
+  }
+  if (const auto written = replaceFile(command.output, document.value()); !written) {
     printError("Could not write the preview: " + written.error().description());
     return ExitStatus::failed;
   }

@@ -35,13 +35,6 @@ std::string coordinates(Point p) {
   return formatShortest(p.x) + " " + formatShortest(p.y);
 }
 
-bool isFinite(const Outline& outline) {
-  for (const PathCommand& command : outline)
-    for (const Point p : command.points)
-      if (!std::isfinite(p.x) || !std::isfinite(p.y)) return false;
-  return true;
-}
-
 std::string pathData(const Outline& outline) {
   std::string data;
   for (const PathCommand& command : outline) {
@@ -65,6 +58,13 @@ std::string pathData(const Outline& outline) {
 }
 
 } // namespace
+
+bool isDrawable(const Outline& outline) {
+  for (const PathCommand& command : outline)
+    for (const Point p : command.points)
+      if (!std::isfinite(p.x) || !std::isfinite(p.y)) return false;
+  return !outline.empty();
+}
 
 std::string previewJson(const TextLayout& layout, const FontProject& project) {
   std::string json;
@@ -109,7 +109,7 @@ std::string previewSvg(const TextLayout& layout, const FontProject& project) {
   std::set<std::size_t> drawn;
   for (const SetCharacter& set : layout.characters) {
     const Outline& outline = project.glyphs[set.glyph].fontPath();
-    if (outline.empty() || !isFinite(outline) || !drawn.insert(set.glyph).second) continue;
+    if (!isDrawable(outline) || !drawn.insert(set.glyph).second) continue;
     svg += "<path id=\"g" + std::to_string(set.glyph) + "\" d=\"" + pathData(outline) + "\"/>\n";
   }
   svg += "</defs>\n<g fill=\"#111\">\n";

@@ -13,4 +13,12 @@ std::string previewJson(const TextLayout& layout, const FontProject& project);
 /// A layout as an SVG picture, dark on white; every outline is written once.
 std::string previewSvg(const TextLayout& layout, const FontProject& project);
 
+/// A layout of finite, positive size as a PDF document, dark on white: one page as large as the
+/// content, a view point being a point, with the outlines as they are. Every outline is written
+/// once.
+std::string previewPdf(const TextLayout& layout, const FontProject& project);
+
+/// Every coordinate is a number: a picture can be made of it.
+bool isDrawable(const Outline& outline);
+
 } // namespace quillery

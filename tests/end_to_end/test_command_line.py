@@ -1,8 +1,11 @@
 """The commands one after the other, on real files."""
 
 import json
+import math
 import os
+import re
 import string
+import struct
 import subprocess
 
 import pytest
@@ -83,6 +86,28 @@ def test_what_the_preview_sets_is_what_the_font_sets(quillery, tmp_path):
     assert {"leftGlyph": "A", "rightGlyph": "V"}.items() <= shown["pairs"][16].items()
     quillery("preview", SAMPLE, "--text", text, "-o", "out.svg")
     assert (tmp_path / "out.svg").read_text().count("<use ") == len(text.replace(" ", ""))
+
+
+def test_the_preview_is_painted_without_a_display(quillery, tmp_path):
+    text = "Hamburg\nAV"
+    for extension in ("png", "pdf", "json"):
+        made = quillery("preview", SAMPLE, "--text", text, "--size", "50.5", "-o", f"out.{extension}")
+        assert (made.status, made.errors) == (0, []), extension
+    shown = json.loads((tmp_path / "out.json").read_text())
+    png = (tmp_path / "out.png").read_bytes()
+    assert png[:8] == b"\x89PNG\r\n\x1a\n"
+    assert struct.unpack(">II", png[16:24]) == (math.ceil(shown["width"]), math.ceil(shown["height"]))
+    pdf = (tmp_path / "out.pdf").read_bytes()
+    page = [float(number) for number in re.search(rb"/MediaBox \[(.*?)\]", pdf)[1].split()]
+    assert page == pytest.approx([0, 0, shown["width"], shown["height"]])
+    assert pdf.count(b" Do Q") == len(text) - 1
+
+    before = (tmp_path / "out.png").read_bytes()
+    for size in ("1e6", "1e300", "1e308"):
+        huge = quillery("preview", SAMPLE, "--text", text, "--size", size, "-o", "out.png")
+        assert huge.status == 3 and len(huge.errors) == 1, size
+    assert (tmp_path / "out.png").read_bytes() == before
+    assert sorted(path.name for path in tmp_path.iterdir()) == ["out.json", "out.pdf", "out.png"]
 
 
 def test_importing_again_keeps_the_metrics(quillery, draw, tmp_path):

@@ -124,9 +124,17 @@ TEST_F(KerningTest, ListsPairsByNamesRunTogether) {
   EXPECT_EQ(pairs(), "T/A A/V A/T a/v Av/x é/y A/V ");
   EXPECT_EQ(firstKerningPair(d.project(), "A", "V")->value, 1);
   EXPECT_EQ(firstKerningPair(d.project(), "V", "A"), nullptr);
-  const KerningTable table(d.project().kerningPairs);
+  KerningTable table(d.project().kerningPairs);
   EXPECT_EQ(table.value("A", "V"), 1);
   EXPECT_EQ(table.value("A", "x") + table.value("x", "A"), 0);
+  EXPECT_TRUE(table.contains("A", "T"));
+  EXPECT_FALSE(table.contains("A", "x"));
+  for (const KerningPair& pair : d.project().kerningPairs) {
+    KerningPair changed = pair;
+    changed.value += 10;
+    table.update(changed);
+  }
+  EXPECT_EQ(table.value("A", "V"), 11) << "not that of the second pair of these names";
 }
 
 } // namespace

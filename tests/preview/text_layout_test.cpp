@@ -158,5 +158,30 @@ TEST(PreviewDocument, ListsWhatIsDrawn) {
 )svg");
 }
 
+TEST(PreviewDocument, FillsAPageOfTheSizeOfTheText) {
+  FontProject project = sampleProject();
+  const Outline triangle{PathCommand::moveTo({0, 0.5}), PathCommand::lineTo({1e-7, -3}),
+                         PathCommand::curveTo({1, 2}, {3, 4}, {5, 6e20}), PathCommand::closePath()};
+  for (Glyph& glyph : project.glyphs) glyph.placeOutline(triangle, {});
+  project.glyphs[1].placeOutline({PathCommand::lineTo({1e308 * 10, 0})}, {});
+  const Set set("AAVB", project);
+  const std::string pdf = previewPdf(set.layout, project);
+  EXPECT_NE(pdf.find("/MediaBox [0 0 262 140 ] /UserUnit 1 "), std::string::npos);
+  EXPECT_NE(pdf.find("q 0.1 0 0 0.1 80 40 cm /G5 Do Q"), std::string::npos);
+  EXPECT_NE(pdf.find("0 0.5 m\n0.0000001 -3 l\n1 2 3 4 5 600000000000000000000 c\nh\nf\n"),
+            std::string::npos);
+  EXPECT_EQ(pdf.find("nan") & pdf.find("inf") & pdf.find("7 0 obj"), std::string::npos);
+
+  // Readers jump to where the table says that the objects begin.
+  std::size_t entry = pdf.find("0000000000 65535 f \n");
+  for (int object = 1; object <= 6; ++object) {
+    entry += 20;
+    const std::string begin = std::to_string(object) + " 0 obj";
+    EXPECT_EQ(pdf.substr(std::stoul(pdf.substr(entry, 10)), begin.size()), begin);
+  }
+  const Set large("A", project, 30'000);
+  EXPECT_NE(previewPdf(large.layout, project).find(" /UserUnit 3 "), std::string::npos);
+}
+
 } // namespace
 } // namespace quillery::test

@@ -1,0 +1,219 @@
+#include "preview/ui/preview_panel.h"
+
+#include "desktop/value_slider.h"
+#include "desktop/widgets.h"
+#include "kerning/kerning_pairs.h"
+#include "preview/text_presets.h"
+#include "preview/ui/available_characters_view.h"
+#include "preview/ui/plain_text_editor.h"
+#include "preview/ui/vector_preview_view.h"
+
+#include <QActionGroup>
+#include <QBoxLayout>
+#include <QMenu>
+#include <QToolButton>
+#include <algorithm>
+#include <cmath>
+
+namespace quillery {
+namespace {
+
+constexpr double kLeastSize = 12;
+constexpr double kGreatestSize = 144;
+constexpr double kFirstSize = 48;
+constexpr int kSliderWidth = 120;
+constexpr int kSizeLabelWidth = 40;
+constexpr int kEditorHeight = 84;
+constexpr int kLeastEditorHeight = 36; // a line
+constexpr QSize kEditorInsets(8, 8);
+constexpr int kCharactersHeight = 200; // at most
+// What the preview keeps before the characters go, and before the editor gets lower.
+constexpr int kPreviewBesideCharacters = 112;
+constexpr int kLeastPreviewHeight = 96;
+
+QString qt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString withoutMnemonic(QString title) {
+  return title.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+} // namespace
+
+PreviewPanel::PreviewPanel(ProjectManager& manager, QWidget* parent)
+    : QWidget(parent), manager_(manager), presets_(new QToolButton(this)),
+      size_(new ValueSlider(kLeastSize, kGreatestSize, 1, this)),
+      sizeLabel_(new TextLabel({}, TextStyle::caption, Role::textSecondary, this)),
+      header_(makeHeader()), editor_(new MacTextEditor(this)),
+      preview_(new VectorPreviewView(manager, this)),
+      characters_(new AvailableCharactersView(manager, this)), charactersSection_(makeCharacters()),
+      connection_(manager.changed.connect([this](const ProjectChange& change) {
+        if (change.what == ProjectChange::What::selectedTab) followTab();
+      })) {
+  setObjectName(QStringLiteral("previewPanel"));
+  setAccessibleName(tr("Font Preview"));
+  setAutoFillBackground(true);
+
+  editor_->setObjectName(QStringLiteral("previewText"));
+  editor_->setAccessibleName(tr("Preview text"));
+  editor_->setInsets(kEditorInsets);
+  const auto setFont = [this] { editor_->setTextFont(Theme::current().font(TextStyle::body)); };
+  setFont();
+  connect(&Theme::current(), &Theme::changed, this, setFont);
+  connect(editor_, &MacTextEditor::textEdited, this,
+          [this](const QString& text) { preview_->setText(text.toStdString()); });
+  preview_->onGlyphClicked = [this](const auto& name) { selectGlyphNamed(name); };
+  preview_->onPairClicked = [this](const auto& left, const auto& right) {
+    selectPair(left, right);
+  };
+  connect(characters_, &AvailableCharactersView::contentChanged, this, &PreviewPanel::divideHeight);
+
+  auto* const paper = new QWidget(this);
+  paper->setBackgroundRole(QPalette::Button);
+  paper->setAutoFillBackground(true);
+  auto* const inset = new QVBoxLayout(paper);
+  inset->setContentsMargins(grid::unit, 0, 0, 0);
+  inset->addWidget(editor_);
+
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->setSizeConstraint(QLayout::SetNoConstraint); // what gives way has no least height
+  column->addWidget(header_);
+  column->addWidget(makeSeparator(Qt::Horizontal, this));
+  column->addWidget(paper);
+  column->addWidget(makeSeparator(Qt::Horizontal, this));
+  column->addWidget(preview_, 1);
+  column->addWidget(charactersSection_);
+
+  setSize(kFirstSize);
+  choosePreset(0);
+  followTab();
+}
+
+QWidget* PreviewPanel::makeHeader() {
+  auto* const header = new QWidget(this);
+  auto* const row = new QHBoxLayout(header);
+  row->setContentsMargins(grid::margin, grid::half, grid::margin, grid::half);
+  row->setSpacing(grid::unit);
+  row->addWidget(new TextLabel(tr("Font Preview"), TextStyle::headline, Role::text, header));
+  row->addStretch(1);
+
+  presets_->setObjectName(QStringLiteral("presetMenu"));
+  presets_->setAccessibleName(tr("Sample text"));
+  presets_->setToolTip(tr("Choose a sample text"));
+  presets_->setPopupMode(QToolButton::InstantPopup);
+  presets_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  presets_->setIcon(icon(Symbol::textLines));
+  presets_->setAutoRaise(true);
+  auto* const menu = new QMenu(presets_);
+  auto* const group = new QActionGroup(menu);
+  for (std::size_t i = 0; i < textPresets().size(); ++i) {
+    QAction* const action = menu->addAction(withoutMnemonic(qt(textPresets()[i].name)));
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, i] { choosePreset(i); });
+  }
+  presets_->setMenu(menu);
+  row->addWidget(presets_);
+  row->addSpacing(grid::unit);
+
+  auto* const caption = new TextLabel(tr("Size:"), TextStyle::caption, Role::text, header);
+  caption->setBuddy(size_);
+  row->addWidget(caption);
+  size_->setObjectName(QStringLiteral("previewSize"));
+  size_->setAccessibleName(tr("Preview size"));
+  size_->setFixedWidth(kSliderWidth);
+  connect(size_, &ValueSlider::moved, this, &PreviewPanel::setSize);
+  row->addWidget(size_);
+  sizeLabel_->setObjectName(QStringLiteral("previewSizeLabel"));
+  sizeLabel_->setFixedWidth(kSizeLabelWidth);
+  const auto setFont = [this] {
+    sizeLabel_->setFont(Theme::current().numberFont(TextStyle::caption));
+  };
+  setFont();
+  connect(&Theme::current(), &Theme::changed, this, setFont);
+  row->addWidget(sizeLabel_);
+  return header;
+}
+
+QWidget* PreviewPanel::makeCharacters() {
+  auto* const section = new QWidget(this);
+  auto* const column = new QVBoxLayout(section);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(makeSeparator(Qt::Horizontal, section));
+  auto* const inset = new QVBoxLayout;
+  inset->setContentsMargins(grid::margin, grid::unit, grid::unit, grid::unit);
+  inset->setSpacing(grid::half);
+  inset->addWidget(
+      new TextLabel(tr("Available Characters"), TextStyle::caption, Role::textSecondary, section));
+  inset->addWidget(characters_, 1);
+  column->addLayout(inset, 1);
+  return section;
+}
+
+void PreviewPanel::choosePreset(std::size_t preset) {
+  const TextPreset& chosen = textPresets()[preset];
+  presets_->menu()->actions().at(static_cast<qsizetype>(preset))->setChecked(true);
+  presets_->setText(withoutMnemonic(qt(chosen.name)));
+  editor_->setText(qt(chosen.text));
+  preview_->setText(chosen.text);
+}
+
+void PreviewPanel::setSize(double points) {
+  const double whole = std::round(points);
+  size_->showValue(whole);
+  sizeLabel_->setText(tr("%1pt").arg(whole));
+  preview_->setFontSize(whole);
+}
+
+void PreviewPanel::followTab() {
+  const int tab = manager_.selectedTab();
+  preview_->setMode(tab == 0   ? PreviewMode::glyphs
+                    : tab == 1 ? PreviewMode::kerning
+                               : PreviewMode::none);
+}
+
+void PreviewPanel::selectGlyphNamed(const std::string& name) {
+  if (const Glyph* glyph = manager_.firstGlyphNamed(name)) manager_.selectGlyph(glyph->id());
+}
+
+void PreviewPanel::selectPair(const std::string& leftGlyph, const std::string& rightGlyph) {
+  const KerningPair* pair = firstKerningPair(manager_.currentProject(), leftGlyph, rightGlyph);
+  manager_.selectKerningPair(pair ? pair->id : addKerningPair(manager_, leftGlyph, rightGlyph));
+}
+
+QSize PreviewPanel::minimumSizeHint() const {
+  const QSize header = header_->minimumSizeHint();
+  return {header.width(),
+          header.height() + 2 + kLeastEditorHeight + preview_->minimumSizeHint().height()};
+}
+
+void PreviewPanel::divideHeight() {
+  const int rest = height() - header_->sizeHint().height() - 2; // and two lines
+  const int editor = std::clamp(rest - kLeastPreviewHeight, kLeastEditorHeight, kEditorHeight);
+  editor_->setFixedHeight(editor);
+
+  const int least = charactersSection_->layout()->minimumSize().height(); // with a row of them
+  const int room = rest - editor - kPreviewBesideCharacters;
+  charactersSection_->setVisible(room >= least);
+  const int row = characters_->minimumSizeHint().height();
+  const int frame = least - row;
+  const int wanted = characters_->heightFor(width() - grid::margin - grid::unit);
+  const int whole = (std::min(kCharactersHeight, room) - frame) / row * row;
+  charactersSection_->setFixedHeight(frame + std::max(row, std::min(wanted, whole)));
+}
+
+void PreviewPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  divideHeight();
+}
+
+void PreviewPanel::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  divideHeight();
+}
+
+} // namespace quillery

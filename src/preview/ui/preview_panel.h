@@ -1,0 +1,53 @@
+#pragma once
+
+#include "project/project_manager.h"
+
+#include <QWidget>
+#include <string>
+
+class QLabel;
+class QToolButton;
+
+namespace quillery {
+
+class AvailableCharactersView;
+class MacTextEditor;
+class ValueSlider;
+class VectorPreviewView;
+
+/// A sample text to type or pick, set from the glyphs of the open project, and the characters that
+/// the project has. Where it is low, the characters give way first, then lines of the editor.
+class PreviewPanel : public QWidget {
+  Q_OBJECT
+public:
+  PreviewPanel(ProjectManager& manager, QWidget* parent);
+
+  QSize minimumSizeHint() const override;
+
+protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+private:
+  QWidget* makeHeader();
+  QWidget* makeCharacters();
+  void choosePreset(std::size_t preset);
+  void setSize(double points);
+  void followTab();
+  void selectGlyphNamed(const std::string& name);
+  void selectPair(const std::string& leftGlyph, const std::string& rightGlyph);
+  void divideHeight();
+
+  ProjectManager& manager_;
+  QToolButton* presets_;
+  ValueSlider* size_;
+  QLabel* sizeLabel_;
+  QWidget* header_;
+  MacTextEditor* editor_;
+  VectorPreviewView* preview_;
+  AvailableCharactersView* characters_;
+  QWidget* charactersSection_;
+  Connection connection_;
+};
+
+} // namespace quillery

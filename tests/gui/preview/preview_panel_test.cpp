@@ -1,0 +1,305 @@
+#include "desktop/value_slider.h"
+#include "gui/desktop/gui_test.h"
+#include "preview/ui/available_characters_view.h"
+#include "preview/ui/plain_text_editor.h"
+#include "preview/ui/preview_panel.h"
+#include "preview/ui/vector_preview_view.h"
+#include "support/projects.h"
+#include "support/scripted_desktop.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+#include <cmath>
+
+using namespace quillery;
+using namespace quillery::test;
+
+namespace {
+
+// A square from the baseline up.
+Glyph square(const char* name, std::optional<std::string> unicode) {
+  Glyph glyph = makeGlyph(name, std::move(unicode), 600);
+  const Outline outline{PathCommand::moveTo({100, 0}), PathCommand::lineTo({500, 0}),
+                        PathCommand::lineTo({500, 400}), PathCommand::lineTo({100, 400}),
+                        PathCommand::closePath()};
+  glyph.placeOutline(outline, controlBox(outline));
+  return glyph;
+}
+
+// The panel over glyphs A, B, V and one without a character.
+struct Preview {
+  Preview() {
+    manager.editGlyphList([](auto& glyphs) {
+      glyphs = {square("A", "A"), square("B", "B"), square("V", "V"), square("n", std::nullopt)};
+    });
+    panel.resize(700, 500);
+    panel.show();
+    panel.activateWindow();
+    (void)QTest::qWaitForWindowActive(&panel);
+  }
+
+  VectorPreviewView& view() { return *find<VectorPreviewView>("vectorPreview"); }
+  MacTextEditor& editor() { return *find<MacTextEditor>("previewText"); }
+  void type(const char* text) {
+    editor().selectAll();
+    QTest::keyClicks(&editor(), QLatin1String(text));
+  }
+  QPoint place(std::size_t glyph) {
+    const TextLayout& layout = view().scene().layout();
+    const SetCharacter& set = layout.characters[glyph];
+    return view()
+        .viewportRect({set.penX + 5, layout.rowTop(set.line) + 5, 0, 0})
+        .topLeft()
+        .toPoint();
+  }
+  void click(std::size_t glyph) {
+    QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, place(glyph));
+  }
+  QString selectedPair() {
+    for (const KerningPair& pair : manager.currentProject().kerningPairs)
+      if (pair.id == manager.selectedKerningPairId())
+        return QString::fromStdString(pair.leftGlyph + "/" + pair.rightGlyph);
+    return {};
+  }
+  QColor pixel(QPoint at) {
+    const QImage picture = view().viewport()->grab().toImage();
+    return picture.pixelColor(at * picture.devicePixelRatio());
+  }
+
+  ScriptedDesktop desktop;
+  RecentProjectsManager recent{desktop};
+  ProjectManager manager{desktop, recent};
+  PreviewPanel panel{manager, nullptr};
+};
+
+// Counts the paints of a widget, and remembers what the last one covered.
+struct PaintWatch : QObject {
+  explicit PaintWatch(QWidget* widget) { widget->installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      ++paints;
+      area = static_cast<QPaintEvent*>(event)->rect();
+    }
+    return false;
+  }
+  int paints = 0;
+  QRect area;
+};
+
+} // namespace
+
+class PreviewPanelTest : public QObject {
+  Q_OBJECT
+private Q_SLOTS:
+  void init() { failOnWarnings(); }
+
+  void typingSetsTheTextAndKeepsTheCaretAndItsOwnHistory() {
+    Preview preview;
+    preview.editor().selectAll();
+    preview.type("AVB");
+    preview.editor().moveCursor(QTextCursor::Start);
+    QTest::keyClicks(&preview.editor(), QStringLiteral("xy"));
+    QCOMPARE(preview.view().scene().text(), std::string("xyAVB"));
+    QCOMPARE(preview.editor().textCursor().position(), 2);
+    QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(preview.view().scene().text(), std::string("AVB"));
+    QVERIFY(!preview.manager.canUndo());
+  }
+
+  void presetsReplaceTheTextAsTheyAre() {
+    Preview preview;
+    auto* const button = find<QToolButton>("presetMenu");
+    const auto presets = button->menu()->actions();
+    QCOMPARE(preview.view().scene().text().substr(0, 4), std::string("ABCD"));
+    preview.type("mine");
+    presets.at(7)->trigger();
+    QVERIFY(presets.at(7)->isChecked() && !presets.at(0)->isChecked());
+    QCOMPARE(button->text(), QStringLiteral("Kerning Test"));
+    QVERIFY(preview.editor().text().startsWith(QStringLiteral("AVATAR AWAY\nTo")));
+    QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(preview.view().scene().text(), std::string("mine"));
+    // A key typed into the characters beyond ASCII takes none of them away.
+    presets.at(10)->trigger();
+    const std::string extended = preview.view().scene().text();
+    QTest::keyClicks(&preview.editor(), QStringLiteral("a"));
+    QCOMPARE(preview.view().scene().text(), "a" + extended);
+  }
+
+  void theSizeIsAWholeNumber() {
+    Preview preview;
+    auto* const slider = find<ValueSlider>("previewSize");
+    slider->moveTo(47.6);
+    QCOMPARE(preview.view().scene().fontSize(), 48.0);
+    QCOMPARE(slider->shownValue(), 48.0);
+    slider->moveTo(143.9);
+    QCOMPARE(find<QLabel>("previewSizeLabel")->text(), QStringLiteral("144pt"));
+  }
+
+  void aClickPicksAsTheTabSays() {
+    Preview preview;
+    preview.type("AV B");
+    preview.click(1);
+    QCOMPARE(preview.manager.selectedGlyphIds().size(), 1U);
+    QVERIFY(
+        preview.manager.selectedGlyphIds().contains(preview.manager.firstGlyphNamed("V")->id()));
+    preview.manager.setSelectedTab(1);
+    preview.click(2); // no neighbours
+    QCOMPARE(preview.selectedPair(), QString());
+    preview.click(0);
+    QCOMPARE(preview.selectedPair(), QStringLiteral("A/V"));
+    preview.manager.selectKerningPair(std::nullopt);
+    preview.click(0);
+    QCOMPARE(preview.selectedPair(), QStringLiteral("A/V"));
+    QCOMPARE(preview.manager.currentProject().kerningPairs.size(), 1U);
+    QVERIFY(!preview.manager.canUndo());
+
+    preview.manager.setSelectedTab(2);
+    preview.manager.clearSelection();
+    preview.click(0);
+    QVERIFY(preview.manager.selectedGlyphIds().empty());
+    // A press that is let go over another item picks nothing.
+    preview.manager.setSelectedTab(0);
+    QTest::mousePress(preview.view().viewport(), Qt::LeftButton, {}, preview.place(0));
+    QTest::mouseRelease(preview.view().viewport(), Qt::LeftButton, {}, preview.place(1));
+    QVERIFY(preview.manager.selectedGlyphIds().empty());
+  }
+
+  void keysPickToo() {
+    Preview preview;
+    preview.type("AVB");
+    preview.view().setFocus(Qt::TabFocusReason);
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Return})
+      QTest::keyClick(&preview.view(), key);
+    QVERIFY(
+        preview.manager.selectedGlyphIds().contains(preview.manager.firstGlyphNamed("B")->id()));
+  }
+
+  void aHoverHighlightsTheItemAndRepaintsNoMore() {
+    Preview preview;
+    preview.type("AVB");
+    auto* const viewport = preview.view().viewport();
+    const QColor paper = preview.pixel(preview.place(0));
+    QCoreApplication::processEvents();
+    PaintWatch watch(viewport);
+    QTest::mouseMove(viewport, preview.place(0));
+    QCOMPARE(viewport->cursor().shape(), Qt::PointingHandCursor);
+    QTRY_COMPARE(watch.paints, 1);
+    QVERIFY(watch.area.width() < 40 && watch.area.height() < 70);
+    QVERIFY(preview.pixel(preview.place(0)) != paper);
+    QTest::mouseMove(viewport, preview.place(0) + QPoint(2, 2));
+    QTest::mouseMove(viewport, QPoint(300, 5));
+    QCOMPARE(viewport->cursor().shape(), Qt::ArrowCursor);
+    QCOMPARE(preview.pixel(preview.place(0)), paper);
+
+    preview.manager.setSelectedTab(1);
+    QTest::mouseMove(viewport, preview.place(0));
+    const QColor absent = preview.pixel(preview.place(0));
+    preview.click(0);
+    QVERIFY(preview.pixel(preview.place(0)) != absent); // green now
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(viewport, &leave);
+    QCOMPARE(preview.pixel(preview.place(0)), paper);
+  }
+
+  void onlyChangesThatTheTextShowsAreRepainted() {
+    Preview preview;
+    preview.type("AV");
+    QCoreApplication::processEvents();
+    PaintWatch watch(preview.view().viewport());
+    PaintWatch characters(find<AvailableCharactersView>("availableCharacters")->viewport());
+    const auto& glyphs = preview.manager.currentProject().glyphs;
+    preview.manager.editGlyph(glyphs[1].id(), [](Glyph& b) { b.setVerticalOffset(50); });
+    preview.manager.selectAllGlyphs();
+    QCoreApplication::processEvents();
+    QCOMPARE(watch.paints + characters.paints, 0);
+    preview.manager.editGlyph(glyphs[0].id(), [](Glyph& a) { a.setVerticalOffset(50); });
+    QCoreApplication::processEvents();
+    QCOMPARE(watch.paints, 1);
+    QCOMPARE(characters.paints, 0);
+  }
+
+  // Ink is black on a coverage of the pixel: the sum along a line through the square tells where
+  // its edges lie.
+  void glyphsStandWithinAQuarterOfAPixelOfTheirPlace() {
+    Preview preview;
+    preview.type("AVBAVBAVB");
+    const double scale = 47.0 / 1000;
+    find<ValueSlider>("previewSize")->moveTo(47);
+    const QImage picture = preview.view().viewport()->grab().toImage();
+    const double ratio = picture.devicePixelRatio();
+    const TextLayout& layout = preview.view().scene().layout();
+    for (const SetCharacter& set : layout.characters) {
+      const double left = (set.penX + 100 * scale) * ratio;
+      const double right = (set.penX + 500 * scale) * ratio;
+      const auto line = static_cast<int>((layout.baseline(0) - 200 * scale) * ratio);
+      double ink = 0;
+      const double middle = std::floor((left + right) / 2);
+      const double from = picture.pixelColor(0, 0).lightnessF();
+      const double most = from - picture.pixelColor(static_cast<int>(middle), line).lightnessF();
+      for (int x = static_cast<int>(left) - 3; x < static_cast<int>(middle); ++x)
+        ink += (from - picture.pixelColor(x, line).lightnessF()) / most;
+      QVERIFY2(std::abs(middle - ink - left) < 0.25, qPrintable(QString::number(set.penX)));
+    }
+  }
+
+  void measuresWithoutSenseNeitherHangNorScrollForever() {
+    Preview preview;
+    preview.type("AVB");
+    const Uuid a = preview.manager.firstGlyphNamed("A")->id();
+    const auto shown = [&](const char* what) {
+      preview.view().grab();
+      const auto* bar = preview.view().horizontalScrollBar();
+      QVERIFY2(bar->maximum() >= 0 && bar->maximum() < 10'000'000, what);
+    };
+    const auto font = [&](const char* what, const std::function<void(FontInfo&)>& edit) {
+      const FontInfo before = preview.manager.currentProject();
+      preview.manager.editFontInfo(edit);
+      shown(what);
+      preview.manager.editFontInfo([&](FontInfo& info) { info = before; });
+    };
+    font("em 0", [](FontInfo& info) { info.unitsPerEm = 0; });
+    font("em 1", [](FontInfo& info) { info.unitsPerEm = 1; });
+    font("nan", [](FontInfo& info) { info.ascender = std::nan(""); });
+    font("gap", [](FontInfo& info) { info.lineGap = 1e300; });
+    for (const double advance : {1e308, -1e308, 1e12, static_cast<double>(INFINITY)}) {
+      preview.manager.editGlyph(a, [&](Glyph& glyph) { glyph.setAdvanceWidth(advance); });
+      shown("advance");
+    }
+    for (const double scale : {1e5, 1e12}) {
+      preview.manager.editGlyph(a, [&](Glyph& glyph) { glyph.setScale(scale); });
+      shown("scale");
+    }
+  }
+
+  void charactersAreListedWhereThereIsRoom() {
+    Preview preview;
+    auto* const list = find<AvailableCharactersView>("availableCharacters");
+    QCOMPARE(list->text(), QStringLiteral("A B V"));
+    for (const int height : {150, 250, 320, 900}) {
+      preview.panel.resize(700, height);
+      QCoreApplication::processEvents();
+      const int least = height < 200 ? 60 : 96;
+      QVERIFY2(preview.view().height() >= least, qPrintable(QString::number(height)));
+      QVERIFY(preview.editor().height() <= 84 && preview.editor().height() >= 36);
+      QCOMPARE(list->isVisible(), height >= 320);
+    }
+    preview.manager.editGlyphList([](auto& glyphs) {
+      for (int i = 0; i < 3000; ++i) glyphs.push_back(makeGlyph("g" + std::to_string(i), "x"));
+    });
+    QCoreApplication::processEvents();
+    QVERIFY(list->verticalScrollBar()->maximum() > 0);
+    QVERIFY(list->parentWidget()->height() <= 200);
+    preview.manager.newProject();
+    QCOMPARE(list->text(), QStringLiteral("No characters assigned yet"));
+  }
+};
+
+int main(int argc, char** argv) {
+  return runWithTheme<PreviewPanelTest>(argc, argv);
+}
+
+#include "preview_panel_test.moc"
