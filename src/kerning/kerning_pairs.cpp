@@ -7,16 +7,13 @@
 #include <set>
 
 namespace quillery {
-namespace {
 
-const KerningPair* pairWithId(const FontProject& project, const Uuid& id) {
+const KerningPair* kerningPairWithId(const FontProject& project, const Uuid& id) {
   const auto& pairs = project.kerningPairs;
   const auto pair =
       std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
   return pair == pairs.end() ? nullptr : &*pair;
 }
-
-} // namespace
 
 Uuid addKerningPair(ProjectManager& manager, std::string_view leftGlyph,
                     std::string_view rightGlyph) {
@@ -62,7 +59,7 @@ void deleteKerningPair(ProjectManager& manager, const Uuid& id) {
 }
 
 void changeKerningValue(ProjectManager& manager, const Uuid& id, double value) {
-  const KerningPair* pair = pairWithId(manager.currentProject(), id);
+  const KerningPair* pair = kerningPairWithId(manager.currentProject(), id);
   if (!pair || pair->value == value) return;
   const Uuid target = id;
   const double oldValue = pair->value;
@@ -71,7 +68,7 @@ void changeKerningValue(ProjectManager& manager, const Uuid& id, double value) {
 }
 
 void registerKerningChange(ProjectManager& manager, const Uuid& id, double oldValue) {
-  const KerningPair* pair = pairWithId(manager.currentProject(), id);
+  const KerningPair* pair = kerningPairWithId(manager.currentProject(), id);
   if (!pair || pair->value == oldValue) return;
   UndoManager& undo = manager.undoManager();
   undo.registerUndo(

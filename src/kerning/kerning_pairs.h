@@ -12,6 +12,9 @@ namespace quillery {
 /// The pairs that Latin fonts commonly kern, by glyph name, left and right.
 extern const std::array<std::pair<std::string_view, std::string_view>, 53> kCommonKerningPairs;
 
+/// Null when there is none. The pointer is good until the next edit.
+const KerningPair* kerningPairWithId(const FontProject& project, const Uuid& id);
+
 /// Appends a pair with value 0, also when one of these names is there already.
 Uuid addKerningPair(ProjectManager& manager, std::string_view leftGlyph,
                     std::string_view rightGlyph);

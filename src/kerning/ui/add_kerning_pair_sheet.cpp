@@ -1,0 +1,131 @@
+#include "kerning/ui/add_kerning_pair_sheet.h"
+
+#include "desktop/painting.h"
+#include "desktop/widgets.h"
+#include "kerning/kerning_pairs.h"
+#include "kerning/ui/kerning_painting.h"
+#include "kerning/ui/searchable_glyph_picker.h"
+
+#include <QBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+
+namespace quillery {
+namespace {
+
+constexpr int kPickerWidth = 240;
+constexpr int kPreviewHeight = 240; // as much as the lists of the pickers need
+
+/// The glyphs chosen so far, as they stand without kerning.
+class PairPreview : public QWidget {
+public:
+  using SceneOf = std::function<KerningScene()>;
+
+  PairPreview(SceneOf scene, QWidget* parent) : QWidget(parent), scene_(std::move(scene)) {
+    setMinimumHeight(kPreviewHeight);
+  }
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painting::box(painter, rect(), radius::card, themeColor(Role::canvas),
+                  themeColor(Role::border));
+    const KerningScene scene = scene_();
+    const QSizeF room = size();
+    const auto mapping = mappingOf(scene, {room.width(), room.height()});
+    if (!mapping || (!scene.left && !scene.right)) return;
+    const double end = mapping->rightToView({scene.right ? scene.right->advanceWidth() : 0, 0}).x;
+    const double used = end + mapping->leftToView({}).x;
+    painter.setClipRect(rect().adjusted(1, 1, -1, -1));
+    painter.translate((room.width() - used) / 2, 0);
+    paintKerning(painter, scene, {used, room.height()});
+  }
+
+private:
+  SceneOf scene_;
+};
+
+} // namespace
+
+AddKerningPairSheet::AddKerningPairSheet(ProjectManager& manager,
+                                         std::function<void(const Uuid&)> onPairAdded,
+                                         QWidget* parent)
+    : QDialog(parent, Qt::Sheet), manager_(manager), onPairAdded_(std::move(onPairAdded)),
+      preview_(new PairPreview(
+          [this]() -> KerningScene {
+            return {manager_.firstGlyphNamed(left_->selection()),
+                    manager_.firstGlyphNamed(right_->selection()), 0};
+          },
+          this)),
+      add_(new QPushButton(tr("Add Pair"), this)) {
+  setObjectName(QStringLiteral("addKerningPairSheet"));
+  setWindowTitle(tr("Add Kerning Pair"));
+  setAccessibleName(windowTitle());
+  setWindowModality(Qt::WindowModal);
+  // A click beside the pickers takes the focus from them, and so closes their lists.
+  setFocusPolicy(Qt::ClickFocus);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
+  column->setSpacing(grid::margin);
+  column->addWidget(new TextLabel(windowTitle(), TextStyle::title, Role::text, this));
+  column->addWidget(makePickers());
+  column->addWidget(preview_, 1);
+  column->addLayout(makeButtons());
+  left_->setFocus();
+}
+
+QWidget* AddKerningPairSheet::makePickers() {
+  auto* pickers = new QWidget(this);
+  auto* row = new QHBoxLayout(pickers);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(grid::margin);
+  const auto names =
+      std::make_shared<const std::vector<std::string>>(sortedGlyphNames(manager_.currentProject()));
+  const auto picker = [&](const QString& objectName, const QString& label) {
+    auto* result = new SearchableGlyphPicker(objectName, label, names, pickers);
+    result->setMinimumWidth(kPickerWidth);
+    connect(result, &SearchableGlyphPicker::chosen, this, &AddKerningPairSheet::namesChanged);
+    row->addWidget(result, 1);
+    return result;
+  };
+  left_ = picker(QStringLiteral("leftGlyph"), tr("Left Glyph"));
+  right_ = picker(QStringLiteral("rightGlyph"), tr("Right Glyph"));
+  return pickers;
+}
+
+QLayout* AddKerningPairSheet::makeButtons() {
+  auto* cancel = new QPushButton(tr("Cancel"), this);
+  cancel->setObjectName(QStringLiteral("cancel"));
+  cancel->setAutoDefault(false);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  add_->setObjectName(QStringLiteral("addPair"));
+  add_->setDefault(true);
+  add_->setEnabled(false);
+  connect(add_, &QPushButton::clicked, this, &AddKerningPairSheet::addPair);
+  setTabOrder(cancel, add_);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(grid::unit);
+  row->addStretch(1);
+  row->addWidget(cancel);
+  row->addWidget(add_);
+  return row;
+}
+
+void AddKerningPairSheet::namesChanged() {
+  preview_->update();
+  const bool complete = !left_->selection().empty() && !right_->selection().empty();
+  add_->setEnabled(complete);
+  // On to what is missing.
+  if (complete)
+    add_->setFocus();
+  else
+    (left_->selection().empty() ? left_ : right_)->setFocus();
+}
+
+void AddKerningPairSheet::addPair() {
+  const Uuid pair = addKerningPair(manager_, left_->selection(), right_->selection());
+  onPairAdded_(pair);
+  accept();
+}
+
+} // namespace quillery

@@ -1,0 +1,175 @@
+#include "kerning/ui/kerning_adjustment_view.h"
+
+#include "base/numbers.h"
+#include "desktop/placeholder.h"
+#include "desktop/value_readout.h"
+#include "desktop/value_slider.h"
+#include "desktop/widgets.h"
+#include "kerning/kerning_list.h"
+#include "kerning/kerning_pairs.h"
+#include "kerning/ui/kerning_canvas.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyle>
+#include <cmath>
+
+namespace quillery {
+namespace {
+
+using What = ProjectChange::What;
+
+enum Page { kPairPage, kGonePage };
+
+QString qt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+/// One line that gives way in its middle where there is no room, as names can be long.
+class TitleLabel : public TextLabel {
+public:
+  explicit TitleLabel(QWidget* parent) : TextLabel({}, TextStyle::title2, Role::text, parent) {
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  }
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    style()->drawItemText(&painter, rect(), Qt::AlignLeading | Qt::AlignVCenter, palette(), true,
+                          shown, foregroundRole());
+  }
+};
+
+} // namespace
+
+KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* parent)
+    : QStackedWidget(parent), manager_(manager), edit_(manager), title_(new TitleLabel(this)),
+      reset_(new QPushButton(icon(Symbol::reset), tr("Reset"), this)),
+      canvas_(new KerningCanvas(manager, this)), readout_(new ValueReadout(tr("Kerning value"))),
+      slider_(new ValueSlider(kLeastKerning, kGreatestKerning, 1, this)),
+      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+  setObjectName(QStringLiteral("kerningAdjustment"));
+  auto* page = new QWidget(this);
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::margin);
+  column->setSpacing(grid::gap);
+  column->addWidget(makeHeader());
+  column->addWidget(canvas_, 1);
+  column->addWidget(makeControls());
+  addWidget(page);
+  auto* gone = new Placeholder(Symbol::exclamationTriangle, {}, this);
+  gone->setObjectName(QStringLiteral("pairGone"));
+  gone->addText(tr("Pair no longer exists"));
+  addWidget(gone);
+  refresh();
+}
+
+QWidget* KerningAdjustmentView::makeHeader() {
+  auto* header = new QWidget(this);
+  auto* row = new QHBoxLayout(header);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(grid::gap);
+  title_->setObjectName(QStringLiteral("adjustTitle"));
+  reset_->setObjectName(QStringLiteral("resetKerning"));
+  reset_->setAccessibleName(tr("Reset kerning"));
+  connect(reset_, &QPushButton::clicked, this, [this] { enterKerningValue(manager_, pair_, 0); });
+  row->addWidget(title_, 1);
+  row->addWidget(reset_);
+  return header;
+}
+
+QWidget* KerningAdjustmentView::makeControls() {
+  auto* controls = new QWidget(this);
+  auto* column = new QVBoxLayout(controls);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* top = new QHBoxLayout;
+  top->addWidget(new TextLabel(tr("Kerning Value:"), TextStyle::body, Role::text, controls));
+  readout_->setObjectName(QStringLiteral("kerningValue"));
+  top->addStretch(1);
+  readout_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  top->addWidget(readout_);
+  column->addLayout(top);
+
+  slider_->setObjectName(QStringLiteral("kerningSlider"));
+  slider_->setAccessibleName(tr("Kerning value"));
+  const auto endLabel = [controls](const QString& text) {
+    return new TextLabel(text, TextStyle::caption, Role::textSecondary, controls);
+  };
+  auto* bottom = new QHBoxLayout;
+  bottom->setSpacing(grid::unit);
+  bottom->addWidget(endLabel(QStringLiteral("-200")));
+  bottom->addWidget(slider_, 1);
+  bottom->addWidget(endLabel(QStringLiteral("+200")));
+  column->addLayout(bottom);
+
+  connect(slider_, &ValueSlider::gestureBegan, this, [this] { edit_.begin(pair_); });
+  connect(slider_, &ValueSlider::moved, this, [this](double value) {
+    edit_.set(std::round(value));
+    // Back to the value that was taken: between two steps none is, nor after an undo.
+    if (const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_))
+      slider_->showValue(pair->value);
+  });
+  connect(slider_, &ValueSlider::gestureEnded, this, [this] { edit_.end(); });
+  connect(slider_, &ValueSlider::gestureCancelled, this, [this] { edit_.cancel(); });
+  connect(slider_, &ValueSlider::entryRequested, this,
+          [this](const QString& typed) { readout_->beginEntry(typed); });
+  connect(readout_, &ValueReadout::entered, this, &KerningAdjustmentView::enterText);
+  connect(readout_, &ValueReadout::entryClosed, this, [this] {
+    // Left by a key that moves no focus.
+    if (readout_->isAncestorOf(QApplication::focusWidget())) slider_->setFocus();
+  });
+  setTabOrder(reset_, canvas_);
+  if (auto* entry = readout_->findChild<QLineEdit*>(QStringLiteral("entry"))) {
+    setTabOrder(canvas_, entry);
+    setTabOrder(entry, slider_);
+  }
+  return controls;
+}
+
+void KerningAdjustmentView::setPair(const Uuid& pair) {
+  if (pair_ != pair) edit_.end();
+  pair_ = pair;
+  canvas_->setPair(pair);
+  refresh();
+}
+
+void KerningAdjustmentView::enterText(const QString& text) {
+  const auto value = parseDecimal(text.trimmed().toStdString());
+  if (value) enterKerningValue(manager_, pair_, *value);
+}
+
+void KerningAdjustmentView::projectChanged(const ProjectChange& change) {
+  switch (change.what) {
+  case What::project:
+  case What::kerningList:
+  case What::everything:
+    return refresh();
+  case What::kerningPair:
+    if (change.id == pair_) refresh();
+    return;
+  default:
+    return;
+  }
+}
+
+void KerningAdjustmentView::refresh() {
+  const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_);
+  setCurrentIndex(pair ? kPairPage : kGonePage);
+  if (!pair) return;
+  const QString title =
+      tr("Adjust Kerning: ") + qt(pair->leftGlyph) + QStringLiteral(" + ") + qt(pair->rightGlyph);
+  if (title != title_->text()) {
+    title_->setText(title);
+    title_->setToolTip(title);
+  }
+  readout_->show(qt(kerningText(pair->value)),
+                 pair->value != 0 ? Role::accentForeground : Role::textSecondary);
+  slider_->showValue(pair->value);
+}
+
+} // namespace quillery

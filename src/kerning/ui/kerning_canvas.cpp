@@ -1,0 +1,119 @@
+#include "kerning/ui/kerning_canvas.h"
+
+#include "desktop/painting.h"
+#include "desktop/theme.h"
+#include "kerning/kerning_pairs.h"
+#include "kerning/ui/kerning_painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+namespace quillery {
+namespace {
+
+using What = ProjectChange::What;
+
+constexpr QSize kLeastSize(240, 160);
+constexpr QSize kUsualSize(640, 420);
+constexpr double kSmallStep = 1; // font units
+constexpr double kLargeStep = 10;
+
+} // namespace
+
+KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
+    : MouseTrackingView(parent), manager_(manager), drag_(manager),
+      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+  setObjectName(QStringLiteral("kerningCanvas"));
+  setAccessibleName(tr("Kerning canvas"));
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
+  onMouseDown = [this](Point p, MouseButton button) {
+    if (button == MouseButton::left) drag_.press(pair_, p);
+  };
+  onMouseDragged = [this](Point p) {
+    drag_.drag(p, {static_cast<double>(width()), static_cast<double>(height())});
+  };
+  onMouseUp = [this] { drag_.release(); };
+  onMouseCancelled = [this] { drag_.cancel(); };
+}
+
+void KerningCanvas::setPair(const Uuid& pair) {
+  if (pair_ != pair) drag_.release();
+  pair_ = pair;
+  update();
+}
+
+QSize KerningCanvas::sizeHint() const {
+  return kUsualSize;
+}
+
+QSize KerningCanvas::minimumSizeHint() const {
+  return kLeastSize;
+}
+
+KerningScene KerningCanvas::scene() const {
+  const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_);
+  if (!pair) return {};
+  return {manager_.firstGlyphNamed(pair->leftGlyph), manager_.firstGlyphNamed(pair->rightGlyph),
+          pair->value};
+}
+
+bool KerningCanvas::shows(const Uuid& glyph) const {
+  const KerningScene shown = scene();
+  return (shown.left && shown.left->id() == glyph) || (shown.right && shown.right->id() == glyph);
+}
+
+void KerningCanvas::projectChanged(const ProjectChange& change) {
+  switch (change.what) {
+  case What::project:
+  case What::glyphList:
+  case What::kerningList:
+  case What::everything:
+    return update();
+  case What::kerningPair:
+    if (change.id == pair_) update();
+    return;
+  case What::glyph:
+    if (isVisible() && shows(change.id)) update();
+    return;
+  default:
+    return;
+  }
+}
+
+void KerningCanvas::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painting::box(painter, rect(), radius::card, themeColor(Role::canvas), themeColor(Role::border));
+  painter.save();
+  // A glyph may be larger than the canvas, or lie beside its advance.
+  painter.setClipRect(rect().adjusted(1, 1, -1, -1));
+  paintKerning(painter, scene(), {static_cast<double>(width()), static_cast<double>(height())});
+  painter.restore();
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect ring;
+  ring.initFrom(this);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &ring, &painter, this);
+}
+
+void KerningCanvas::keyPressEvent(QKeyEvent* event) {
+  const bool left = event->key() == Qt::Key_Left;
+  const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  const bool nudge = (left || event->key() == Qt::Key_Right) && !(modifiers & ~Qt::ShiftModifier);
+  if (!nudge) return MouseTrackingView::keyPressEvent(event);
+  const double step = modifiers & Qt::ShiftModifier ? kLargeStep : kSmallStep;
+  if (const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_))
+    enterKerningValue(manager_, pair_, pair->value + (left ? -step : step));
+}
+
+void KerningCanvas::focusInEvent(QFocusEvent* event) {
+  MouseTrackingView::focusInEvent(event);
+  update();
+}
+
+void KerningCanvas::focusOutEvent(QFocusEvent* event) {
+  MouseTrackingView::focusOutEvent(event);
+  update();
+}
+
+} // namespace quillery

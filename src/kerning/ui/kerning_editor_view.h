@@ -1,0 +1,55 @@
+#pragma once
+
+#include "base/signal.h"
+#include "project/project_manager.h"
+
+#include <QWidget>
+
+class QLineEdit;
+class QListView;
+class QPushButton;
+class QStackedWidget;
+
+namespace quillery {
+
+class IconButton;
+class KerningAdjustmentView;
+class KerningListModel;
+
+/// The kerning tab: the list of pairs, and beside it the selected pair's adjustment.
+class KerningEditorView : public QWidget {
+  Q_OBJECT
+public:
+  explicit KerningEditorView(ProjectManager& manager, QWidget* parent = nullptr);
+
+  /// Opens the sheet in which the glyphs of a new pair are chosen.
+  void showAddPairSheet();
+
+private:
+  QWidget* makeColumn();
+  QWidget* makeButtons();
+  QWidget* makeList();
+  QWidget* makeDetail();
+  void projectChanged(const ProjectChange& change);
+  void showFilter(const QString& text);
+  void showPairs();
+  void showGlyphCount();
+  void showSelection();
+  void selectShown();
+  void deleteSelected();
+
+  ProjectManager& manager_;
+  KerningListModel* model_;
+  IconButton* add_;
+  QPushButton* generate_;
+  QPushButton* delete_;
+  QLineEdit* search_;
+  QListView* list_;
+  QStackedWidget* listPages_;
+  QStackedWidget* detailPages_;
+  KerningAdjustmentView* adjustment_;
+  bool following_ = false; // the list takes over what the project says
+  Connection connection_;
+};
+
+} // namespace quillery

@@ -1,0 +1,174 @@
+#include "kerning/kerning_canvas_mapping.h"
+#include "kerning/kerning_drag.h"
+#include "support/document.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace quillery::test {
+namespace {
+
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+
+TEST(KerningCanvasMapping, PlacesBothGlyphsOnTheBaseline) {
+  // 1080 points of height give one point a unit; the width would give more.
+  const auto byHeight = KerningCanvasMapping::make(600, 500, -80, {2080, 1080});
+  ASSERT_TRUE(byHeight);
+  EXPECT_EQ(byHeight->pointsPerUnit(), 1);
+  EXPECT_EQ(byHeight->leftToView({10, 100}), (Point{50, 940}));
+  EXPECT_EQ(byHeight->rightToView({10, 100}), (Point{570, 940}));
+  EXPECT_EQ(byHeight->baseline(), (KerningCanvasMapping::Line{{0, 1040}, {2080, 1040}}));
+  EXPECT_EQ(byHeight->advance(), (KerningCanvasMapping::Line{{640, 1040}, {640, 40}}));
+  const auto marker = byHeight->marker();
+  EXPECT_EQ(marker[0], (KerningCanvasMapping::Line{{640, 540}, {560, 540}}));
+  EXPECT_EQ(marker[1], (KerningCanvasMapping::Line{{640, 537}, {640, 543}}));
+  EXPECT_EQ(marker[2], (KerningCanvasMapping::Line{{560, 537}, {560, 543}}));
+
+  const auto byWidth = KerningCanvasMapping::make(600, 500, -100, {580, 1080});
+  ASSERT_TRUE(byWidth);
+  EXPECT_EQ(byWidth->pointsPerUnit(), 0.5);
+  EXPECT_EQ(byWidth->rightToView({500, 0}), (Point{540, 1040}));
+}
+
+TEST(KerningCanvasMapping, IsNotThereWhereNothingCanBeDrawn) {
+  const struct {
+    const char* name;
+    double left, right, kerning;
+    Size canvas;
+    bool there;
+  } rows[] = {
+      {"as low as its margins", 600, 500, 0, {400, 80}, false},
+      {"as narrow as its margins", 600, 500, 0, {80, 400}, false},
+      {"narrow and nothing to fit", 0, 0, 0, {60, 400}, false},
+      {"infinite advance", kInfinite, 500, 0, {400, 400}, false},
+      {"advances that cancel out", kInfinite, -kInfinite, 0, {400, 400}, false},
+      {"no advances", 0, 0, 0, {400, 400}, true},
+      {"kerning beyond the advances", 50, 40, -150, {400, 400}, true},
+  };
+  for (const auto& row : rows) {
+    const auto mapping = KerningCanvasMapping::make(row.left, row.right, row.kerning, row.canvas);
+    EXPECT_EQ(mapping.has_value(), row.there) << row.name;
+    EXPECT_GT(mapping ? mapping->pointsPerUnit() : 1, 0) << row.name;
+  }
+}
+
+struct KerningEditTest : ::testing::Test {
+  KerningEditTest() {
+    d.setGlyphs({makeGlyph("A", "A", 600), makeGlyph("V", "V", 500)});
+    d.manager.editKerningList([](auto& pairs) {
+      pairs = {makePair("A", "V", 10), makePair("A", "V"), makePair("A", "lost")};
+    });
+  }
+
+  const Uuid& id(std::size_t pair) const { return d.project().kerningPairs[pair].id; }
+  double value(std::size_t pair = 0) const { return d.project().kerningPairs[pair].value; }
+  bool canUndo() const { return d.manager.undoManager().canUndo(); }
+
+  Document d;
+  KerningDrag drag{d.manager};
+  const Size canvas{2080, 580}; // half a point to a unit
+};
+
+TEST_F(KerningEditTest, DraggingSetsTheValueFromThePress) {
+  drag.press(id(0), {300, 100});
+  drag.drag({330, 400}, canvas);
+  EXPECT_EQ(value(), 70);
+  drag.drag({329.5, 0}, canvas);
+  EXPECT_EQ(value(), 69);
+  drag.drag({9000, 0}, canvas);
+  EXPECT_EQ(value(), 200);
+  drag.drag({-9000, 0}, canvas);
+  EXPECT_EQ(value(), -200);
+  drag.drag({360, 0}, canvas);
+  EXPECT_FALSE(canUndo());
+  drag.release();
+  EXPECT_EQ(value(), 130);
+  EXPECT_EQ(value(1), 0) << "another pair of the same names";
+  EXPECT_EQ(d.manager.undoManager().undoActionName(), "Change Kerning A/V");
+  d.manager.undo();
+  EXPECT_EQ(value(), 10);
+  EXPECT_FALSE(canUndo());
+  d.manager.redo();
+  EXPECT_EQ(value(), 130);
+}
+
+TEST_F(KerningEditTest, TheScaleIsThatOfTheValueAtThePress) {
+  const Size narrow{635, 2080}; // half a point to a unit while the width is 600 + 500 + 10
+  drag.press(id(0), {0, 0});
+  drag.drag({50, 0}, narrow);
+  drag.drag({60, 0}, narrow);
+  EXPECT_EQ(value(), 130);
+}
+
+TEST_F(KerningEditTest, GesturesThatChangeNothingLeaveNoStep) {
+  drag.press(id(0), {300, 0});
+  drag.release();
+  drag.press(id(0), {300, 0});
+  drag.drag({340, 0}, canvas);
+  drag.drag({300, 0}, canvas);
+  drag.release();
+  drag.press(id(2), {300, 0});
+  drag.drag({340, 0}, canvas); // a glyph is missing
+  drag.release();
+  drag.press(Uuid::random(), {300, 0});
+  drag.drag({340, 0}, canvas);
+  drag.release();
+  drag.press(id(0), {300, 0});
+  drag.drag({340, 0}, {80, 80});
+  drag.release();
+  drag.press(id(0), {300, 0});
+  drag.drag({340, 0}, canvas);
+  drag.cancel();
+  drag.drag({350, 0}, canvas);
+  drag.release();
+  EXPECT_EQ(value(), 10);
+  EXPECT_EQ(value(2), 0);
+  EXPECT_FALSE(canUndo());
+}
+
+TEST_F(KerningEditTest, AnUndoWhileDraggingTakesTheDragBack) {
+  drag.press(id(0), {300, 0});
+  drag.drag({340, 0}, canvas);
+  EXPECT_TRUE(d.manager.canUndo());
+  d.manager.undo();
+  EXPECT_EQ(value(), 10);
+  drag.drag({350, 0}, canvas);
+  drag.release();
+  EXPECT_EQ(value(), 10);
+  EXPECT_TRUE(d.manager.canRedo());
+  drag.press(id(0), {300, 0});
+  drag.drag({305, 0}, canvas);
+  drag.release();
+  EXPECT_EQ(value(), 20);
+
+  // The pair goes while it is dragged.
+  drag.press(id(0), {300, 0});
+  drag.drag({340, 0}, canvas);
+  d.manager.editKerningList([](auto& pairs) { pairs.erase(pairs.begin()); });
+  drag.drag({350, 0}, canvas);
+  drag.release();
+  EXPECT_EQ(value(), 0);
+}
+
+TEST_F(KerningEditTest, AnotherEditEndsTheOneBefore) {
+  KerningEdit slider(d.manager);
+  slider.begin(id(0));
+  slider.set(250);
+  EXPECT_EQ(value(), 200);
+  drag.press(id(0), {300, 0});
+  drag.drag({280, 0}, canvas);
+  slider.set(5);
+  EXPECT_EQ(value(), 160);
+  enterKerningValue(d.manager, id(0), -1000);
+  drag.release();
+  EXPECT_EQ(value(), -200);
+  for (const double before : {160.0, 200.0, 10.0}) {
+    d.manager.undo();
+    EXPECT_EQ(value(), before);
+  }
+  EXPECT_FALSE(canUndo());
+}
+
+} // namespace
+} // namespace quillery::test
