@@ -14,7 +14,7 @@ from fontTools.ttLib import newTable
 
 from .charstrings import Charstring, encoded_number
 from .glyph_set import FontGlyph
-from .metrics import Measures
+from .metrics import Measures, is_fixed_pitch
 from .naming import Naming
 from .outlines import Box
 
@@ -34,6 +34,7 @@ _FIRST_OWN_STRING = 391
 # Operators of the Top DICT and the Private DICT.
 _VERSION, _FULL_NAME, _FAMILY_NAME, _FONT_BBOX = b"\x00", b"\x02", b"\x03", b"\x05"
 _FONT_MATRIX, _CHARSET, _CHARSTRINGS, _PRIVATE = b"\x0c\x07", b"\x0f", b"\x11", b"\x12"
+_IS_FIXED_PITCH, _ITALIC_ANGLE = b"\x0c\x01", b"\x0c\x02"
 _DEFAULT_WIDTH, _NOMINAL_WIDTH = b"\x14", b"\x15"
 
 
@@ -60,17 +61,17 @@ class CffOutlines:
             self._charstrings.append(width + shape.operators)
             self.boxes.append(shape.box)
 
-    def tables(self, names: Sequence[str], measures: Measures, naming: Naming) -> dict[str, Any]:
+    def tables(self, names: Sequence[str], measures: Measures, naming: Naming, slant: float) -> dict[str, Any]:
         """The tables that only fonts of this kind have."""
         maxp = newTable("maxp")
         maxp.tableVersion = 0x00005000
         private = (_integer(self._default_width) + _DEFAULT_WIDTH
                    + _integer(self._nominal_width) + _NOMINAL_WIDTH)
-        return {"CFF ": _encode_cff(names, self._charstrings, private, measures, naming), "maxp": maxp}
+        return {"CFF ": _encode_cff(names, self._charstrings, private, measures, naming, slant), "maxp": maxp}
 
 
 def _encode_cff(names: Sequence[str], charstrings: Sequence[bytes], private: bytes,
-                measures: Measures, naming: Naming) -> bytes:
+                measures: Measures, naming: Naming, slant: float) -> bytes:
     strings = {name: number for number, name in enumerate(_NUMBERED_STRINGS)}
     own: list[bytes] = []
 
@@ -86,6 +87,10 @@ def _encode_cff(names: Sequence[str], charstrings: Sequence[bytes], private: byt
     for text, operator in ((naming.full, _FULL_NAME), (naming.family, _FAMILY_NAME)):
         if text.isascii():  # the strings of this table have no other characters
             dictionary += _integer(number_of(text)) + operator
+    if is_fixed_pitch(measures):
+        dictionary += _integer(1) + _IS_FIXED_PITCH
+    if slant:  # counted to the left, as in the post table
+        dictionary += _real(-slant) + _ITALIC_ANGLE
     dictionary += b"".join(map(_integer, measures.box)) + _FONT_BBOX
     if measures.units_per_em != 1000:
         scale = _real(1 / measures.units_per_em)
@@ -142,8 +147,10 @@ def _offset(value: int) -> bytes:
 
 
 def _real(value: float) -> bytes:
-    """A number in decimal digits of four bits each, a period being 10 and the end 15."""
-    digits: Iterable[int] = (10 if digit == "." else int(digit) for digit in f"{value:.15f}".rstrip("0"))
+    """A number in decimal digits of four bits each, a period being 10, a minus 14 and the end 15."""
+    codes = {".": 10, "-": 14}
+    digits: Iterable[int] = (codes[sign] if sign in codes else int(sign)
+                             for sign in f"{value:.15f}".rstrip("0").rstrip("."))
     nibbles = [*digits, 15]
     nibbles += [15] * (len(nibbles) % 2)
     return b"\x1e" + bytes(high << 4 | low for high, low in zip(nibbles[::2], nibbles[1::2]))

@@ -57,7 +57,7 @@ def build_font(document: Document, extension: str, quality: int,
     layout = _layout(document, glyphs)
     context = max([1, *map(len, glyphs.characters.sequences), 2 if "GPOS" in layout else 1])
     name_glyphs = extension != "otf" and len(names) <= _MOST_NAMED_GLYPHS
-    tables = outlines.tables(names, measures, naming) | layout | {
+    tables = outlines.tables(names, measures, naming, slant) | layout | {
         "head": build_head(measures, naming, _DATE if date is None else date, outlines.long_offsets),
         "hhea": build_hhea(measures, slant),
         "hmtx": encode_hmtx(measures),

@@ -38,7 +38,7 @@ class TrueTypeOutlines:
         """Whether the loca table needs 32 bits for an offset."""
         return self._offsets[-1] > _LARGEST_SHORT_OFFSET
 
-    def tables(self, names: Sequence[str], measures: Measures, naming: Naming) -> dict[str, Any]:
+    def tables(self, names: Sequence[str], measures: Measures, naming: Naming, slant: float) -> dict[str, Any]:
         """The tables that only fonts of this kind have."""
         count = len(self._offsets)
         if self.long_offsets:

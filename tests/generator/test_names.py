@@ -130,5 +130,8 @@ def test_an_italic_leans_as_its_stems_do(make, name, lean, angle):
     for target in ("f.otf", "f.ttf"):
         font = make(document([glyph("l", "l", stem), glyph("o", "o", box(0, 0, 400, 400))], name=name), target)
         assert font["post"].italicAngle == angle
+        if "CFF " in font:
+            top = font["CFF "].cff.topDictIndex[0]
+            assert (top.ItalicAngle, top.isFixedPitch) == (angle, font["post"].isFixedPitch)
         run, rise = font["hhea"].caretSlopeRun, font["hhea"].caretSlopeRise
         assert math.degrees(math.atan2(run, rise)) == pytest.approx(-angle, abs=0.1)
