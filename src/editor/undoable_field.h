@@ -2,11 +2,13 @@
 
 #include "project/project_manager.h"
 
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 namespace quillery {
@@ -27,6 +29,13 @@ void registerChange(ProjectManager& manager, const ValueBinding<T>& binding, con
     registerChange(manager, binding, to, from, actionName);
   });
   manager.undoManager().setActionName(actionName);
+}
+
+/// Equal, or both no number: that differs from itself, but nobody has changed it.
+template <typename T> bool isSame(const T& a, const T& b) {
+  if constexpr (std::is_floating_point_v<T>)
+    if (std::isnan(a) && std::isnan(b)) return true;
+  return a == b;
 }
 
 /// An edit of one value from its first touch to its last, recorded as one undo step.
@@ -58,7 +67,7 @@ private:
     State(ProjectManager& owner, ValueBinding<T> value, std::string name)
         : manager(owner), binding(std::move(value)), actionName(std::move(name)) {}
 
-    bool hasChanged() const override { return startValue && *startValue != binding.get(); }
+    bool hasChanged() const override { return startValue && !isSame(*startValue, binding.get()); }
 
     void end() override {
       const bool changed = hasChanged();
@@ -110,6 +119,8 @@ public:
     text_ = std::move(text);
     const auto value = format_.parse(text_);
     if (value && *value != edit_.binding().get()) edit_.binding().set(*value);
+    // Text that shows its value drops what is no part of it at once.
+    if constexpr (std::is_same_v<T, std::optional<std::string>>) showValue();
   }
 
   void focusIn() { edit_.begin(); }

@@ -17,6 +17,23 @@ inline constexpr const char* kChangeDescender = "Change Descender";
 inline constexpr const char* kChangeCapHeight = "Change Cap Height";
 inline constexpr const char* kChangeXHeight = "Change x-Height";
 
+inline constexpr const char* kDragGlyphPosition = "Drag Glyph Position";
+inline constexpr const char* kDragLeftSideBearing = "Drag Left Sidebearing";
+inline constexpr const char* kDragRightSideBearing = "Drag Right Sidebearing";
+inline constexpr const char* kDragVerticalOffset = "Drag Vertical Offset";
+inline constexpr const char* kDragScale = "Drag Scale";
+
+inline constexpr const char* kChangeUnicode = "Change Unicode";
+inline constexpr const char* kChangeLeftSideBearing = "Change Left Sidebearing";
+inline constexpr const char* kChangeRightSideBearing = "Change Right Sidebearing";
+inline constexpr const char* kChangeAdvanceWidth = "Change Advance Width";
+inline constexpr const char* kChangeVerticalOffset = "Change Vertical Offset";
+inline constexpr const char* kScaleGlyph = "Scale Glyph";
+
+inline std::string applyMetrics(std::size_t count) {
+  return "Apply Metrics to " + std::to_string(count) + " Glyphs";
+}
+
 inline std::string deleteGlyphs(std::size_t count) {
   return "Delete " + std::to_string(count) + " Glyphs";
 }

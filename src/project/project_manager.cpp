@@ -9,6 +9,21 @@ namespace quillery {
 
 using What = ProjectChange::What;
 
+bool ProjectChange::concernsGlyph(const Uuid& glyph) const {
+  switch (what) {
+  case What::project:
+  case What::glyphList:
+  case What::everything:
+    return true;
+  case What::glyph:
+    return id == glyph;
+  case What::glyphs:
+    return std::find(ids.begin(), ids.end(), glyph) != ids.end();
+  default:
+    return false;
+  }
+}
+
 ProjectManager::ProjectManager(Desktop& desktop, RecentProjectsManager& recentProjects)
     : desktop_(desktop), recentProjects_(recentProjects) {}
 
@@ -44,7 +59,7 @@ void ProjectManager::editGlyphList(const std::function<void(std::vector<Glyph>&)
   announce(What::glyphList);
 }
 
-bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
+bool ProjectManager::applyToGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
   const auto position = glyphIndex().withId(id);
   if (!position) return false;
   Glyph& glyph = project_.glyphs[*position];
@@ -52,8 +67,20 @@ bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>
   edit(glyph);
   if (glyph.unicode() != oldCharacter)
     index_->characterChanged(*position, oldCharacter, glyph.unicode());
+  return true;
+}
+
+bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
+  if (!applyToGlyph(id, edit)) return false;
   announce(What::glyph, id);
   return true;
+}
+
+void ProjectManager::editGlyphs(std::span<const Uuid> ids,
+                                const std::function<void(Glyph&)>& edit) {
+  bool any = false;
+  for (const Uuid& id : ids) any = applyToGlyph(id, edit) || any;
+  if (any) changed.emit({What::glyphs, {}, ids});
 }
 
 void ProjectManager::editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit) {

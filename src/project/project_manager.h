@@ -28,6 +28,7 @@ struct ProjectChange {
     fontInfo,     ///< names or font-wide metrics
     glyphList,    ///< glyphs came, went or moved
     glyph,        ///< values of the one glyph with `id`
+    glyphs,       ///< values of the glyphs with `ids`
     kerningList,  ///< pairs came or went
     kerningPair,  ///< value of the one pair with `id`
     selection,    ///< selectedGlyphIds
@@ -42,6 +43,10 @@ struct ProjectChange {
 
   What what;
   Uuid id{};
+  std::span<const Uuid> ids{}; // good during the announcement
+
+  /// Values of this glyph may have changed, or the glyph come or gone.
+  bool concernsGlyph(const Uuid& glyph) const;
 };
 
 /// The one document controller: holds the open project and what is selected in it, and announces
@@ -85,6 +90,9 @@ public:
   void editGlyphList(const std::function<void(std::vector<Glyph>&)>& edit);
   /// Changes one glyph, but not its name or id; false when it is not there.
   bool editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit);
+  /// Changes several glyphs in this order, but not their names or ids, and announces one change.
+  /// Ids of glyphs that are not there are passed over.
+  void editGlyphs(std::span<const Uuid> ids, const std::function<void(Glyph&)>& edit);
   void editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit);
   /// Changes the value of a pair; false when it is not there.
   bool setKerningValue(const Uuid& id, double value);
@@ -185,6 +193,7 @@ private:
   void saveAndReport(const std::filesystem::path& file);
   std::optional<std::filesystem::path> findSample() const;
   const Glyph* glyphAt(std::optional<std::size_t> position) const;
+  bool applyToGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit);
   bool openEditHasChanged() const;
 
   Desktop& desktop_;

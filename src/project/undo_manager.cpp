@@ -62,4 +62,10 @@ void UndoManager::removeAllActions() {
   changed.emit();
 }
 
+void UndoManager::forgetSince(std::size_t count) {
+  if (depth_ > 0 || count >= undo_.size()) return;
+  undo_.resize(count);
+  changed.emit();
+}
+
 } // namespace quillery

@@ -2,6 +2,7 @@
 
 #include "base/signal.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -44,6 +45,12 @@ public:
   void redo();
 
   void removeAllActions();
+
+  /// How many groups can be undone.
+  std::size_t undoCount() const { return undo_.size(); }
+  /// Forgets what was registered since undoCount() was `count`, without undoing it: for an edit
+  /// that was abandoned and has put its values back itself. Nothing happens while a group is open.
+  void forgetSince(std::size_t count);
 
   /// What can be undone or redone may have changed. Silent while steps are performed.
   Signal<> changed;

@@ -48,6 +48,9 @@ TEST_F(UndoableFieldTest, RecordsNothingForAnEditThatChangedNothing) {
   ascender.type("800");
   ascender.focusOut();
   EXPECT_EQ(ascender.text(), "800");
+  manager.editFontInfo([](FontInfo& font) { font.ascender = NAN; });
+  ascender.focusIn();
+  ascender.focusOut();
   EXPECT_FALSE(manager.undoManager().canUndo());
 }
 

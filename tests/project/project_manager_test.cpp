@@ -235,6 +235,12 @@ TEST(ProjectManager, AnnouncesEachEditOnceAfterIt) {
       {What::fontInfo, [&] { d.manager.editFontInfo([](FontInfo& info) { info.xHeight = 1; }); }},
       {What::glyph,
        [&] { EXPECT_TRUE(d.manager.editGlyph(d.ids[2], [](Glyph& g) { g.setAdvanceWidth(7); })); }},
+      {What::glyphs,
+       [&] {
+         const Uuid ids[] = {d.ids[3], Uuid::random(), d.ids[0]};
+         d.manager.editGlyphs(ids, [](Glyph& g) { g.setUnicode("x"); });
+         EXPECT_EQ(d.manager.glyphForCharacter("x")->id(), d.ids[3]);
+       }},
       {What::glyphList, [&] { d.manager.editGlyphList([](auto& glyphs) { glyphs.pop_back(); }); }},
       {What::kerningPair, [&] { EXPECT_TRUE(d.manager.setKerningValue(pair, -3)); }},
       {What::kerningList, [&] { d.manager.editKerningList([](auto& pairs) { pairs.clear(); }); }},

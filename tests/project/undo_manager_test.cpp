@@ -98,5 +98,21 @@ TEST(UndoManager, LeavesNothingToRedoAfterAStepWithoutInverseAndNoTraceOfAnEmpty
   EXPECT_FALSE(undo.canUndo() || undo.canRedo());
 }
 
+TEST(UndoManager, ForgetsTheStepsOfAnAbandonedEdit) {
+  UndoManager undo;
+  Counter counter(undo);
+  for (int i = 1; i <= 4; ++i) counter.set(i, "Set " + std::to_string(i));
+  undo.forgetSince(7);
+  undo.beginGroup();
+  undo.forgetSince(1);
+  undo.endGroup();
+  EXPECT_EQ(undo.undoCount(), 4U);
+  undo.forgetSince(2);
+  EXPECT_EQ(undo.undoActionName(), "Set 2");
+  EXPECT_EQ(counter.value, 4);
+  undo.undo();
+  EXPECT_EQ(counter.value, 1);
+}
+
 } // namespace
 } // namespace quillery::test

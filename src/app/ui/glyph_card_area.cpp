@@ -96,17 +96,24 @@ void GlyphCardArea::projectChanged(const ProjectChange& change) {
     return cardsAreStale();
   case What::selection:
     return repaintSelectionChanges();
-  case What::glyph: {
-    const auto card = cardOf_.find(change.id);
-    const Glyph* glyph = manager_.glyphWithId(change.id);
-    if (stale_ || card == cardOf_.end() || !glyph) return;
-    // Only the character decides where a card stands among those of the same names.
-    if (glyph->unicode().value_or("") != characters_[card->second]) return cardsAreStale();
-    return viewport()->update(cardRect(card->second));
-  }
+  case What::glyph:
+    return glyphChanged(change.id);
+  case What::glyphs:
+    for (const Uuid& id : change.ids) glyphChanged(id);
+    return;
   default:
     return;
   }
+}
+
+void GlyphCardArea::glyphChanged(const Uuid& id) {
+  const auto card = cardOf_.find(id);
+  const Glyph* glyph = manager_.glyphWithId(id);
+  if (stale_ || card == cardOf_.end() || !glyph) return;
+  // Only the character decides where a card stands among those of the same names.
+  if (glyph->unicode().value_or("") != characters_[card->second]) return cardsAreStale();
+  const QRect place = cardRect(card->second);
+  if (place.intersects(viewport()->rect())) viewport()->update(place);
 }
 
 void GlyphCardArea::cardsAreStale() {

@@ -56,6 +56,7 @@ protected:
 
 private:
   void projectChanged(const ProjectChange& change);
+  void glyphChanged(const Uuid& id);
   void cardsAreStale();
   void layOut();
   void repaintSelectionChanges();

@@ -17,14 +17,25 @@ public:
     showText();
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
       field_.type(text.toStdString());
-      // A field that drops part of what is typed shows so at once.
-      if constexpr (std::is_same_v<T, std::optional<std::string>>) showText();
+      showText(); // the field may have dropped part of it
     });
     connect(this, &QLineEdit::returnPressed, this, [this] {
       field_.commit();
       showText();
       selectAll();
     });
+  }
+
+  /// Ends the edit, as leaving the field would.
+  void enter() {
+    field_.focusOut();
+    showText();
+  }
+
+  /// Shows and edits another value. The edit of the one before has ended.
+  void setField(UndoableField<T> field) {
+    field_ = std::move(field);
+    showText();
   }
 
   /// The document changed.
@@ -34,6 +45,16 @@ public:
   }
 
 protected:
+  bool event(QEvent* event) override {
+    // QLineEdit would claim these for its own history; they are the window's.
+    if (event->type() == QEvent::ShortcutOverride &&
+        isHistoryKey(*static_cast<QKeyEvent*>(event))) {
+      event->ignore();
+      return true;
+    }
+    return QLineEdit::event(event);
+  }
+
   void focusInEvent(QFocusEvent* event) override {
     // A menu or another window only borrows the focus; the edit goes on.
     if (!isBorrowed(*event)) field_.focusIn();
@@ -49,12 +70,17 @@ protected:
   }
 
   void keyPressEvent(QKeyEvent* event) override {
+    if (isHistoryKey(*event)) return event->ignore();
     if (event->key() != Qt::Key_Escape) return QLineEdit::keyPressEvent(event);
     field_.restore();
     showText();
   }
 
 private:
+  static bool isHistoryKey(const QKeyEvent& event) {
+    return event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo);
+  }
+
   static bool isBorrowed(const QFocusEvent& event) {
     return event.reason() == Qt::PopupFocusReason;
   }

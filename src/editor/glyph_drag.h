@@ -1,0 +1,46 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "editor/mouse_button.h"
+#include "project/project_manager.h"
+
+#include <memory>
+
+namespace quillery {
+
+/// A drag of a glyph on its canvas. The left button moves the outline (left side bearing and
+/// vertical offset), the right button the right side bearing, the middle button changes the scale.
+/// Points are view points of the canvas, y downwards.
+///
+/// The glyph follows live, always from how it was when the button went down, so that where a drag
+/// ends doesn't depend on its way there. The whole drag is one undo step. A drag that was ended
+/// from elsewhere (OpenEdit) ignores what comes until the next press.
+class GlyphDrag {
+public:
+  explicit GlyphDrag(ProjectManager& manager);
+
+  /// The glyph of the drags to come. One under way ends.
+  void setGlyph(const Uuid& glyph);
+  const Uuid& glyph() const;
+
+  /// A drag was reported since the button went down.
+  bool isDragging() const;
+
+  /// A drag that is under way ends first.
+  void press(Point at, MouseButton button);
+  /// Side bearings stop at -100 and 300, the vertical offset at -500 and 500, the scale at 0.25 and
+  /// 2. Nothing changes on a canvas that shows nothing.
+  void drag(Point to, Size canvas);
+  void release();
+  /// Puts the glyph back as it was at the press; nothing is registered.
+  void cancel();
+
+  /// Moves the outline by this many font units, y upwards, as a whole drag within the same limits.
+  void nudge(Point by);
+
+private:
+  struct State;
+  std::shared_ptr<State> state_;
+};
+
+} // namespace quillery

@@ -1,0 +1,108 @@
+#include "editor/ui/editor_area.h"
+
+#include "desktop/widgets.h"
+#include "editor/multi_glyph.h"
+#include "editor/ui/glyph_editor_view.h"
+#include "editor/ui/multi_glyph_editor_view.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPainter>
+
+namespace quillery {
+namespace {
+
+using What = ProjectChange::What;
+
+constexpr int kSymbolSize = 64;
+constexpr auto kSelectionIsStale = static_cast<QEvent::Type>(QEvent::User + 1);
+
+class SymbolView : public QWidget {
+public:
+  SymbolView(Symbol symbol, QWidget* parent) : QWidget(parent), symbol_(symbol) {
+    setFixedSize(kSymbolSize, kSymbolSize);
+  }
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    paintSymbol(painter, symbol_, rect(), themeColor(Role::textSecondary));
+  }
+
+private:
+  Symbol symbol_;
+};
+
+QWidget* makeEmptyView(QWidget* parent) {
+  auto* const view = new QWidget(parent);
+  view->setObjectName(QStringLiteral("noGlyphSelected"));
+  auto* const column = new QVBoxLayout(view);
+  column->setContentsMargins(grid::margin, grid::margin, grid::margin, grid::margin);
+  column->setSpacing(grid::unit);
+  const auto addText = [&](const QString& text, TextStyle style, Role role) {
+    auto* const label = new TextLabel(text, style, role, view);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    column->addWidget(label);
+  };
+  column->addStretch(1);
+  column->addWidget(new SymbolView(Symbol::pencilScribble, view), 0, Qt::AlignCenter);
+  column->addSpacing(grid::unit);
+  addText(EditorArea::tr("Select a glyph to edit"), TextStyle::title2, Role::text);
+  addText(EditorArea::tr("Cmd+Click to select multiple"), TextStyle::caption, Role::textSecondary);
+  column->addStretch(1);
+  return view;
+}
+
+} // namespace
+
+EditorArea::EditorArea(ProjectManager& manager, QWidget* parent)
+    : QStackedWidget(parent), manager_(manager), empty_(makeEmptyView(this)),
+      connection_(manager.changed.connect([this](const ProjectChange& change) {
+        if (change.what == What::selection || change.what == What::glyphList ||
+            change.what == What::project || change.what == What::everything)
+          selectionIsStale();
+      })) {
+  setObjectName(QStringLiteral("editorArea"));
+  addWidget(empty_);
+  followSelection();
+}
+
+void EditorArea::selectionIsStale() {
+  if (std::exchange(stale_, true)) return;
+  QCoreApplication::postEvent(this, new QEvent(kSelectionIsStale));
+}
+
+bool EditorArea::event(QEvent* event) {
+  if (event->type() == kSelectionIsStale && stale_) followSelection();
+  return QStackedWidget::event(event);
+}
+
+void EditorArea::followSelection() {
+  stale_ = false;
+  std::vector<Uuid> glyphs = selectedGlyphs(manager_);
+  if (glyphs == shown_) return;
+  shown_ = std::move(glyphs);
+  // Editors out of sight look after no glyphs.
+  if (multi_ && shown_.size() < 2) multi_->setGlyphs({});
+  if (shown_.empty()) return setCurrentWidget(empty_);
+  if (shown_.size() == 1) {
+    if (!single_) addWidget(single_ = new GlyphEditorView(manager_, this));
+    single_->setGlyph(shown_.front());
+    return setCurrentWidget(single_);
+  }
+  if (!multi_) addWidget(multi_ = new MultiGlyphEditorView(manager_, this));
+  multi_->setGlyphs(shown_);
+  setCurrentWidget(multi_);
+}
+
+void EditorArea::focusEditor() {
+  if (stale_) followSelection();
+  if (currentWidget() == single_ && single_)
+    single_->focusEditor();
+  else if (currentWidget() == multi_ && multi_)
+    multi_->focusEditor();
+}
+
+} // namespace quillery
