@@ -65,24 +65,6 @@ std::pair<Symbol, Role> symbolOf(Alert::Style style) {
   return {Symbol::infoCircleFill, Role::accentForeground};
 }
 
-class SymbolView : public QWidget {
-public:
-  SymbolView(Symbol symbol, Role role, QWidget* parent)
-      : QWidget(parent), symbol_(symbol), role_(role) {
-    setFixedSize(kSymbolSize, kSymbolSize);
-  }
-
-protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    paintSymbol(painter, symbol_, rect(), themeColor(role_));
-  }
-
-private:
-  Symbol symbol_;
-  Role role_;
-};
-
 /// The message at its width, in a scroll area when it is long: a generator can fail at length.
 QWidget* makeMessage(const QString& text, QWidget* parent) {
   auto* const message = new TextLabel(text, TextStyle::body, Role::textSecondary, parent);
@@ -140,7 +122,7 @@ AlertSheet::AlertSheet(const Alert& alert, QWidget* parent)
 
   auto* const content = new QHBoxLayout;
   content->setSpacing(grid::margin);
-  content->addWidget(new SymbolView(symbol, role, this), 0, Qt::AlignTop);
+  content->addWidget(new SymbolLabel(symbol, kSymbolSize, role, this), 0, Qt::AlignTop);
   content->addLayout(words);
 
   auto* const buttons = new QHBoxLayout;

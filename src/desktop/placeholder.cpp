@@ -3,29 +3,12 @@
 #include "desktop/widgets.h"
 
 #include <QBoxLayout>
-#include <QPainter>
 
 namespace quillery {
 namespace {
 
 constexpr int kSymbolSize = 48;
 constexpr int kTextWidth = 420;
-
-class SymbolView : public QWidget {
-public:
-  SymbolView(Symbol symbol, QWidget* parent) : QWidget(parent), symbol_(symbol) {
-    setFixedSize(kSymbolSize, kSymbolSize);
-  }
-
-protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    paintSymbol(painter, symbol_, rect(), themeColor(Role::textSecondary));
-  }
-
-private:
-  Symbol symbol_;
-};
 
 } // namespace
 
@@ -37,7 +20,8 @@ Placeholder::Placeholder(Symbol symbol, const QString& title, QWidget* parent)
   column->setContentsMargins(grid::margin, grid::margin, grid::margin, grid::margin);
   column->setSpacing(grid::margin);
   column->addStretch(2);
-  column->addWidget(new SymbolView(symbol, this), 0, Qt::AlignHCenter);
+  column->addWidget(new SymbolLabel(symbol, kSymbolSize, Role::textSecondary, this), 0,
+                    Qt::AlignHCenter);
   auto* middle = new QHBoxLayout;
   middle->addStretch(1);
   middle->addLayout(words_, 1000); // as wide as its texts may become

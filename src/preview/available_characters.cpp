@@ -1,5 +1,7 @@
 #include "preview/available_characters.h"
 
+#include <algorithm>
+
 namespace quillery {
 
 std::string availableCharacters(const FontProject& project) {
@@ -21,16 +23,22 @@ bool AvailableCharacters::projectChanged(const ProjectChange& change) {
   case What::everything:
     stale_ = true;
     return true;
-  case What::glyph: {
-    if (stale_) return false;
-    const auto position = manager_.glyphIndex().withId(change.id);
-    if (!position || *position >= ofGlyphs_.size()) return false;
-    stale_ = manager_.currentProject().glyphs[*position].unicode() != ofGlyphs_[*position];
-    return stale_;
-  }
+  case What::glyph:
+    return glyphChanged(change.id);
+  case What::glyphs:
+    return std::any_of(change.ids.begin(), change.ids.end(),
+                       [this](const Uuid& id) { return glyphChanged(id); });
   default:
     return false;
   }
+}
+
+bool AvailableCharacters::glyphChanged(const Uuid& id) {
+  if (stale_) return false;
+  const auto position = manager_.glyphIndex().withId(id);
+  if (!position || *position >= ofGlyphs_.size()) return false;
+  stale_ = manager_.currentProject().glyphs[*position].unicode() != ofGlyphs_[*position];
+  return stale_;
 }
 
 const std::vector<std::string>& AvailableCharacters::list() {

@@ -23,6 +23,8 @@ public:
   const std::vector<std::string>& list();
 
 private:
+  bool glyphChanged(const Uuid& id);
+
   const ProjectManager& manager_;
   bool stale_ = true;
   std::vector<std::optional<std::string>> ofGlyphs_;

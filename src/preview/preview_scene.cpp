@@ -79,6 +79,11 @@ PreviewScene::Effect PreviewScene::projectChanged(const ProjectChange& change) {
     return Effect::layout;
   case What::glyph:
     return glyphChanged(change.id);
+  case What::glyphs: {
+    auto greatest = Effect::nothing;
+    for (const Uuid& id : change.ids) greatest = std::max(greatest, glyphChanged(id));
+    return greatest;
+  }
   case What::kerningPair:
     return pairChanged(change.id);
   default:

@@ -1,11 +1,15 @@
 #include "app/ui/main_window.h"
 
 #include "app/ui/empty_state_view.h"
-#include "app/ui/glyph_grid_view.h"
+#include "app/ui/glyph_split_view.h"
 #include "app/ui/licenses_view.h"
 #include "app/ui/project_sidebar.h"
+#include "app/ui/resizable_split_view.h"
+#include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "export/ui/export_progress_view.h"
+#include "kerning/ui/kerning_editor_view.h"
+#include "preview/ui/preview_panel.h"
 #include "svg/ui/dropped_files.h"
 #include "svg/ui/import_progress_view.h"
 
@@ -26,7 +30,12 @@ namespace fs = std::filesystem;
 constexpr QSize kLeastSize(900, 600);
 constexpr QSize kFirstSize(1200, 800);
 
-enum Page { kEmptyPage, kGlyphsPage };
+constexpr int kTabsWidth = 200;
+constexpr int kLeastWorkArea = 300;
+constexpr int kLeastPreview = 150;
+
+enum Page { kEmptyPage, kWorkPage };
+enum Tab { kGlyphsTab, kKerningTab };
 
 std::optional<fs::path> droppedProject(const QMimeData& data) {
   const auto files = droppedFiles(data);
@@ -43,7 +52,6 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
       commands_(
           commandTable(manager, exportFlow,
                        {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); }})),
-      pages_(new QStackedWidget(this)), grid_(new GlyphGridView(manager, this)),
       projectConnection_(
           manager.changed.connect([this](const ProjectChange& change) { projectChanged(change); })),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
@@ -54,24 +62,40 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
 
-  auto* body = new QWidget(this);
-  auto* row = new QHBoxLayout(body);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(0);
-  row->addWidget(new ProjectSidebar(manager, exportFlow, body));
-  row->addWidget(makeSeparator(Qt::Vertical, body));
-  pages_->addWidget(new EmptyStateView(manager, pages_));
-  pages_->addWidget(grid_);
-  row->addWidget(pages_, 1);
-  setCentralWidget(body);
-
+  // In reading order, which is the order of the Tab key.
   makeMenus();
   makeToolBar();
+  setCentralWidget(makeBody(exportFlow));
   new ExportProgressView(manager, exportFlow, this);
   new ImportProgressView(manager, this);
   showTitle();
   showWorkArea();
   enableCommands();
+}
+
+GlyphGridView& MainWindow::grid() {
+  return glyphs_->grid();
+}
+
+QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
+  auto* body = new QWidget(this);
+  auto* row = new QHBoxLayout(body);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  row->addWidget(new ProjectSidebar(manager_, exportFlow, body));
+  row->addWidget(makeSeparator(Qt::Vertical, body));
+
+  pages_ = new QStackedWidget(body);
+  workAreas_ = new QStackedWidget(pages_);
+  glyphs_ = new GlyphSplitView(manager_, workAreas_);
+  workAreas_->addWidget(glyphs_);
+  workAreas_->addWidget(new KerningEditorView(manager_, workAreas_));
+  preview_ = new PreviewPanel(manager_, pages_);
+  pages_->addWidget(new EmptyStateView(manager_, pages_));
+  pages_->addWidget(
+      new ResizableSplitView(workAreas_, preview_, kLeastWorkArea, kLeastPreview, pages_));
+  row->addWidget(pages_, 1);
+  return body;
 }
 
 void MainWindow::makeMenus() {
@@ -110,6 +134,23 @@ void MainWindow::makeToolBar() {
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
   savedBadge_->setPresented(false);
   bar->addWidget(savedBadge_);
+  auto* space = new QWidget(bar);
+  space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  bar->addWidget(space);
+
+  tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, bar);
+  tabs_->setObjectName(QStringLiteral("tabs"));
+  tabs_->setFixedWidth(kTabsWidth);
+  connect(tabs_, &SegmentedControl::currentChanged, this,
+          [this](int tab) { manager_.setSelectedTab(tab); });
+  tabsAction_ = bar->addWidget(tabs_);
+
+  previewSwitch_ = new IconButton(Symbol::eye, tr("Toggle Preview"), bar);
+  previewSwitch_->setObjectName(QStringLiteral("togglePreview"));
+  previewSwitch_->setToolTip(tr("Toggle font preview panel"));
+  previewSwitch_->setFocusPolicy(Qt::TabFocus);
+  connect(previewSwitch_, &QToolButton::clicked, this, &MainWindow::togglePreview);
+  bar->addWidget(previewSwitch_);
   addToolBar(bar);
 }
 
@@ -141,6 +182,8 @@ void MainWindow::projectChanged(const ProjectChange& change) {
     break;
   case What::savedBadge:
     return savedBadge_->setPresented(manager_.showSavedBadge());
+  case What::imports:
+    return;
   default:
     break;
   }
@@ -157,8 +200,21 @@ void MainWindow::showTitle() {
 }
 
 void MainWindow::showWorkArea() {
-  const int page = manager_.currentProject().glyphs.empty() ? kEmptyPage : kGlyphsPage;
-  if (pages_->currentIndex() != page) pages_->setCurrentIndex(page);
+  const bool hasGlyphs = !manager_.currentProject().glyphs.empty();
+  const auto turnTo = [](QStackedWidget& pages, int page) {
+    if (pages.currentIndex() != page) pages.setCurrentIndex(page);
+  };
+  tabs_->setCurrent(manager_.selectedTab());
+  tabsAction_->setVisible(hasGlyphs);
+  preview_->setVisible(showPreview_);
+  turnTo(*workAreas_, manager_.selectedTab() == kKerningTab ? kKerningTab : kGlyphsTab);
+  turnTo(*pages_, hasGlyphs ? kWorkPage : kEmptyPage);
+}
+
+void MainWindow::togglePreview() {
+  showPreview_ = !showPreview_;
+  previewSwitch_->setSymbol(showPreview_ ? Symbol::eye : Symbol::eyeOff);
+  showWorkArea();
 }
 
 void MainWindow::enableCommands() {

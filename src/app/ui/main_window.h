@@ -12,6 +12,10 @@ namespace quillery {
 
 class Badge;
 class GlyphGridView;
+class GlyphSplitView;
+class IconButton;
+class KerningEditorView;
+class PreviewPanel;
 class SegmentedControl;
 class TextLabel;
 
@@ -22,7 +26,9 @@ public:
   MainWindow(ProjectManager& manager, RecentProjectsManager& recentProjects,
              ExportFlow& exportFlow);
 
-  GlyphGridView& grid() { return *grid_; }
+  GlyphGridView& grid();
+  /// The preview panel is shown under the work area whenever the project has glyphs.
+  bool showPreview() const { return showPreview_; }
 
 protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -31,10 +37,12 @@ protected:
 private:
   void makeMenus();
   void makeToolBar();
+  QWidget* makeBody(ExportFlow& exportFlow);
   void fillRecentMenu();
   void projectChanged(const ProjectChange& change);
   void showTitle();
   void showWorkArea();
+  void togglePreview();
   void enableCommands();
   void showLicenses();
   void openHelp();
@@ -46,8 +54,14 @@ private:
   QMenu* recentMenu_ = nullptr;
   TextLabel* title_ = nullptr;
   Badge* savedBadge_ = nullptr;
-  QStackedWidget* pages_;
-  GlyphGridView* grid_;
+  QAction* tabsAction_ = nullptr;
+  SegmentedControl* tabs_ = nullptr;
+  IconButton* previewSwitch_ = nullptr;
+  bool showPreview_ = true;
+  QStackedWidget* pages_ = nullptr;
+  QStackedWidget* workAreas_ = nullptr;
+  GlyphSplitView* glyphs_ = nullptr;
+  PreviewPanel* preview_ = nullptr;
   Connection projectConnection_;
   Connection recentConnection_;
   Connection undoConnection_;

@@ -1,57 +1,25 @@
 #include "editor/ui/editor_area.h"
 
-#include "desktop/widgets.h"
+#include "desktop/placeholder.h"
 #include "editor/multi_glyph.h"
 #include "editor/ui/glyph_editor_view.h"
 #include "editor/ui/multi_glyph_editor_view.h"
 
-#include <QBoxLayout>
 #include <QCoreApplication>
 #include <QEvent>
-#include <QPainter>
 
 namespace quillery {
 namespace {
 
 using What = ProjectChange::What;
 
-constexpr int kSymbolSize = 64;
 constexpr auto kSelectionIsStale = static_cast<QEvent::Type>(QEvent::User + 1);
 
-class SymbolView : public QWidget {
-public:
-  SymbolView(Symbol symbol, QWidget* parent) : QWidget(parent), symbol_(symbol) {
-    setFixedSize(kSymbolSize, kSymbolSize);
-  }
-
-protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    paintSymbol(painter, symbol_, rect(), themeColor(Role::textSecondary));
-  }
-
-private:
-  Symbol symbol_;
-};
-
 QWidget* makeEmptyView(QWidget* parent) {
-  auto* const view = new QWidget(parent);
+  auto* const view =
+      new Placeholder(Symbol::pencilScribble, EditorArea::tr("Select a glyph to edit"), parent);
   view->setObjectName(QStringLiteral("noGlyphSelected"));
-  auto* const column = new QVBoxLayout(view);
-  column->setContentsMargins(grid::margin, grid::margin, grid::margin, grid::margin);
-  column->setSpacing(grid::unit);
-  const auto addText = [&](const QString& text, TextStyle style, Role role) {
-    auto* const label = new TextLabel(text, style, role, view);
-    label->setAlignment(Qt::AlignCenter);
-    label->setWordWrap(true);
-    column->addWidget(label);
-  };
-  column->addStretch(1);
-  column->addWidget(new SymbolView(Symbol::pencilScribble, view), 0, Qt::AlignCenter);
-  column->addSpacing(grid::unit);
-  addText(EditorArea::tr("Select a glyph to edit"), TextStyle::title2, Role::text);
-  addText(EditorArea::tr("Cmd+Click to select multiple"), TextStyle::caption, Role::textSecondary);
-  column->addStretch(1);
+  view->addText(EditorArea::tr("Cmd+Click to select multiple"));
   return view;
 }
 

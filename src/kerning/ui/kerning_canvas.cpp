@@ -59,9 +59,10 @@ KerningScene KerningCanvas::scene() const {
           pair->value};
 }
 
-bool KerningCanvas::shows(const Uuid& glyph) const {
+bool KerningCanvas::showsChangeOf(const ProjectChange& change) const {
   const KerningScene shown = scene();
-  return (shown.left && shown.left->id() == glyph) || (shown.right && shown.right->id() == glyph);
+  return (shown.left && change.concernsGlyph(shown.left->id())) ||
+         (shown.right && change.concernsGlyph(shown.right->id()));
 }
 
 void KerningCanvas::projectChanged(const ProjectChange& change) {
@@ -75,7 +76,8 @@ void KerningCanvas::projectChanged(const ProjectChange& change) {
     if (change.id == pair_) update();
     return;
   case What::glyph:
-    if (isVisible() && shows(change.id)) update();
+  case What::glyphs:
+    if (isVisible() && showsChangeOf(change)) update();
     return;
   default:
     return;

@@ -28,7 +28,7 @@ protected:
 
 private:
   void projectChanged(const ProjectChange& change);
-  bool shows(const Uuid& glyph) const;
+  bool showsChangeOf(const ProjectChange& change) const;
   KerningScene scene() const;
 
   ProjectManager& manager_;

@@ -1,0 +1,40 @@
+#include "app/ui/glyph_split_view.h"
+
+#include "app/ui/glyph_grid_view.h"
+#include "editor/ui/editor_area.h"
+
+#include <algorithm>
+
+namespace quillery {
+namespace {
+
+constexpr int kLeastGrid = 300;
+constexpr int kIdealGrid = 600;
+
+} // namespace
+
+GlyphSplitView::GlyphSplitView(ProjectManager& manager, QWidget* parent)
+    : QSplitter(Qt::Horizontal, parent), grid_(new GlyphGridView(manager, this)),
+      editor_(new EditorArea(manager, this)) {
+  setObjectName(QStringLiteral("glyphsPane"));
+  setChildrenCollapsible(false);
+  setHandleWidth(1);
+  grid_->setMinimumWidth(kLeastGrid);
+  addWidget(grid_);
+  addWidget(editor_);
+  setStretchFactor(0, 1);
+  setStretchFactor(1, 1);
+  connect(&grid_->cards(), &GlyphCardArea::editRequested, editor_, &EditorArea::focusEditor);
+}
+
+void GlyphSplitView::resizeEvent(QResizeEvent* event) {
+  QSplitter::resizeEvent(event);
+  if (laidOut_ || !isVisible()) return;
+  laidOut_ = true;
+  // Half of a small window each, and what is beyond the ideal grid goes to the editor.
+  const int room = width() - handleWidth();
+  const int grid = std::clamp(room / 2, kLeastGrid, kIdealGrid);
+  setSizes({grid, room - grid});
+}
+
+} // namespace quillery
