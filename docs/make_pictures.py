@@ -182,6 +182,74 @@ def _(stage):
     return window
 
 
+@scene("editor-single")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click(window.list_items("Glyphs")[0])
+    window.type("g")
+    return window
+
+
+@scene("editor-many")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click(window.list_items("Glyphs")[0])
+    window.type("a")
+    window.key("shift+Right", "shift+Right", "shift+Right")
+    return window
+
+
+@scene("kerning")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click("Kerning")
+    window.click(window.find("Search pairs"))
+    window.type("A")
+    window.key("Tab", "Home", "Down", "Down")
+    return window
+
+
+@scene("kerning-empty")
+def _(stage):
+    window = stage.open(stage.twelve())
+    window.click("Kerning")
+    window.find("No Kerning Pairs", "label")
+    return window
+
+
+@scene("kerning-add-pair")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click("Kerning")
+    window.click("Add Kerning Pair")
+    window.find("Left Glyph", "text")
+    window.type("A")
+    window.key("Return")
+    window.type("v")
+    return window
+
+
+@scene("preview-glyphs")
+def _(stage):
+    window = stage.open(SAMPLE)
+    hover_preview(window)
+    return window
+
+
+@scene("preview-pairs")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click("Kerning")
+    hover_preview(window)
+    return window
+
+
+def hover_preview(window):
+    x, y, _, _ = window.find("Preview").rect
+    window.move((x + 100, y + 45))
+    window.move((x + 104, y + 46))
+
+
 def take_all(names, theme, scale, folder):
     """Takes the pictures of one theme and size, on one screen."""
     with Screen(SIZE, scale, bare=True) as screen:

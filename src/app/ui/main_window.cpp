@@ -126,7 +126,14 @@ void MainWindow::makeToolBar() {
   auto* bar = new QToolBar(this);
   bar->setObjectName(QStringLiteral("toolBar"));
   bar->setMovable(false);
-  bar->layout()->setContentsMargins(grid::margin, 0, grid::margin, 0);
+  // A tool bar's layout knows no margins of its own.
+  const auto addSpace = [bar](int width) {
+    auto* space = new QWidget(bar);
+    width > 0 ? space->setFixedWidth(width)
+              : space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+  };
+  addSpace(grid::half);
   title_ = new TextLabel({}, TextStyle::headline, Role::text, bar);
   title_->setObjectName(QStringLiteral("projectTitle"));
   bar->addWidget(title_);
@@ -134,9 +141,7 @@ void MainWindow::makeToolBar() {
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
   savedBadge_->setPresented(false);
   bar->addWidget(savedBadge_);
-  auto* space = new QWidget(bar);
-  space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-  bar->addWidget(space);
+  addSpace(0);
 
   tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, bar);
   tabs_->setObjectName(QStringLiteral("tabs"));
