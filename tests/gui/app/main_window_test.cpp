@@ -1,5 +1,7 @@
 #include "app/ui/glyph_grid_view.h"
 #include "app/ui/main_window.h"
+#include "app/ui/resizable_split_view.h"
+#include "desktop/segmented_control.h"
 #include "gui/desktop/gui_test.h"
 #include "support/scripted_desktop.h"
 #include "support/temporary_folder.h"
@@ -10,9 +12,14 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMimeData>
+#include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
 #include <QUrl>
 
 using namespace quillery;
@@ -223,6 +230,121 @@ private Q_SLOTS:
     QTest::mouseClick(find<QPushButton>("addNotdef"), Qt::LeftButton);
     QTRY_VERIFY(!find<QWidget>("exportWarnings"));
     QCOMPARE(program.manager.currentProject().glyphs.size(), 3U);
+  }
+
+  void theViewPickerAndThePreviewSwitchArrangeTheWindow() {
+    Program program;
+    QVERIFY(!find<QWidget>("tabs") && !find<QWidget>("previewPanel"));
+    importSVGFiles(program.manager, {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")});
+    QTRY_VERIFY(find<SegmentedControl>("tabs"));
+    auto* tabs = find<SegmentedControl>("tabs");
+    QVERIFY(find<QWidget>("glyphsPane") && find<QWidget>("previewPanel"));
+    QTest::mouseClick(tabs->segment(1), Qt::LeftButton);
+    QCOMPARE(program.manager.selectedTab(), 1);
+    QVERIFY(find<QWidget>("kerningEditor") && !find<QWidget>("glyphsPane"));
+    importSVGFiles(program.manager, {program.folder.write("B.svg", "<path d=\"M0 0 L9 9\"/>")});
+    QCOMPARE(tabs->current(), 0);
+    QVERIFY(find<QWidget>("glyphsPane"));
+
+    auto* split = program.window.findChild<ResizableSplitView*>();
+    const double part = double(split->sizes().first()) / split->height();
+    QVERIFY2(std::abs(part - 0.65) < 0.01, qPrintable(QString::number(part)));
+    split->setSizes({1, 9999});
+    QCOMPARE(split->sizes().first(), 300);
+    split->setSizes({9999, 1});
+    QCOMPARE(split->sizes().last(), 150);
+    auto* preview = find<QToolButton>("togglePreview");
+    QTest::mouseClick(preview, Qt::LeftButton);
+    QVERIFY(!find<QWidget>("previewPanel"));
+    QTRY_COMPARE(split->sizes().first(), split->height());
+    program.manager.deleteSelectedGlyphs();
+    QTest::mouseClick(preview, Qt::LeftButton);
+    QVERIFY(find<QWidget>("previewPanel"));
+  }
+
+  void allViewsAgreeOnWhatIsSelected() {
+    Program program{"A", "V"};
+    const auto edited = [] {
+      QCoreApplication::sendPostedEvents();
+      auto* canvas = find<QWidget>("glyphCanvas");
+      return canvas ? canvas->accessibleName() : QString();
+    };
+    const auto settle = [&] {
+      QCoreApplication::sendPostedEvents();
+      program.desktop.runPosted();
+    };
+    // The text is set at 20, 20: its first letters are A and, without a glyph for B to U, V.
+    QWidget* preview = find<QAbstractScrollArea>("vectorPreview")->viewport();
+    QTest::mouseClick(preview, Qt::LeftButton, {}, QPoint(30, 50));
+    settle();
+    QCOMPARE(program.selected(), QStringLiteral("A"));
+    QCOMPARE(edited(), QStringLiteral("Outline of A"));
+    program.manager.deleteSelectedGlyphs();
+    QVERIFY((settle(), find<QWidget>("noGlyphSelected")));
+    program.manager.undo();
+    QCOMPARE((settle(), edited()), QStringLiteral("Outline of A"));
+    program.click(1, Qt::ControlModifier);
+    QVERIFY((settle(), find<QWidget>("overlayCanvas")));
+
+    program.manager.setSelectedTab(1);
+    auto* text = find<QPlainTextEdit>("previewText");
+    text->selectAll();
+    QTest::keyClicks(text, QStringLiteral("AV"));
+    QTest::mouseClick(preview, Qt::LeftButton, {}, QPoint(30, 50));
+    QCOMPARE(program.manager.currentProject().kerningPairs.size(), 1U);
+    auto* list = find<QListView>("pairList");
+    QCOMPARE(list->selectionModel()->selectedIndexes().size(), 1);
+    QTest::mouseClick(preview, Qt::LeftButton, {}, QPoint(30, 50));
+    QCOMPARE(program.manager.currentProject().kerningPairs.size(), 1U);
+    program.manager.newProject();
+    QVERIFY(!program.manager.selectedKerningPairId() || !find<QWidget>("kerningAdjustment"));
+  }
+
+  void undoTakesBackWhatIsStillBeingTyped() {
+    Program program{"A"};
+    auto* field = find<QLineEdit>("ascender");
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("65"));
+    QVERIFY(program.action("undo")->isEnabled());
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(program.manager.currentProject().ascender, 800.0);
+    QCOMPARE(field->text(), QStringLiteral("800"));
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(program.manager.currentProject().ascender, 65.0);
+    program.cards().setFocus();
+    program.action("undo")->trigger();
+    QVERIFY(!program.action("undo")->isEnabled());
+
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("7"));
+    program.action("newProject")->trigger();
+    program.window.setFocus();
+    QCOMPARE(program.manager.currentProject().ascender, 800.0);
+    QVERIFY(!program.action("undo")->isEnabled());
+  }
+
+  void aLongImportShowsHowItGoesAndCanBeCancelled() {
+    struct Task : ImportTask {
+      explicit Task(ProjectManager& owner) : manager(owner) {}
+      std::size_t drawingCount() const override { return 20000; }
+      double progress() const override { return done; }
+      void cancel() override { manager.removeImport(*this); }
+      ProjectManager& manager;
+      double done = 0;
+    };
+    Program program;
+    const auto task = std::make_shared<Task>(program.manager);
+    program.manager.addImport(task);
+    QVERIFY(!find<QWidget>("importProgress"));
+    QTRY_VERIFY(find<QWidget>("importProgress"));
+    task->done = 0.5;
+    program.manager.announceImportProgress();
+    auto* bar = find<QProgressBar>("importBar");
+    QCOMPARE(bar->value() * 2, bar->maximum());
+    QTest::keyClick(find<QWidget>("importProgress"), Qt::Key_Escape);
+    QVERIFY(program.manager.imports().empty() && !find<QWidget>("importProgress"));
   }
 
   void screenReadersSeeEachCard() {
