@@ -73,6 +73,7 @@ class Screen:
         settings = Path(self._folder) / "openbox.xml"
         settings.write_text(BARE_WINDOWS)
         self.run(["openbox", "--sm-disable", *(["--config-file", settings] if self.bare else [])])
+        wait_for("the window manager", lambda: self.xdotool("get_desktop") or True)
         # The library reads the environment once, when it is first used.
         for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
             os.environ[name] = self.environment[name]
@@ -99,11 +100,14 @@ class Screen:
         with log.open("wb") as output:
             process = self.run([self.programs / "quillery", *map(os.fspath, arguments)], stdout=output,
                                stderr=subprocess.STDOUT, env=env or {})
-        return Window(self, process, log, "Quillery")
+        window = Window(self, process, log)
+        # The window manager places a window before it makes it the active one.
+        wait_for("the window", lambda: window.root().children()[0].has("active"))
+        return window
 
     def start_drag_source(self, files):
         process = self.run([BIN / "drag_source", *map(os.fspath, files)])
-        return Window(self, process, None, "drag_source")
+        return Window(self, process, None)
 
     def xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True, capture_output=True)
@@ -154,6 +158,9 @@ class Node:
         import pyatspi
         return self.accessible.getState().contains(getattr(pyatspi, f"STATE_{state.upper()}"))
 
+    def focus(self):
+        self.accessible.queryComponent().grabFocus()
+
     def children(self):
         return [Node(self.accessible.getChildAtIndex(i)) for i in range(self.accessible.childCount)]
 
@@ -165,11 +172,10 @@ class Node:
 
 
 class Window:
-    def __init__(self, screen, process, log, application):
+    def __init__(self, screen, process, log):
         self.screen = screen
         self.process = process
         self.log = log
-        self._application = application
 
     def root(self):
         import pyatspi
@@ -219,7 +225,7 @@ class Window:
         self.screen.xdotool("key", "--clearmodifiers", *keys)
 
     def type(self, text):
-        self.screen.xdotool("type", "--clearmodifiers", "--delay", 8, text)
+        self.screen.xdotool("type", "--clearmodifiers", "--delay", 8, "--", text)
 
     # -- Longer ways
 
