@@ -4,10 +4,12 @@
 #include "svg/path_converter.h"
 #include "svg/svg_parser.h"
 
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <random>
+#include <vector>
 
 namespace quillery::bench {
 namespace {
@@ -46,14 +48,48 @@ std::string madePathData(unsigned number) {
   return data;
 }
 
-FontProject madeProject(std::size_t glyphs, std::size_t pairs) {
+std::string madeLetterData(unsigned number) {
+  constexpr int kCurves = 25;
+  std::mt19937 random(number);
+  std::uniform_real_distribution<double> roughness(0.94, 1.06);
+  std::uniform_real_distribution<double> proportion(0.4, 0.75);
+  const double width = 50 * proportion(random) + 10;
+  const double counter = proportion(random);
+  std::string data;
+  char piece[160];
+  for (const double size : {1.0, counter}) {
+    std::vector<Point> points(kCurves);
+    for (int i = 0; i < kCurves; ++i) {
+      // The inner contour runs the other way round.
+      const double angle = (size == 1 ? i : kCurves - i) * 2 * 3.141592653589793 / kCurves;
+      const double radius = size * roughness(random);
+      points[static_cast<std::size_t>(i)] = {50 + width * radius * std::cos(angle),
+                                             50 + 45 * radius * std::sin(angle)};
+    }
+    const auto at = [&](int i) {
+      return points[static_cast<std::size_t>((i + kCurves) % kCurves)];
+    };
+    std::snprintf(piece, sizeof(piece), "M%.2f %.2f", at(0).x, at(0).y);
+    data += piece;
+    for (int i = 0; i < kCurves; ++i) {
+      const auto [p, a, b, n] = std::array{at(i - 1), at(i), at(i + 1), at(i + 2)};
+      std::snprintf(piece, sizeof(piece), " C%.2f %.2f %.2f %.2f %.2f %.2f", a.x + (b.x - p.x) / 6,
+                    a.y + (b.y - p.y) / 6, b.x - (n.x - a.x) / 6, b.y - (n.y - a.y) / 6, b.x, b.y);
+      data += piece;
+    }
+    data += " Z ";
+  }
+  return data;
+}
+
+FontProject madeProject(std::size_t glyphs, std::size_t pairs, MakePathData drawing) {
   FontProject project;
   for (std::size_t i = 0; i < glyphs; ++i) {
     GlyphRecord record;
     record.id = Uuid::random();
     record.name = nameOf(i);
     record.unicode = characterOf(i);
-    const std::string data = madePathData(static_cast<unsigned>(i));
+    const std::string data = drawing(static_cast<unsigned>(i));
     record.svgPath = SharedText(data);
     record.viewBox = SVGParser::computeViewBox(data);
     const auto placed = PathConverter::convertToFontCoordinates(data, record.viewBox, 1000);

@@ -7,11 +7,15 @@
 #include "made_projects.h"
 #include "project/headless_desktop.h"
 
+#include <benchmark/benchmark.h>
+
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPlainTextEdit>
 #include <QScrollBar>
-#include <benchmark/benchmark.h>
 #include <unistd.h>
 
 namespace quillery::bench {
@@ -26,7 +30,8 @@ struct Program {
   Program() {
     const auto file = std::filesystem::temp_directory_path() /
                       ("window-benchmark-" + std::to_string(getpid()) + ".fontproj");
-    if (writeProjectFile(file, madeProject(kGlyphs, kPairs))) (void)manager.loadProject(file);
+    if (writeProjectFile(file, madeProject(kGlyphs, kPairs, madeLetterData)))
+      (void)manager.loadProject(file);
     std::filesystem::remove(file);
     window.resize(kScreen);
     window.show();
@@ -131,6 +136,169 @@ void clickOnACard(benchmark::State& state) {
   program().manager.clearSelection();
 }
 BENCHMARK(clickOnACard)->Unit(benchmark::kMillisecond);
+
+// -- Editing
+
+QWidget& named(const char* name) {
+  return *program().window.findChild<QWidget*>(QLatin1String(name));
+}
+
+void mouse(QWidget& target, QEvent::Type type, QPointF at) {
+  const Qt::MouseButtons held =
+      type == QEvent::MouseButtonRelease ? Qt::MouseButtons() : Qt::LeftButton;
+  const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+  QMouseEvent event(type, at, target.mapToGlobal(at), button, held, Qt::NoModifier);
+  QCoreApplication::sendEvent(&target, &event);
+}
+
+void escape(QWidget& target) {
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(&target, &key);
+}
+
+// Glyphs of the first cards, an editor that has loaded, and a preview with text.
+void selectGlyphs(std::size_t count, int tab) {
+  ProjectManager& manager = program().manager;
+  program().cards().verticalScrollBar()->setValue(0);
+  manager.setSelectedTab(tab);
+  manager.clearSelection();
+  program().cards().updateCards();
+  std::vector<Uuid> ids;
+  for (std::size_t i = 0; i < count; ++i) ids.push_back(program().cards().glyphOfCard(i)->id());
+  if (count > 0) manager.selectGlyph(ids.front());
+  if (count > 1) manager.selectGlyphRange(ids.front(), ids.back(), ids);
+  Program::settle();
+  bool done = false;
+  manager.desktop().postToMain([&] { done = true; });
+  static_cast<HeadlessDesktop&>(manager.desktop()).runUntil([&] { return done; });
+  Program::settle();
+}
+
+// A text of so many characters, in lines of 80, of a font's first `different` glyphs.
+QString sampleText(int characters, int different) {
+  const auto& glyphs = program().manager.currentProject().glyphs;
+  QString text;
+  for (int i = 0; i < characters; ++i)
+    text +=
+        i % 80 == 79
+            ? QStringLiteral("\n")
+            : QString::fromStdString(*glyphs[static_cast<std::size_t>(i % different)].unicode());
+  return text;
+}
+
+QPlainTextEdit& previewText() {
+  return *program().window.findChild<QPlainTextEdit*>(QStringLiteral("previewText"));
+}
+
+// One event of a drag to the end of the repaint of the canvas, its panel, the card and the preview.
+void dragOnTheCanvas(benchmark::State& state) {
+  selectGlyphs(1, 0);
+  previewText().setPlainText(sampleText(200, 60));
+  Program::settle();
+  QWidget& canvas = named("glyphCanvas");
+  const QPointF start = canvas.rect().center();
+  mouse(canvas, QEvent::MouseButtonPress, start);
+  int step = 0;
+  for (auto _ : state) {
+    step = (step + 1) % 60;
+    mouse(canvas, QEvent::MouseMove, start + QPointF(step, step / 2));
+    Program::settle();
+  }
+  escape(canvas); // so that the next drag starts where this one did
+}
+BENCHMARK(dragOnTheCanvas)->Unit(benchmark::kMillisecond);
+
+void dragOnTheKerningCanvas(benchmark::State& state) {
+  selectGlyphs(0, 1);
+  ProjectManager& manager = program().manager;
+  const KerningPair& pair = manager.currentProject().kerningPairs[5000];
+  const auto character = [&](const std::string& name) {
+    return QString::fromStdString(*manager.firstGlyphNamed(name)->unicode());
+  };
+  previewText().setPlainText(sampleText(200, 60) + character(pair.leftGlyph) +
+                             character(pair.rightGlyph));
+  manager.selectKerningPair(Uuid(pair.id));
+  Program::settle();
+  QWidget& canvas = named("kerningCanvas");
+  const QPointF start = canvas.rect().center();
+  mouse(canvas, QEvent::MouseButtonPress, start);
+  int step = 0;
+  for (auto _ : state) {
+    step = (step + 1) % 60;
+    mouse(canvas, QEvent::MouseMove, start + QPointF(step, 0));
+    Program::settle();
+  }
+  escape(canvas); // so that the next drag starts where this one did
+}
+BENCHMARK(dragOnTheKerningCanvas)->Unit(benchmark::kMillisecond);
+
+// A key into 2,000 characters, among which so many are different.
+void typeIntoThePreview(benchmark::State& state) {
+  selectGlyphs(0, 0);
+  QPlainTextEdit& editor = previewText();
+  editor.setPlainText(sampleText(2000, static_cast<int>(state.range(0))));
+  editor.moveCursor(QTextCursor::End);
+  Program::settle();
+  bool inserted = false;
+  for (auto _ : state) {
+    QKeyEvent key(QEvent::KeyPress, inserted ? Qt::Key_Backspace : Qt::Key_A, Qt::NoModifier,
+                  inserted ? QString() : QString(QChar(0x4E05)));
+    inserted = !inserted;
+    QCoreApplication::sendEvent(&editor, &key);
+    Program::settle();
+  }
+}
+BENCHMARK(typeIntoThePreview)->Arg(60)->Arg(2000)->Unit(benchmark::kMillisecond);
+
+void hoverInThePreview(benchmark::State& state) {
+  selectGlyphs(0, static_cast<int>(state.range(0)));
+  previewText().setPlainText(sampleText(2000, 60));
+  Program::settle();
+  QWidget& view = *static_cast<QAbstractScrollArea&>(named("vectorPreview")).viewport();
+  int step = 0;
+  for (auto _ : state) {
+    step = (step + 7) % (view.width() - 60);
+    const QPointF at(20 + step, 40);
+    QMouseEvent move(QEvent::MouseMove, at, view.mapToGlobal(at), Qt::NoButton, {}, {});
+    QCoreApplication::sendEvent(&view, &move);
+    Program::settle();
+  }
+}
+BENCHMARK(hoverInThePreview)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// A key on a slider of the panel for 2,000 selected glyphs.
+void moveASliderOf2000Glyphs(benchmark::State& state, const char* slider) {
+  selectGlyphs(2000, 0);
+  QWidget& target = named(slider);
+  bool right = false;
+  for (auto _ : state) {
+    right = !right;
+    QKeyEvent key(QEvent::KeyPress, right ? Qt::Key_Right : Qt::Key_Left, Qt::NoModifier);
+    QCoreApplication::sendEvent(&target, &key);
+    Program::settle();
+    QKeyEvent up(QEvent::KeyRelease, right ? Qt::Key_Right : Qt::Key_Left, Qt::NoModifier);
+    QCoreApplication::sendEvent(&target, &up);
+  }
+}
+BENCHMARK_CAPTURE(moveASliderOf2000Glyphs, leftSideBearing, "leftSideBearing")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(moveASliderOf2000Glyphs, rightSideBearing, "rightSideBearing")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(moveASliderOf2000Glyphs, scale, "scale")->Unit(benchmark::kMillisecond);
+
+void typeIntoThePairSearch(benchmark::State& state) {
+  selectGlyphs(0, 1);
+  QWidget& search = named("pairSearch");
+  bool typed = false;
+  for (auto _ : state) {
+    QKeyEvent key(QEvent::KeyPress, typed ? Qt::Key_Backspace : Qt::Key_7, Qt::NoModifier,
+                  typed ? QString() : QStringLiteral("7"));
+    typed = !typed;
+    QCoreApplication::sendEvent(&search, &key);
+    Program::settle();
+  }
+}
+BENCHMARK(typeIntoThePairSearch)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace quillery::bench
