@@ -233,9 +233,14 @@ class Window:
         """Answers the file panel that is open, or about to."""
         field = self.find("File name", "text")
         wait_for("the file panel's field to have the focus", lambda: field.has("focused"))
-        self.key("ctrl+a")
-        self.type(str(path))
-        wait_for("the name to be typed", lambda: field.text == str(path))
+
+        def typed():
+            # A panel that is still reading its folder may put a name of its own over what is typed.
+            self.key("ctrl+a")
+            self.type(str(path))
+            return wait_for("the name to be typed", lambda: field.text == str(path), patience=3)
+
+        wait_for("the name to stay", typed)
         self.key("Return")
         wait_for("the file panel to go", lambda: not self.all("File name", "text"))
 
