@@ -1,8 +1,10 @@
 #include "desktop/value_slider.h"
 
+#include <QAbstractScrollArea>
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
@@ -203,7 +205,17 @@ void ValueSlider::keyReleaseEvent(QKeyEvent* event) {
   end();
 }
 
+// The wheel scrolls a panel that can be scrolled, unless the slider was chosen before.
+bool ValueSlider::leavesWheelToPanel() const {
+  if (hasFocus()) return false;
+  for (const QWidget* widget = parentWidget(); widget; widget = widget->parentWidget())
+    if (const auto* area = qobject_cast<const QAbstractScrollArea*>(widget))
+      return area->verticalScrollBar()->maximum() > 0;
+  return false;
+}
+
 void ValueSlider::wheelEvent(QWheelEvent* event) {
+  if (leavesWheelToPanel()) return event->ignore();
   event->accept();
   if (inGesture_) return;
   const QPoint angle = event->angleDelta();

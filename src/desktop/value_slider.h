@@ -9,7 +9,8 @@ namespace quillery {
 /// Every way to move it is a gesture: a press of the mouse until its release, a key held down, a
 /// turn of the wheel, a change by assistive technology. `moved` is emitted between `gestureBegan`
 /// and `gestureEnded`, or `gestureCancelled` when Escape was pressed: then whoever listens puts
-/// the value back.
+/// the value back. In a panel that scrolls, the wheel is the panel's until the slider has the
+/// focus.
 class ValueSlider : public QSlider {
   Q_OBJECT
 public:
@@ -54,6 +55,7 @@ private:
   void move(double value);
   double valueAt(double x) const;
   bool moveByKey(int key);
+  bool leavesWheelToPanel() const;
 
   double least_;
   double greatest_;

@@ -231,6 +231,12 @@ class Window:
 
     def choose_file(self, path):
         """Answers the file panel that is open, or about to."""
+        self.type_file(path)
+        self.key("Return")
+        wait_for("the file panel to go", lambda: not self.all("File name", "text"))
+
+    def type_file(self, path):
+        """Types a name into the file panel."""
         field = self.find("File name", "text")
         wait_for("the file panel's field to have the focus", lambda: field.has("focused"))
 
@@ -241,8 +247,6 @@ class Window:
             return wait_for("the name to be typed", lambda: field.text == str(path), patience=3)
 
         wait_for("the name to stay", typed)
-        self.key("Return")
-        wait_for("the file panel to go", lambda: not self.all("File name", "text"))
 
     def output(self):
         return self.log.read_text()

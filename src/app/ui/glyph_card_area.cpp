@@ -123,9 +123,21 @@ void GlyphCardArea::cardsAreStale() {
   QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
 
+bool GlyphCardArea::standsAsDisplayed() const {
+  const auto& glyphs = manager_.currentProject().glyphs;
+  if (displayedOrder_ != sortOrder_ || glyphs.size() != displayed_.size()) return false;
+  return std::all_of(glyphs.begin(), glyphs.end(), [this](const Glyph& glyph) {
+    const auto card = cardOf_.find(glyph.id());
+    return card != cardOf_.end() && characters_[card->second] == glyph.unicode().value_or("");
+  });
+}
+
 void GlyphCardArea::updateCards() {
   if (!stale_) return;
   stale_ = false;
+  // Most that is undone leaves every card where it stands, and sorting takes much longer than this.
+  if (standsAsDisplayed()) return repaintSelectionChanges();
+  displayedOrder_ = sortOrder_;
   const auto& glyphs = manager_.currentProject().glyphs;
   displayed_.clear();
   characters_.clear();

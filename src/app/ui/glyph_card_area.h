@@ -58,6 +58,7 @@ private:
   void projectChanged(const ProjectChange& change);
   void glyphChanged(const Uuid& id);
   void cardsAreStale();
+  bool standsAsDisplayed() const;
   void layOut();
   void repaintSelectionChanges();
   void repaintCard(const Uuid& id);
@@ -72,6 +73,7 @@ private:
   int cardSize_ = 120;
   CardGrid grid_;
   bool stale_ = true;
+  std::optional<GlyphSortOrder> displayedOrder_;
   std::vector<Uuid> displayed_;
   std::vector<std::string> characters_; // what the display order was made from
   std::unordered_map<Uuid, std::size_t> cardOf_;

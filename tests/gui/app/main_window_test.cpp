@@ -3,6 +3,7 @@
 #include "app/ui/resizable_split_view.h"
 #include "desktop/segmented_control.h"
 #include "gui/desktop/gui_test.h"
+#include "kerning/kerning_pairs.h"
 #include "support/scripted_desktop.h"
 #include "support/temporary_folder.h"
 #include "svg/svg_import.h"
@@ -369,15 +370,34 @@ private Q_SLOTS:
     QVERIFY(!list->child(2));
   }
 
-  void everyControlHasANameForScreenReaders() {
-    Program program{"A"};
-    for (QWidget* widget : program.window.findChildren<QWidget*>()) {
-      const bool control = widget->focusPolicy() != Qt::NoFocus && widget->isVisible();
-      const QString text = widget->property("text").toString();
-      if (control)
-        QVERIFY2(!widget->accessibleName().isEmpty() || !text.isEmpty(),
-                 qPrintable(widget->objectName()));
-    }
+  void everyControlHasANameForTestsAndForScreenReaders() {
+    Program program;
+    const auto check = [&](const char* state) {
+      QCoreApplication::sendPostedEvents();
+      program.desktop.runPosted();
+      for (QWidget* widget : program.window.findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
+        const QString told =
+            QStringLiteral("%1: a %2 named \"%3\"")
+                .arg(QLatin1String(state), QLatin1String(widget->metaObject()->className()),
+                     widget->objectName());
+        QVERIFY2(!widget->objectName().isEmpty(), qPrintable(told));
+        QVERIFY2(!widget->accessibleName().isEmpty() ||
+                     !widget->property("text").toString().isEmpty(),
+                 qPrintable(told));
+      }
+    };
+    check("empty");
+    for (const char* name : {"A", "V"})
+      importSVGFiles(program.manager,
+                     {program.folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L9 9\"/>")});
+    check("one glyph");
+    program.manager.selectAllGlyphs();
+    check("two glyphs");
+    program.manager.setSelectedTab(1);
+    check("no pair");
+    program.manager.selectKerningPair(addKerningPair(program.manager, "A", "V"));
+    check("a pair");
   }
 
   void anotherThemeRepaintsEverything() {
