@@ -12,6 +12,7 @@ import json
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
@@ -56,6 +57,7 @@ class Stage:
         self.screen = screen
         self.theme = theme
         self.folder = folder
+        self.shot = None  # taken by the scene itself
 
     def open(self, *arguments):
         window = self.screen.start(*arguments, env={"QUILLERY_THEME": self.theme})
@@ -136,18 +138,31 @@ def export(stage, project, font):
     return window
 
 
+def export_after(stage, seconds):
+    """An export as it looks so long after its sheet has come. The sheet passes too fast to be asked for."""
+    window = open_export_panel(stage, stage.three_thousand())
+    window.type_file(stage.folder / "font.woff2")
+    x, y = (length * stage.screen.scale // 2 for length in SIZE)
+    beside = (x - 300 * stage.screen.scale, y)  # on the panel, but not on the narrower sheet
+    panel = stage.screen.picture()
+    window.key("Return")
+    shown = None
+    while shown is None or time.monotonic() < shown + seconds:
+        stage.shot = stage.screen.picture()
+        gone = stage.shot.getpixel(beside) != panel.getpixel(beside)
+        if shown is None and gone and stage.shot.getpixel((x, y)) != stage.shot.getpixel(beside):
+            shown = time.monotonic()
+    return window
+
+
 @scene("export-preparing")
 def _(stage):
-    window = export(stage, stage.three_thousand(), stage.folder / "font.woff2")
-    window.find("Preparing Export...")
-    return window
+    return export_after(stage, 0.12)
 
 
 @scene("export-generating")
 def _(stage):
-    window = export(stage, stage.three_thousand(), stage.folder / "font.woff2")
-    window.find("Generating Font...")
-    return window
+    return export_after(stage, 0.8)
 
 
 @scene("export-complete")
@@ -159,7 +174,7 @@ def _(stage):
 
 @scene("export-failed")
 def _(stage):
-    window = export(stage, SAMPLE, "/proc/Quillery Sans.otf")
+    window = export(stage, SAMPLE, "/sys/Quillery Sans.otf")
     window.find("Export Failed")
     return window
 
@@ -254,8 +269,9 @@ def take_all(names, theme, scale, folder):
     """Takes the pictures of one theme and size, on one screen."""
     with Screen(SIZE, scale, bare=True) as screen:
         for name in names:
-            window = SCENES[name](Stage(screen, theme, folder))
-            settled(screen).save(folder / f"{name}-{theme}-{scale}.png")
+            stage = Stage(screen, theme, folder)
+            window = SCENES[name](stage)
+            (stage.shot or settled(screen)).save(folder / f"{name}-{theme}-{scale}.png")
             window.process.kill()
             window.process.wait()
 

@@ -102,7 +102,7 @@ class Screen:
                                stderr=subprocess.STDOUT, env=env or {})
         window = Window(self, process, log)
         # The window manager places a window before it makes it the active one.
-        wait_for("the window", lambda: window.root().children()[0].has("active"))
+        wait_for("the window", lambda: any(top.has("active") for top in window.root().children()))
         return window
 
     def start_drag_source(self, files):
