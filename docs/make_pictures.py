@@ -64,6 +64,9 @@ class Stage:
         window.find("Export Font", "push button")
         return window
 
+    def new_folder(self):
+        return Path(tempfile.mkdtemp(dir=self.folder))
+
     def project(self, name, drawings):
         project = self.folder / f"{name}.fontproj"
         if not project.exists():
@@ -139,19 +142,27 @@ def export(stage, project, font):
 
 
 def export_after(stage, seconds):
-    """An export as it looks so long after its sheet has come. The sheet passes too fast to be asked for."""
+    """An export as it looks so long after its sheet has come, which passes too fast to be asked for."""
     window = open_export_panel(stage, stage.three_thousand())
-    window.type_file(stage.folder / "font.woff2")
-    x, y = (length * stage.screen.scale // 2 for length in SIZE)
-    beside = (x - 300 * stage.screen.scale, y)  # on the panel, but not on the narrower sheet
+    window.type_file(stage.new_folder() / "Font")
+
+    def part(picture, left, right):
+        """What stands between two distances from the middle of the screen, as far down as the sheet."""
+        x, y, scale = picture.width // 2, picture.height // 2, stage.screen.scale
+        return picture.crop((x + left * scale, y - 80 * scale, x + right * scale, y + 80 * scale)).tobytes()
+
     panel = stage.screen.picture()
     window.key("Return")
-    shown = None
-    while shown is None or time.monotonic() < shown + seconds:
+
+    def sheet_has_come():
+        # The panel is wider than the sheet that follows it; what it covered comes to light.
         stage.shot = stage.screen.picture()
-        gone = stage.shot.getpixel(beside) != panel.getpixel(beside)
-        if shown is None and gone and stage.shot.getpixel((x, y)) != stage.shot.getpixel(beside):
-            shown = time.monotonic()
+        return part(stage.shot, 210, 350) != part(panel, 210, 350) and part(stage.shot, -100, 100) != part(panel, -100, 100)
+
+    wait_for("the sheet", sheet_has_come)
+    shown = time.monotonic()
+    while time.monotonic() < shown + seconds:
+        stage.shot = stage.screen.picture()
     return window
 
 
@@ -167,7 +178,7 @@ def _(stage):
 
 @scene("export-complete")
 def _(stage):
-    window = export(stage, SAMPLE, stage.folder / "Quillery Sans.otf")
+    window = export(stage, SAMPLE, stage.new_folder() / "Quillery Sans.otf")
     window.find("Export Complete!")
     return window
 
