@@ -24,7 +24,7 @@ from fontTools.ttLib import TTFont  # noqa: E402
 from PIL import Image  # noqa: E402
 from window_session import Screen, wait_for  # noqa: E402
 
-SIZE = (1280, 840)
+SIZE = (1440, 900)
 SAMPLE = ROOT / "resources/Sample.fontproj"
 DRAWINGS = sorted((ROOT / "resources/sample-drawings").glob("*.svg"))
 SCENES = {}
@@ -97,8 +97,7 @@ def _(stage):
 @scene("grid-3000")
 def _(stage):
     window = stage.open(stage.three_thousand())
-    window.click(window.find("Glyphs", "list").children()[9])
-    window.click(window.find("Glyphs", "list").children()[11], keys=["shift"])
+    window.click(window.list_items("Glyphs")[1])
     return window
 
 

@@ -128,7 +128,7 @@ public:
   void setOverride(std::optional<ColorScheme> scheme);
 
 Q_SIGNALS:
-  /// Colours or fonts have changed. The widgets have the new palette already.
+  /// Colours or fonts have changed. Widgets that paint with the palette get it with their next event.
   void changed();
 
 protected:

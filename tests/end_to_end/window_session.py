@@ -72,8 +72,14 @@ class Screen:
              "org.a11y.Bus.GetAddress"], env=self.environment, capture_output=True, check=True))
         settings = Path(self._folder) / "openbox.xml"
         settings.write_text(BARE_WINDOWS)
-        self.run(["openbox", "--sm-disable", *(["--config-file", settings] if self.bare else [])])
-        wait_for("the window manager", lambda: self.xdotool("get_desktop") or True)
+        manager = ["openbox", "--sm-disable", *(["--config-file", settings] if self.bare else [])]
+        for attempt in range(3):  # it gives up at once where another display of this number has just gone
+            self.run(manager)
+            with contextlib.suppress(AssertionError):
+                wait_for("the window manager", lambda: self.xdotool("get_desktop") or True, PATIENCE / 3)
+                break
+        else:
+            raise AssertionError(f"no window manager in {attempt + 1} attempts")
         # The library reads the environment once, when it is first used.
         for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"):
             os.environ[name] = self.environment[name]

@@ -178,7 +178,11 @@ void GlyphCardArea::repaintSelectionChanges() {
   for (const Uuid& id : selection)
     if (!paintedSelection_.contains(id)) repaintCard(id);
   paintedSelection_ = selection;
-  if (const auto card = currentCard()) announceCurrentCard(*this, *card);
+  const auto card = currentCard();
+  if (!card) return;
+  announceCurrentCard(*this, *card);
+  // Selected from elsewhere, such as in the preview: it should be seen.
+  if (selection.size() == 1 && !cardRect(*card).intersects(viewport()->rect())) scrollToCard(*card);
 }
 
 void GlyphCardArea::repaintCard(const Uuid& id) {

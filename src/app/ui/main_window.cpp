@@ -18,6 +18,7 @@
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QToolBar>
 
@@ -28,7 +29,8 @@ using What = ProjectChange::What;
 namespace fs = std::filesystem;
 
 constexpr QSize kLeastSize(900, 600);
-constexpr QSize kFirstSize(1200, 800);
+constexpr QSize kFirstSize(1440, 900); // where the screen has room for it
+constexpr double kMostOfScreen = 0.9;
 
 constexpr int kTabsWidth = 200;
 constexpr int kLeastWorkArea = 300;
@@ -58,7 +60,7 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
       undoConnection_(manager.undoManager().changed.connect([this] { enableCommands(); })) {
   setObjectName(QStringLiteral("mainWindow"));
   setMinimumSize(kLeastSize);
-  resize(kFirstSize);
+  resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
 

@@ -20,6 +20,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QToolButton>
 #include <QUrl>
 
@@ -280,6 +281,13 @@ private Q_SLOTS:
     settle();
     QCOMPARE(program.selected(), QStringLiteral("A"));
     QCOMPARE(edited(), QStringLiteral("Outline of A"));
+    program.window.grid().findChild<QSlider*>()->setValue(20);
+    program.window.resize(program.window.minimumSize());
+    settle();
+    QVERIFY(program.cards().cardRect(1).bottom() > program.cards().viewport()->height());
+    program.manager.selectGlyph(program.cards().glyphOfCard(1)->id());
+    QVERIFY(program.cards().cardRect(1).bottom() <= program.cards().viewport()->height());
+    program.manager.selectGlyph(program.cards().glyphOfCard(0)->id());
     program.manager.deleteSelectedGlyphs();
     QVERIFY((settle(), find<QWidget>("noGlyphSelected")));
     program.manager.undo();
@@ -402,11 +410,14 @@ private Q_SLOTS:
 
   void anotherThemeRepaintsEverything() {
     Program program{"A", "B"};
-    const QColor light = program.window.grab().toImage().pixelColor(300, 500);
+    const QPoint corner = program.window.grid().mapTo(&program.window, QPoint(4, 4));
+    const QColor light = program.window.grab().toImage().pixelColor(corner);
     Theme::current().setOverride(Theme::current().isDark() ? ColorScheme::light
                                                            : ColorScheme::dark);
-    const QColor dark = program.window.grab().toImage().pixelColor(300, 500);
-    QVERIFY(std::abs(light.lightness() - dark.lightness()) > 100);
+    const auto lightness = [&] {
+      return program.window.grab().toImage().pixelColor(corner).lightness();
+    };
+    QTRY_VERIFY(std::abs(light.lightness() - lightness()) > 100);
     Theme::current().setOverride({});
   }
 };
