@@ -10,7 +10,8 @@ leaves the output file as it was.
 
 import sys
 
+from font_generator.command import leave
 from font_reporter.cli import main
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+    leave(main(sys.argv[1:]))

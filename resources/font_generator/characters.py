@@ -5,6 +5,7 @@ Glyphs are meant by their index in a list throughout.
 
 from collections.abc import Iterable, Sequence
 from dataclasses import dataclass, field
+from functools import cache
 from unicodedata import normalize
 
 SPACE = 0x20
@@ -71,20 +72,32 @@ def _map_long_text(text: str, glyph: int, result: CharacterMap) -> None:
     reached = normalize("NFC", text)
     if len(scalars) == 2 and _is_variation_selector(scalars[1]):
         result.variants[scalars] = glyph
-    elif all(scalar in result.scalars for scalar in scalars):
-        result.sequences[scalars] = glyph
-    elif len(reached) > 1 or result.scalars[ord(reached)] != glyph:
+        return
+    # Text engines bring marks into canonical order before they look for sequences.
+    spellings = [tuple(map(ord, spelling)) for spelling in (text, reached, normalize("NFD", text))]
+    typed = [spelling for spelling in spellings
+             if len(spelling) > 1 and all(scalar in result.scalars for scalar in spelling)]
+    for spelling in typed:
+        result.sequences.setdefault(spelling, glyph)
+    if not typed and (len(reached) > 1 or result.scalars[ord(reached)] != glyph):
         result.unmapped.append(glyph)
 
 
-def _map_equivalents(scalars: dict[int, int]) -> None:
-    """Maps the free canonical equivalents of mapped characters, the Angstrom sign by Å say."""
+@cache
+def _equivalents() -> dict[str, list[int]]:
+    """The characters that are canonically one other character, by that one."""
     equivalents: dict[str, list[int]] = {}
     for first, last in _EQUIVALENT_BLOCKS:
         for scalar in range(first, last + 1):
             composed = normalize("NFC", chr(scalar))
             if len(composed) == 1 and composed != chr(scalar):
                 equivalents.setdefault(composed, []).append(scalar)
+    return equivalents
+
+
+def _map_equivalents(scalars: dict[int, int]) -> None:
+    """Maps the free canonical equivalents of mapped characters, the Angstrom sign by Å say."""
+    equivalents = _equivalents()
     for scalar in sorted(scalars):
         composed = normalize("NFC", chr(scalar))
         glyph = scalars[scalar]

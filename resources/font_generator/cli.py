@@ -3,7 +3,7 @@
 import os
 from collections.abc import Sequence
 
-from .command import WRONG_USAGE, Warnings, fail, prepare, run
+from .command import WRONG_USAGE, Warnings, fail, prepare, run, silence_libraries
 from .errors import GeneratorError, quoted
 
 USAGE = "usage: generate_font.py [--brotli-quality 0..11] INPUT.json OUTPUT.(otf|ttf|woff|woff2)"
@@ -36,6 +36,7 @@ def _make(source: str, target: str, quality: int) -> Warnings:
                              f"{', '.join('.' + known for known in FORMATS)}.")
     check_target(target)
     document = read_document(source, encoder_for(extension), meanwhile=_load_the_rest)
+    silence_libraries()
     from .font import build_font
     data, warnings = build_font(document, extension, quality, build_date())
     write_whole(target, data)

@@ -6,10 +6,9 @@ segments: a line is its end point (x, y), a cubic curve its two controls and its
 wherever they differ. Shapes fill by non-zero winding; a positive area is anticlockwise.
 """
 
-from dataclasses import dataclass
 from itertools import chain
 from math import isfinite
-from typing import Any
+from typing import Any, NamedTuple
 
 from .errors import plain
 
@@ -17,8 +16,7 @@ Contour = list[tuple[float, ...]]
 Box = tuple[int, int, int, int]  # least x and y, greatest x and y, in whole font units
 
 
-@dataclass(frozen=True, slots=True)
-class Outline:
+class Outline(NamedTuple):
     """The contours of a glyph, and the box (least x and y, greatest x and y) of all their points,
     controls included; without points there is none."""
 

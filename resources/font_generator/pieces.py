@@ -8,7 +8,7 @@ import re
 from collections.abc import Sequence
 from typing import Any, NamedTuple
 
-_PIECE = 1_000_000  # bytes
+_PIECE = 400_000  # bytes
 _BETWEEN_GLYPHS = re.compile(rb'\}\s*(,)\s*\{\s*"(?:name|unicode|advanceWidth)"')
 _GLYPHS = b'"glyphs"'
 _UNITS_PER_EM = re.compile(rb'"unitsPerEm"\s*:\s*([0-9]{1,9})\b')

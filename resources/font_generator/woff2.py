@@ -67,8 +67,9 @@ def _encode_advances(hmtx: bytes, metrics_count: int) -> bytes:
 
 def _encode_outlines(shapes: Sequence[GlyfShape], long_offsets: int) -> bytes:
     """The glyf table as streams, each of one kind of value. Boxes are left out throughout, since
-    they are those of the points, and so is which glyphs overlap: the place for it came into the
-    format late, and readers from before refuse a font that uses it."""
+    they are those of the points. So is which glyphs overlap: the place for it came into the format
+    late, and of the common readers FreeType keeps it, others drop it, and fontTools up to 4.38
+    refuses the whole font."""
     contour_counts = pack(f">{len(shapes)}h", *[shape.contours for shape in shapes])
     point_counts, flags, points = (b"".join(stream) for stream in zip(
         *[shape.packed or (b"", b"", b"") for shape in shapes]))

@@ -2,7 +2,7 @@
 
 from collections.abc import Sequence
 
-from font_generator.command import WRONG_USAGE, Warnings, fail, prepare, run
+from font_generator.command import WRONG_USAGE, Warnings, fail, prepare, run, silence_libraries
 
 USAGE = "usage: font_report.py INPUT.json FONT.(otf|ttf|woff|woff2) OUTPUT.html"
 
@@ -23,6 +23,7 @@ def make_report(source: str, font: str, target: str) -> Warnings:
     from .facts import as_drawn, collect
     from .page import page
 
+    silence_libraries()
     check_target(target, "font report")
     html = page(collect(read_document(source, lambda units_per_em: as_drawn), font))
     write_whole(target, html.encode("utf-8"), "font report")

@@ -6,6 +6,7 @@
 #include "export/font_report.h"
 
 #include <algorithm>
+#include <future>
 #include <memory>
 
 namespace quillery {
@@ -42,12 +43,14 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
     return ExitStatus::wrongUsage;
   }
   Session session(places);
-  if (!session.open(command.project)) return ExitStatus::failed;
-
   const GeneratorPlaces generatorPlaces{places.resourceFolder, places.developmentExecutable,
                                         places.developmentScript};
   const FontGenerator generator(session.desktop(), generatorPlaces);
-  if (const auto availability = generator.checkGeneratorAvailability(); !availability.available) {
+  // The check waits for Python; the project loads meanwhile.
+  auto check =
+      std::async(std::launch::async, [&] { return generator.checkGeneratorAvailability(); });
+  if (!session.open(command.project)) return ExitStatus::failed;
+  if (const auto availability = check.get(); !availability.available) {
     printError("Cannot generate font: " + availability.message);
     return ExitStatus::failed;
   }

@@ -3,6 +3,7 @@
 #include "base/console.h"
 #include "base/json_writer.h"
 #include "base/numbers.h"
+#include "base/parallel.h"
 #include "base/unicode.h"
 #include "base/uuid.h"
 
@@ -10,6 +11,7 @@
 #include <cerrno>
 #include <cmath>
 #include <fcntl.h>
+#include <span>
 #include <system_error>
 #include <unistd.h>
 
@@ -68,6 +70,11 @@ public:
   Result<std::string, GeneratorInputError> write(const FontProject& project);
 
 private:
+  struct Piece {
+    std::string text;
+    bool isFinite;
+  };
+
   void text(std::string_view key, std::string_view value) {
     out_.raw(key);
     out_.string(value);
@@ -88,9 +95,16 @@ private:
   }
   void command(const PathCommand& command);
   void glyph(const Glyph& glyph);
+  bool glyphs(const std::vector<Glyph>& glyphs);
   void pair(const KerningPair& pair);
   template <typename List, typename Write>
+  void items(std::string_view indent, const List& items, Write writeItem);
+  template <typename List, typename Write>
   void list(std::string_view name, std::string_view indent, const List& items, Write writeItem);
+  Piece finish() {
+    out_.finish();
+    return {std::move(document_), out_.isFinite()};
+  }
 
   std::string document_;
   JsonWriter out_{[this](std::string_view piece) {
@@ -100,12 +114,7 @@ private:
 };
 
 template <typename List, typename Write>
-void DocumentWriter::list(std::string_view name, std::string_view indent, const List& items,
-                          Write writeItem) {
-  out_.raw(",\n");
-  out_.raw(indent);
-  out_.raw(name);
-  out_.raw(" : [");
+void DocumentWriter::items(std::string_view indent, const List& items, Write writeItem) {
   bool first = true;
   for (const auto& item : items) {
     out_.raw(first ? "\n  " : ",\n  ");
@@ -113,7 +122,17 @@ void DocumentWriter::list(std::string_view name, std::string_view indent, const 
     first = false;
     writeItem(item);
   }
-  if (!first) {
+}
+
+template <typename List, typename Write>
+void DocumentWriter::list(std::string_view name, std::string_view indent, const List& items,
+                          Write writeItem) {
+  out_.raw(",\n");
+  out_.raw(indent);
+  out_.raw(name);
+  out_.raw(" : [");
+  this->items(indent, items, writeItem);
+  if (!items.empty()) {
     out_.raw("\n");
     out_.raw(indent);
   }
@@ -149,6 +168,31 @@ void DocumentWriter::glyph(const Glyph& glyph) {
   out_.raw("\n    }");
 }
 
+// Writes the list on several threads, some glyphs a piece; false if a number was not finite.
+bool DocumentWriter::glyphs(const std::vector<Glyph>& glyphs) {
+  constexpr std::size_t kPiece = 64;
+  bool isFinite = true;
+  out_.raw(",\n  \"glyphs\" : [");
+  produceInOrder((glyphs.size() + kPiece - 1) / kPiece,
+                 [&](std::size_t piece) {
+                   const std::size_t first = piece * kPiece;
+                   DocumentWriter writer;
+                   writer.items(
+                       "  ",
+                       std::span(glyphs).subspan(first, std::min(kPiece, glyphs.size() - first)),
+                       [&](const Glyph& g) { writer.glyph(g); });
+                   return writer.finish();
+                 },
+                 [&](std::size_t index, const Piece& piece) {
+                   if (index > 0) out_.raw(",");
+                   out_.raw(piece.text);
+                   isFinite = isFinite && piece.isFinite;
+                   return true;
+                 });
+  out_.raw(glyphs.empty() ? "]" : "\n  ]");
+  return isFinite;
+}
+
 void DocumentWriter::pair(const KerningPair& pair) {
   text("{ \"leftGlyph\" : ", pair.leftGlyph);
   text(", \"rightGlyph\" : ", pair.rightGlyph);
@@ -166,13 +210,13 @@ Result<std::string, GeneratorInputError> DocumentWriter::write(const FontProject
   out_.integer(project.unitsPerEm);
   for (const FontLength& member : kFontLengths)
     length(",\n  \"", member.name, project.*member.value);
-  list("\"glyphs\"", "  ", project.glyphs, [this](const Glyph& g) { glyph(g); });
+  const bool glyphsAreFinite = glyphs(project.glyphs);
   list("\"kerningPairs\"", "  ", project.kerningPairs, [this](const KerningPair& p) { pair(p); });
   out_.raw("\n}");
-  out_.finish();
-  if (!out_.isFinite())
+  Piece document = finish();
+  if (!document.isFinite || !glyphsAreFinite)
     return Failure{GeneratorInputError{placeOfNonFinite(project), "The number is not finite"}};
-  return std::move(document_);
+  return std::move(document.text);
 }
 
 void printKerningPairs(const FontProject& project) {

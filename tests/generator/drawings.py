@@ -1,5 +1,8 @@
 """Documents for the tests, drawn by hand."""
 
+import json
+import re
+
 CIRCLE = 0.5522847498  # length of the controls of a quarter of a circle
 
 
@@ -49,6 +52,23 @@ def document(glyphs=(), pairs=(), **members):
             "glyphs": list(glyphs), "kerningPairs": list(pairs)} | members
 
 
+def written_commands(path):
+    """The commands of an outline as the program lays them out."""
+    return ",".join(f"\n        {_spaced(command)}" for command in path) + "\n      " * bool(path)
+
+
+def _spaced(value):
+    return json.dumps(value, separators=(", ", " : ")).replace("{", "{ ").replace("}", " }")
+
+
+def written(project):
+    """A whole document as the program lays it out, outlines exactly so."""
+    glyphs = [entry | {"fontPath": index} for index, entry in enumerate(project["glyphs"])]
+    text = json.dumps(project | {"glyphs": glyphs}, indent=2, separators=(",", " : "), ensure_ascii=False)
+    return re.sub(r'"fontPath" : ([0-9]+)', lambda found: '"fontPath" : [%s]' % written_commands(
+        project["glyphs"][int(found[1])]["fontPath"]), text)
+
+
 def hard_project():
     """Every kind of outline, name, text and pair that has to work, in one project."""
     glyphs = [
@@ -72,6 +92,10 @@ def hard_project():
         glyph("lost flag", "🇩🇫", box(0, 0, 9, 9)),
         glyph("heart", "❤️", box(0, 0, 500, 500)),
         glyph("composed", "e\u0301", box(0, 0, 400, 500)),
+        glyph("layered", "o\u0302\u0323", box(0, 0, 400, 700)),
+        glyph("o", "o", box(0, 0, 400, 400)),
+        glyph("circumflex", "\u0302", box(0, 600, 90, 690), 0),
+        glyph("dot below", "\u0323", box(0, -200, 90, -110), 0),
         glyph("quo\"te\nb " + "x" * 100, "一", box(0, 0, 1000, 900), 1000),
         glyph("", "丁", box(0, 0, 1000, 900), 1000),
         glyph("Ж", "Ж", box(-100, -250, 1000.5, 900.49), 40000),

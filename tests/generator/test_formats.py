@@ -121,6 +121,8 @@ def kerns_and_replaces_texts(font):
         "🇩🇪V": [("flag", 1000 - 50), ("V", 600)],
         "❤️": [("heart", 600)],
         "e\u0301": [(name[0xE9], 600)],
+        "o\u0302\u0323": [(name[0x1ED9], 600)],
+        "o\u0323\u0302": [(name[0x1ED9], 600)],
     }.items():
         assert shape(font, text) == expected, text
 

@@ -92,6 +92,10 @@ def test_characters_map_with_what_they_imply():
     sequences = mapped("f", "i", "fi", "fj", "ffi")
     assert sequences.sequences == {(0x66, 0x69): 3, (0x66, 0x66, 0x69): 5}
     assert sequences.unmapped == [4]
+    # Marks in the order in which they are drawn, and in the one that text engines bring them into.
+    layered = mapped("e", "\u0302", "\u0323", "e\u0302\u0323")
+    assert layered.scalars[0x1EC7] == 4 and not layered.unmapped
+    assert layered.sequences == {(0x65, 0x302, 0x323): 4, (0x65, 0x323, 0x302): 4}
 
 
 def test_the_longest_text_of_several_characters_wins(make):
