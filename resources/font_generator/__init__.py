@@ -1,9 +1,8 @@
 """Makes a font binary from a JSON font description.
 
 The way through the package: `json_text` and `document` read and check the description, in `pieces`
-that two processes share (`workers`) where it is long, and `written_outlines` in the program's own
-layout quickly; what each of the `formats` makes of a drawing is made while reading: `charstrings`
-encodes cubic outlines, `glyf` and `overlaps` quadratic ones. `glyph_set` decides which glyphs the
+that two processes share (`workers`) where it is long; what each of the `formats` makes of a drawing
+is made while reading: `charstrings` encodes cubic outlines, `glyf` and `overlaps` quadratic ones. `glyph_set` decides which glyphs the
 font has, under which names (`glyph_names`) and for which characters (`characters`), `kerning`
 which pairs hold. `cff` and `truetype` are the tables of outlines, `gpos`, `gsub` and `gdef` the
 rules of `layout`, `naming`, `metrics`, `slant`, `code_pages` and `cmap` the rest. `font` puts the

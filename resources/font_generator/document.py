@@ -13,7 +13,6 @@ from .json_text import parse_json
 from .outlines import MalformedOutline, Outline, UnfitOutline, check_size, is_finite, read_outline
 from .pieces import Pieces, cut, fit_together
 from .workers import beside, processors
-from .written_outlines import read_written_outline, take_outlines
 
 # A record of a name table holds at most 65,535 bytes of UTF-16; no text of a font is longer.
 LONGEST_TEXT = 32767
@@ -112,7 +111,8 @@ def _read_pieces(pieces: Pieces, encode: Encode,
         result = []
         try:
             for index in indices:
-                result.append(_read_piece(pieces.piece(index), encode))
+                root, read = parse_json(pieces.piece(index))
+                result.append(_read_members(_members(root), read, encode))
         except (GeneratorError, _Malformed):
             return None
         return result
@@ -133,23 +133,6 @@ def _read_pieces(pieces: Pieces, encode: Encode,
         glyphs += [glyph._replace(number=glyph.number + before) for glyph in part["glyphs"]]
         members |= part
     return members | {"glyphs": glyphs}
-
-
-def _read_piece(data: bytes, encode: Encode) -> dict[str, Any]:
-    """The members of a piece, whose outlines are read apart from the rest where they can be."""
-    rest, outlines = take_outlines(data)
-    root, read = parse_json(rest)
-    members = _members(root)
-    number = 0
-    for glyph in _list(members, "glyphs"):
-        place = _members(glyph).get("fontPath")
-        if type(place) is int and place == number < len(outlines):
-            outline = read_written_outline(outlines[number])
-            glyph["fontPath"] = outline or parse_json(b"[%s]" % outlines[number])[0]
-            number += 1
-    if number < len(outlines):
-        raise _Malformed("has outlines outside of glyphs")
-    return _read_members(members, read, encode)
 
 
 def _read_members(members: dict[str, Any], read: Callable[[str], str], encode: Encode) -> dict[str, Any]:
@@ -202,8 +185,7 @@ def _glyph(value: Any, number: int, read: Callable[[str], str], encode: Encode) 
         name = _text(members, "name", read)
         text = _text(members, "unicode", read) if "unicode" in members else None
         advance = _number(members, "advanceWidth")
-        path = members.get("fontPath")
-        outline = path if type(path) is Outline else read_outline(_list(members, "fontPath"))
+        outline = read_outline(_list(members, "fontPath"))
         try:
             check_size(outline)
             shape = encode(outline)

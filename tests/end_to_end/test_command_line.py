@@ -88,17 +88,6 @@ def test_what_the_preview_sets_is_what_the_font_sets(quillery, tmp_path):
     assert (tmp_path / "out.svg").read_text().count("<use ") == len(text.replace(" ", ""))
 
 
-def test_the_generator_reads_what_the_program_writes_the_quick_way(quillery, tmp_path, monkeypatch):
-    monkeypatch.syspath_prepend(SAMPLE.parent)
-    from font_generator.written_outlines import read_written_outline, take_outlines
-
-    (tmp_path / "generate_font.py").write_text("import shutil, sys\nshutil.copy(*sys.argv[1:])\n")
-    assert quillery("export", SAMPLE, "described.otf", "--resources", ".").status == 0
-    rest, outlines = take_outlines((tmp_path / "described.otf").read_bytes())
-    assert len(outlines) == len(json.loads(rest)["glyphs"]) == len(project(SAMPLE)["glyphs"])
-    assert None not in map(read_written_outline, outlines)
-
-
 def test_the_preview_is_painted_without_a_display(quillery, tmp_path):
     text = "Hamburg\nAV"
     for extension in ("png", "pdf", "json"):

@@ -1,8 +1,5 @@
 """Documents for the tests, drawn by hand."""
 
-import json
-import re
-
 CIRCLE = 0.5522847498  # length of the controls of a quarter of a circle
 
 
@@ -50,23 +47,6 @@ def document(glyphs=(), pairs=(), **members):
     return {"name": "Test", "designer": "", "version": "1.0", "copyright": "", "unitsPerEm": 1000,
             "ascender": 800, "descender": -200, "capHeight": 700, "xHeight": 500,
             "glyphs": list(glyphs), "kerningPairs": list(pairs)} | members
-
-
-def written_commands(path):
-    """The commands of an outline as the program lays them out."""
-    return ",".join(f"\n        {_spaced(command)}" for command in path) + "\n      " * bool(path)
-
-
-def _spaced(value):
-    return json.dumps(value, separators=(", ", " : ")).replace("{", "{ ").replace("}", " }")
-
-
-def written(project):
-    """A whole document as the program lays it out, outlines exactly so."""
-    glyphs = [entry | {"fontPath": index} for index, entry in enumerate(project["glyphs"])]
-    text = json.dumps(project | {"glyphs": glyphs}, indent=2, separators=(",", " : "), ensure_ascii=False)
-    return re.sub(r'"fontPath" : ([0-9]+)', lambda found: '"fontPath" : [%s]' % written_commands(
-        project["glyphs"][int(found[1])]["fontPath"]), text)
 
 
 def hard_project():
