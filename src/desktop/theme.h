@@ -128,7 +128,8 @@ public:
   void setOverride(std::optional<ColorScheme> scheme);
 
 Q_SIGNALS:
-  /// Colours or fonts have changed. Widgets that paint with the palette get it with their next event.
+  /// Colours or fonts have changed. Widgets that paint with the palette get it with their next
+  /// event.
   void changed();
 
 protected:

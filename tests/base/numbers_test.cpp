@@ -1,55 +1,28 @@
 #include "base/numbers.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <bit>
 #include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <limits>
-#include <random>
 #include <regex>
 
 namespace quillery::test {
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
 std::uint64_t bits(double value) {
   return std::bit_cast<std::uint64_t>(value);
 }
 
-TEST(ParseDecimal, ReadsEveryFormOfADecimal) {
+// What random tokens of moderate length do not come across.
+TEST(ParseDecimal, ReadsNumbersOfAnyLength) {
   const std::string nines(400, '9');
-  const std::pair<std::string, double> rows[] = {
-      {"5", 5},
-      {"-2.5", -2.5},
-      {"+3", 3},
-      {".5", 0.5},
-      {"5.", 5},
-      {"-.5", -0.5},
-      {"-0", -0.0},
-      {"00012", 12},
-      {"1e-5", 1e-5},
-      {"1E+5", 1e5},
-      {"+.5e1", 5},
-      {"5.e1", 50},
-      {"0.1", 0.1},
-      {"123456789012345", 123456789012345},
-      {"9007199254740993", 9007199254740992},
-      {"1.7976931348623157e308", std::numeric_limits<double>::max()},
-      {"4.9406564584124654e-324", std::numeric_limits<double>::denorm_min()},
-      {"1e999", kInfinity},
-      {"-1e999", -kInfinity},
-      {"1e99999999999999999999", kInfinity},
-      {nines, kInfinity},
-      {nines + "e-400", 1},
-      {"1e-999", 0},
-      {"-1e-999", -0.0},
-      {"0e999", 0},
-      {"0." + std::string(400, '0') + "1", 0},
-      {"0." + std::string(300, '0') + "1", 1e-301}};
+  const std::pair<std::string, double> rows[] = {{"-0", -0.0},
+                                                 {"9007199254740993", 9007199254740992},
+                                                 {"1e99999999999999999999", kInfinity},
+                                                 {"-1e-999", -0.0},
+                                                 {nines, kInfinity},
+                                                 {nines + "e-400", 1},
+                                                 {"0." + std::string(300, '0') + "1", 1e-301}};
   for (const auto& [text, expected] : rows) {
     const auto number = parseDecimal(text);
     ASSERT_TRUE(number) << text;
@@ -58,36 +31,11 @@ TEST(ParseDecimal, ReadsEveryFormOfADecimal) {
 }
 
 TEST(ParseDecimal, RefusesEverythingElse) {
-  const std::string rows[] = {"",
-                              "+",
-                              "-",
-                              ".",
-                              "+.",
-                              "e5",
-                              "1e",
-                              "1e+",
-                              " 5",
-                              "5 ",
-                              "\t5",
-                              "5\n",
-                              "1.2.3",
-                              "10-20",
-                              "0x10",
-                              "inf",
-                              "nan",
-                              "nan(1)",
-                              "INFINITY",
-                              "1,5",
-                              "++1",
-                              "+-1",
-                              "--1",
-                              "1e5.0",
-                              "1f",
-                              "1 2",
-                              "1e 5",
-                              "\xD9\xA3",
-                              "5\0" + std::string(1, '\0')};
-  for (const std::string& text : rows) EXPECT_FALSE(parseDecimal(text)) << '"' << text << '"';
+  for (const std::string_view text :
+       {std::string_view(), std::string_view("5\0", 2), std::string_view(" 5"),
+        std::string_view("5\n"), std::string_view("0x10"), std::string_view("inf"),
+        std::string_view("nan(1)"), std::string_view("1,5"), std::string_view("\xD9\xA3")})
+    EXPECT_FALSE(parseDecimal(text)) << '"' << text << '"';
 }
 
 TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
@@ -109,33 +57,17 @@ TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
 
 TEST(FormatShortest, WritesOrdinaryMagnitudesPlainly) {
   const std::pair<double, const char*> rows[] = {
-      {0, "0"},
-      {-0.0, "-0.0"},
-      {800, "800"},
-      {-200, "-200"},
-      {100000, "100000"},
-      {0.5, "0.5"},
-      {-12.25, "-12.25"},
-      {0.001, "0.001"},
-      {0.00001, "0.00001"},
-      {1e-7, "0.0000001"},
-      {9.5e-8, "9.5e-08"},
-      {0.1 + 0.2, "0.30000000000000004"},
-      {999999999.99999, "999999999.99999"},
-      {9999999999999998, "9999999999999998"},
-      {1e16, "1e+16"},
-      {1e21, "1e+21"},
-      {-1.7976931348623157e308, "-1.7976931348623157e+308"},
-      {5e-324, "5e-324"}};
+      {0, "0"},           {-0.0, "-0.0"},    {-200, "-200"},          {100000, "100000"},
+      {-12.25, "-12.25"}, {1e-5, "0.00001"}, {1e-7, "0.0000001"},     {9.5e-8, "9.5e-08"},
+      {1e16, "1e+16"},    {1e21, "1e+21"},   {-1.7e308, "-1.7e+308"}, {5e-324, "5e-324"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(formatShortest(value), text);
+  EXPECT_EQ(formatShortest(9999999999999998), "9999999999999998");
 }
 
 TEST(FormatShortest, AddsAFractionPartWhereAsked) {
   const std::pair<double, const char*> rows[] = {
-      {-50, "-50.0"},       {0.5, "0.5"},          {0, "0.0"},
-      {-0.0, "-0.0"},       {1e21, "1.0e+21"},     {1.5e300, "1.5e+300"},
-      {5e-324, "5.0e-324"}, {100000, "100000.0"},  {kInfinity, "inf"},
-      {-kInfinity, "-inf"}, {-std::nan(""), "nan"}};
+      {-50, "-50.0"},        {0.5, "0.5"},         {-0.0, "-0.0"},       {1e21, "1.0e+21"},
+      {1.5e300, "1.5e+300"}, {5e-324, "5.0e-324"}, {-kInfinity, "-inf"}, {-std::nan(""), "nan"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(formatShortestWithFraction(value), text);
 }
 

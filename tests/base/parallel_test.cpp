@@ -1,6 +1,5 @@
 #include "base/parallel.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <atomic>
 

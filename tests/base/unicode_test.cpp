@@ -1,15 +1,9 @@
 #include "base/unicode.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
+#include "support/testing.h"
 
 namespace quillery::test {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using Texts = std::vector<std::string_view>;
 
@@ -37,14 +31,12 @@ TEST(Utf8, IsCheckedAndMended) {
 
 TEST(Scalars, ComeAndGo) {
   EXPECT_THAT(scalars("A\u0308€😀"), ElementsAre(U'A', U'\u0308', U'€', U'😀'));
-  EXPECT_EQ(firstScalar("€5"), U'€');
   EXPECT_FALSE(firstScalar(""));
-  for (const char32_t c : {U'\0', U'A', U'\u00E9', U'€', U'😀', U'\U0010FFFF'})
-    EXPECT_EQ(firstScalar(scalarText(c)), c);
+  for (const char32_t c : {U'\0', U'\u00E9', U'€', U'\U0010FFFF'})
+    EXPECT_EQ(firstScalar(scalarText(c) + "5"), c);
   EXPECT_EQ(scalarHex(U'A') + scalarHex(0) + scalarHex(U'😀'), "004100001F600");
-  for (const std::uint32_t value : {0U, 0xD7FFU, 0xE000U, 0x10FFFFU})
-    EXPECT_TRUE(isScalarValue(value));
-  for (const std::uint32_t value : {0xD800U, 0xDFFFU, 0x110000U, ~0U})
+  for (const std::uint32_t value : {0xD7FFU, 0xE000U, 0x10FFFFU}) EXPECT_TRUE(isScalarValue(value));
+  for (const std::uint32_t value : {0xD800U, 0xDFFFU, 0x110000U})
     EXPECT_FALSE(isScalarValue(value));
 }
 
@@ -138,25 +130,17 @@ TEST(DisplayOrder, IsThatOfAFileManager) {
 }
 
 TEST(LocalizedFinder, DisregardsCaseOnly) {
-  struct Row {
-    const char* needle;
-    const char* haystack;
-    bool found;
-  };
-  const Row rows[] = {{"", "", true},         {"", "A", true},
-                      {"a", "", false},       {"av", "Av", true},
-                      {"AV", "xavx", true},   {"av", "A V", false},
-                      {"é", "É", true},       {"e", "é", false},
-                      {"e\u0301", "é", true}, {"period", "period.alt", true},
-                      {".", "a.b", true},     {"abc", "ab", false},
-                      {" ", "a b", true}};
-  for (const auto& [needle, haystack, found] : rows)
-    EXPECT_EQ(LocalizedFinder(needle).isIn(haystack), found)
-        << '"' << needle << "\" in " << haystack;
+  const std::pair<std::string_view, std::string_view> found[] = {
+      {"", ""},   {"", "A"},        {"av", "Av"}, {"AV", "xavx"},
+      {"é", "É"}, {"e\u0301", "é"}, {".", "a.b"}, {" ", "a b"}};
+  for (const auto& [needle, haystack] : found)
+    EXPECT_TRUE(LocalizedFinder(needle).isIn(haystack)) << needle << " in " << haystack;
+  const std::pair<std::string_view, std::string_view> absent[] = {
+      {"a", ""}, {"av", "A V"}, {"e", "é"}, {"abc", "ab"}};
+  for (const auto& [needle, haystack] : absent)
+    EXPECT_FALSE(LocalizedFinder(needle).isIn(haystack)) << needle << " in " << haystack;
   const LocalizedFinder twice("b");
-  EXPECT_TRUE(twice.isIn("abc"));
-  EXPECT_FALSE(twice.isIn("xyz"));
-  EXPECT_TRUE(twice.isIn("B"));
+  EXPECT_TRUE(twice.isIn("abc") && !twice.isIn("xyz") && twice.isIn("B"));
 }
 
 } // namespace

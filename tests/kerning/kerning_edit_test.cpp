@@ -1,15 +1,10 @@
 #include "kerning/kerning_canvas_mapping.h"
 #include "kerning/kerning_drag.h"
 #include "support/document.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
+#include "support/testing.h"
 
 namespace quillery::test {
 namespace {
-
-constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
 TEST(KerningCanvasMapping, PlacesBothGlyphsOnTheBaseline) {
   // 1080 points of height give one point a unit; the width would give more.
@@ -32,25 +27,13 @@ TEST(KerningCanvasMapping, PlacesBothGlyphsOnTheBaseline) {
 }
 
 TEST(KerningCanvasMapping, IsNotThereWhereNothingCanBeDrawn) {
-  const struct {
-    const char* name;
-    double left, right, kerning;
-    Size canvas;
-    bool there;
-  } rows[] = {
-      {"as low as its margins", 600, 500, 0, {400, 80}, false},
-      {"as narrow as its margins", 600, 500, 0, {80, 400}, false},
-      {"narrow and nothing to fit", 0, 0, 0, {60, 400}, false},
-      {"infinite advance", kInfinite, 500, 0, {400, 400}, false},
-      {"advances that cancel out", kInfinite, -kInfinite, 0, {400, 400}, false},
-      {"no advances", 0, 0, 0, {400, 400}, true},
-      {"kerning beyond the advances", 50, 40, -150, {400, 400}, true},
-  };
-  for (const auto& row : rows) {
-    const auto mapping = KerningCanvasMapping::make(row.left, row.right, row.kerning, row.canvas);
-    EXPECT_EQ(mapping.has_value(), row.there) << row.name;
-    EXPECT_GT(mapping ? mapping->pointsPerUnit() : 1, 0) << row.name;
-  }
+  const Size canvas{400, 400};
+  EXPECT_FALSE(KerningCanvasMapping::make(600, 500, 0, {400, 80})) << "as low as its margins";
+  EXPECT_FALSE(KerningCanvasMapping::make(0, 0, 0, {60, 400})) << "narrow and nothing to fit";
+  EXPECT_FALSE(KerningCanvasMapping::make(kInfinity, 500, 0, canvas));
+  EXPECT_FALSE(KerningCanvasMapping::make(kInfinity, -kInfinity, 0, canvas));
+  EXPECT_GT(KerningCanvasMapping::make(0, 0, 0, canvas)->pointsPerUnit(), 0) << "no advances";
+  EXPECT_GT(KerningCanvasMapping::make(50, 40, -150, canvas)->pointsPerUnit(), 0);
 }
 
 struct KerningEditTest : ::testing::Test {
@@ -102,21 +85,16 @@ TEST_F(KerningEditTest, TheScaleIsThatOfTheValueAtThePress) {
 }
 
 TEST_F(KerningEditTest, GesturesThatChangeNothingLeaveNoStep) {
-  drag.press(id(0), {300, 0});
-  drag.release();
-  drag.press(id(0), {300, 0});
-  drag.drag({340, 0}, canvas);
-  drag.drag({300, 0}, canvas);
-  drag.release();
-  drag.press(id(2), {300, 0});
-  drag.drag({340, 0}, canvas); // a glyph is missing
-  drag.release();
-  drag.press(Uuid::random(), {300, 0});
-  drag.drag({340, 0}, canvas);
-  drag.release();
-  drag.press(id(0), {300, 0});
-  drag.drag({340, 0}, {80, 80});
-  drag.release();
+  const auto gesture = [&](const Uuid& pair, std::initializer_list<double> places, Size size) {
+    drag.press(pair, {300, 0});
+    for (const double x : places) drag.drag({x, 0}, size);
+    drag.release();
+  };
+  gesture(id(0), {}, canvas);
+  gesture(id(0), {340, 300}, canvas);
+  gesture(id(2), {340}, canvas); // a glyph is missing
+  gesture(Uuid::random(), {340}, canvas);
+  gesture(id(0), {340}, {80, 80});
   drag.press(id(0), {300, 0});
   drag.drag({340, 0}, canvas);
   drag.cancel();

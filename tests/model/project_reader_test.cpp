@@ -1,8 +1,6 @@
 #include "model/project_file.h"
 #include "support/file_bytes.h"
-#include "support/projects.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <sstream>
 
@@ -14,7 +12,7 @@ const std::string kDocument = R"({
   "name" : "Brush",
   "designer" : "Ada",
   "version" : "1.0",
-  "copyright" : "",
+  "copyright" : "a\/b",
   "unitsPerEm" : 1000,
   "ascender" : 800,
   "descender" : -200,
@@ -37,6 +35,7 @@ const std::string kDocument = R"({
       "fontPath" : [
         { "moveTo" : { "_0" : [1, 2] } },
         { "curveTo" : { "_0" : [3, 4], "_1" : [5, 6], "_2" : [7, 8] } },
+        { "lineTo" : { "_0" : [-3, 0.1] } },
         { "closePath" : { } }
       ]
     }
@@ -116,19 +115,8 @@ TEST(DecodeProject, TakesEveryFormOfTheSameDocument) {
   EXPECT_EQ(tiny.kerningPairs[0].value, 0);
 }
 
-// Renames each member in turn, and gives each a value of every other type.
+// Renames each member in turn, and gives it a value of another type.
 TEST(DecodeProject, RefusesMissingAndWrongMembersByPlaceAndReason) {
-  const std::string text = "Expected a text", number = "Expected a number",
-                    list = "Expected an array";
-  const std::string box = "Expected a rectangle, [[x, y], [width, height]]";
-  const auto expectedReason = [&](const std::string& member) {
-    if (member == "id") return std::string("Malformed UUID");
-    if (member == "unitsPerEm") return std::string("Expected a whole number");
-    if (member == "viewBox" || member == "boundingBox") return box;
-    const std::string_view texts[] = {"name",    "designer", "version",   "copyright",
-                                      "svgPath", "unicode",  "leftGlyph", "rightGlyph"};
-    return std::find(std::begin(texts), std::end(texts), member) != std::end(texts) ? text : number;
-  };
   std::istringstream lines(kDocument);
   std::string section = "glyphs[0]";
   std::size_t at = 0;
@@ -140,31 +128,27 @@ TEST(DecodeProject, RefusesMissingAndWrongMembersByPlaceAndReason) {
     ++members;
     const std::string member = line.substr(quote + 1, line.find('"', quote + 1) - quote - 1);
     const std::string object = quote == 2 ? "" : section;
-    SCOPED_TRACE(object + " " + member);
-    const auto with = [&](const std::string& other) {
-      std::string document = kDocument;
-      return document.replace(at, line.size(), other);
+    const auto errorWith = [&](const std::string& other) {
+      return decodingError(std::string(kDocument).replace(at, line.size(), other));
     };
-    const std::string missing = "The member \"" + member + "\" is missing";
-    EXPECT_EQ(decodingError(with(replaced(line, "\"" + member, "\"x"))),
+    EXPECT_EQ(errorWith(replaced(line, "\"" + member, "\"x")),
               member == "unicode" ? "fine"
-              : object.empty()    ? missing
-                                  : object + ": " + missing);
+                                  : object + (object.empty() ? "" : ": ") + "The member \"" +
+                                        member + "\" is missing");
     if (line.back() == '[') continue; // a list of several lines
-    const std::string place = (object.empty() ? "" : object + ".") + member + ": ";
-    const std::string reason = expectedReason(member);
-    const std::string colon = " : ";
-    const std::size_t value = line.find(colon) + colon.size();
-    for (const std::string wrong : {"true", "null", "{}", "[]", "12", "\"12\"", "1.5"}) {
-      const bool isText = wrong.front() == '"', isNumber = wrong.front() == '1';
-      const bool fits = (reason == text && isText) || (reason == number && isNumber) ||
-                        (member == "unitsPerEm" && wrong == "12") ||
-                        (member == "unicode" && wrong == "null");
-      const std::string expected = member == "id" && !isText ? text : reason;
-      EXPECT_EQ(
-          decodingError(with(line.substr(0, value) + wrong + (line.back() == ',' ? "," : ""))),
-          fits ? "fine" : place + expected)
-          << wrong;
+    const std::size_t value = line.find(" : ") + 3;
+    const bool isText = line[value] == '"';
+    const std::string end = line.back() == ',' ? "," : "";
+    for (const std::string wrong : {"true", "null", "{}", "[]", "12", "\"12\""}) {
+      if (isText ? wrong[0] == '"' : line[value] != '[' && wrong == "12") continue;
+      if (member == "unicode" && wrong == "null") continue;
+      const std::string reason = isText                   ? "Expected a text"
+                                 : line[value] == '['     ? "Expected a rectangle"
+                                 : member == "unitsPerEm" ? "Expected a whole number"
+                                                          : "Expected a number";
+      const std::string place = object + (object.empty() ? "" : ".") + member + ": ";
+      EXPECT_TRUE(errorWith(line.substr(0, value) + wrong + end).starts_with(place + reason))
+          << place << wrong;
     }
   }
   EXPECT_EQ(members, 13 + 12 + 4);
@@ -173,73 +157,54 @@ TEST(DecodeProject, RefusesMissingAndWrongMembersByPlaceAndReason) {
 TEST(DecodeProject, RefusesMalformedValuesByPlaceAndReason) {
   const std::string one = "Invalid number of keys found, expected one.";
   const std::string point = "Expected a point, [x, y]";
+  const std::string box = "Expected a rectangle, [[x, y], [width, height]]";
   const std::string path = "glyphs[0].fontPath";
   const std::tuple<const char*, const char*, std::string> rows[] = {
       {"[10, 20]", "[10]", "glyphs[0].viewBox[1]: " + point},
       {"[10, 20]", "[10, 20, 30]", "glyphs[0].viewBox[1]: " + point},
       {"[10, 20]", "[10, null]", "glyphs[0].viewBox[1][1]: Expected a number"},
-      {", [10, 20]", "", "glyphs[0].viewBox: Expected a rectangle, [[x, y], [width, height]]"},
-      {", [10, 20]", ", [10, 20], []",
-       "glyphs[0].viewBox: Expected a rectangle, [[x, y], [width, height]]"},
+      {", [10, 20]", "", "glyphs[0].viewBox: " + box},
+      {", [10, 20]", ", [10, 20], []", "glyphs[0].viewBox: " + box},
       {"{ \"moveTo\"", "{ \"lineTo\" : {}, \"moveTo\"", path + "[0]: " + one},
       {"{ \"moveTo\" : { \"_0\" : [1, 2] } }", "{}", path + "[0]: " + one},
       {"{ \"moveTo\" : { \"_0\" : [1, 2] } }", "7", path + "[0]: Expected a path command object"},
-      {"{ \"closePath\" : { } }", "{ \"closePath\" : { }, \"closePath\" : { } }",
-       path + "[2]: " + one},
       {"moveTo", "MoveTo", path + "[0]: Unknown path command \"MoveTo\""},
       {"{ \"_0\" : [1, 2] }", "[1, 2]", path + "[0].moveTo: Expected an object with the points"},
-      {"\"closePath\" : { }", "\"closePath\" : null",
-       path + "[2].closePath: Expected an object with the points"},
       {"\"_0\" : [1, 2]", "\"_1\" : [1, 2]", path + "[0].moveTo: The point \"_0\" is missing"},
-      {", \"_1\" : [5, 6]", "", path + "[1].curveTo: The point \"_1\" is missing"},
       {"[5, 6]", "[5, \"6\"]", path + "[1].curveTo._1[1]: Expected a number"},
       {"\"fontPath\" : [", "\"fontPath\" : 0, \"x\" : [", path + ": Expected an array"},
       {"\"glyphs\" : [", "\"glyphs\" : {}, \"x\" : [", "glyphs: Expected an array"},
       {"\"glyphs\" : [", "\"glyphs\" : [ 5,", "glyphs[0]: Expected a glyph object"},
-      {"\"kerningPairs\" : [", "\"kerningPairs\" : [ [],",
-       "kerningPairs[0]: Expected a kerning pair object"},
       {"1000,", "1000.5,", "unitsPerEm: Expected a whole number"},
       {"1000,", "9223372036854775808,", "unitsPerEm: Expected a whole number"},
-      {"1000,", "123456789012345678901234567890,", "unitsPerEm: Expected a whole number"},
       {"5A1F0B7C-", "5A1F0B7C", "glyphs[0].id: Malformed UUID"}};
   for (const auto& [from, to, expected] : rows)
     EXPECT_EQ(decodingError(replaced(kDocument, from, to)), expected) << from << " became " << to;
 }
 
 TEST(DecodeProject, RefusesWhatIsNoJsonByPlaceAndReason) {
-  const std::tuple<const char*, std::string, const char*> rows[] = {
-      {"nothing", "", "line 1, byte 1: "},
-      {"only a byte-order mark", "\xEF\xBB\xBF", "line 1, byte 1: "},
-      {"another kind of document", "<svg/>", "line 1, byte 1: "},
-      {"a trailing comma in an object",
-       replaced(kDocument, "200,\n  \"glyphs\"", "200,,\n  \"glyphs\""), "line 12, byte 19: "},
-      {"a trailing comma in a list", replaced(kDocument, "{ } }\n", "{ } },\n"),
-       "line 30, byte 7: "},
-      {"a trailing comma at the end", replaced(kDocument, "  ]\n}", "  ],\n}"),
-       "line 41, byte 1: "},
-      {"text behind the end", kDocument + "x", "line 42, byte 1: "},
-      {"a second document", kDocument + "{}", "line 42, byte 1: "},
-      {"a comment", replaced(kDocument, "{", "{ // no"), "line 1, byte 3: "},
-      {"single quotes", replaced(kDocument, "\"Brush\"", "'Brush'"), "line 3, byte 12: "},
-      {"a lone high surrogate", replaced(kDocument, "Brush", "\\uD834"), "line 3, byte 19: "},
-      {"a lone low surrogate", replaced(kDocument, "Brush", "\\uDD1E"), "line 3, byte 18: "},
-      {"bytes that are no UTF-8", replaced(kDocument, "Brush", "Br\xFFsh"), "line 3, byte 15: "},
-      {"a line break in a text", replaced(kDocument, "Brush", "Br\nush"), "line 3, byte 15: "},
-      {"not a number", replaced(kDocument, "-50", "NaN"), "line 38, byte 17: "},
-      {"a leading zero", replaced(kDocument, "-50", "-050"), "line 38, byte 20: "},
-      {"a leading plus", replaced(kDocument, "-50", "+50"), "line 38, byte 17: "},
-      {"too large a number", replaced(kDocument, "-50", "1e999"), "line 38, byte 21: "},
-      {"a whole number of 400 digits", replaced(kDocument, "-50", std::string(400, '9')),
-       "line 38, byte 416: "},
-      {"UTF-16", std::string("\xFF\xFE{\0}\0", 6), "line 1, byte 1: "},
-      {"a NUL byte", kDocument + '\0', "line 42, byte 1: "}};
-  for (const auto& [what, text, place] : rows) {
+  const std::pair<std::string, const char*> documents[] = {
+      {"", "line 1, byte 1: "},
+      {"<svg/>", "line 1, byte 1: "},
+      {std::string("\xFF\xFE{\0}\0", 6), "line 1, byte 1: "},
+      {kDocument + "{}", "line 43, byte 1: "},
+      {kDocument + '\0', "line 43, byte 1: "}};
+  for (const auto& [text, place] : documents) {
     const std::string error = decodingError(text);
-    EXPECT_EQ(error.substr(0, std::string_view(place).size()), place) << what << " gave " << error;
-    EXPECT_LT(error.size(), 400U) << what;
-    EXPECT_GT(error.size(), std::string_view(place).size()) << what;
+    EXPECT_TRUE(error.starts_with(place) && error.size() < 400) << error;
   }
-  for (const char* value : {"[]", "null", "12", "\"text\"", "true"})
+  const std::tuple<const char*, const char*, const char*> rows[] = {
+      {"{ } }\n", "{ } },\n", "line 31, byte 7: "}, {"  ]\n}", "  ],\n}", "line 42, byte 1: "},
+      {"{", "{ // no", "line 1, byte 3: "},         {"\"Brush\"", "'Brush'", "line 3, byte 12: "},
+      {"Brush", "\\uD834", "line 3, byte 19: "},    {"Brush", "\\uDD1E", "line 3, byte 18: "},
+      {"Brush", "Br\xFFsh", "line 3, byte 15: "},   {"Brush", "Br\nush", "line 3, byte 15: "},
+      {"-50", "NaN", "line 39, byte 17: "},         {"-50", "-050", "line 39, byte 20: "},
+      {"-50", "1e999", "line 39, byte 21: "}};
+  for (const auto& [from, to, place] : rows) {
+    const std::string error = decodingError(replaced(kDocument, from, to));
+    EXPECT_TRUE(error.starts_with(place)) << to << " gave " << error;
+  }
+  for (const char* value : {"[]", "null", "12", "\"text\""})
     EXPECT_EQ(decodingError(value), "Expected a project object") << value;
 }
 

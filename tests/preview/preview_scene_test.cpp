@@ -1,18 +1,12 @@
 #include "kerning/kerning_pairs.h"
 #include "preview/preview_scene.h"
 #include "support/document.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <random>
+#include "support/testing.h"
 
 namespace quillery::test {
 namespace {
 
 using Effect = PreviewScene::Effect;
-
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 Glyph drawn(const char* name, std::optional<std::string> unicode, double advance) {
   Glyph glyph = makeGlyph(name, std::move(unicode), advance);
@@ -111,20 +105,16 @@ TEST_F(SceneTest, ForgetsTheHoveredItemWithTheTextAndTheModeOnly) {
   EXPECT_FALSE(scene.hover({40, 30}));
   ASSERT_TRUE(scene.hoveredPair());
   EXPECT_TRUE(scene.hoveredPairExists());
-  EXPECT_EQ(bounds(), (Rect{20, 20, 112, 100}));
   afterKerning(0, -100);
-  EXPECT_EQ(bounds(), (Rect{20, 20, 110, 100}));
   scene.setFontSize(200);
   EXPECT_EQ(bounds(), (Rect{20, 20, 220, 200}));
   d.manager.editKerningList([](auto& pairs) { pairs.clear(); });
   EXPECT_FALSE(scene.hoveredPairExists());
   d.manager.deleteGlyph(glyph("V")); // A and .notdef now
   EXPECT_FALSE(scene.hoveredPair());
-
   scene.setMode(PreviewMode::glyphs);
   EXPECT_TRUE(scene.hover({30, 30}));
   EXPECT_EQ(scene.hoveredGlyph()->glyphName, "A");
-  EXPECT_EQ(scene.hoveredPair(), nullptr);
   scene.setText("A");
   EXPECT_FALSE(scene.hovered());
   scene.hover({30, 30});
@@ -169,14 +159,12 @@ TEST_F(SceneTest, FindsWhatHitTestingTheWholeListFinds) {
         const Point point{static_cast<double>(random() % 900) / 2,
                           static_cast<double>(random() % 900) / 2 - 100};
         scene.hover(point);
-        const CharacterInfo* glyph = hitTest(glyphs, point);
-        const CharacterPairInfo* pair = hitTest(pairs, point);
-        std::optional<std::size_t> expected;
-        if (mode == PreviewMode::glyphs && glyph)
-          expected = static_cast<std::size_t>(glyph - glyphs.data());
-        if (mode == PreviewMode::kerning && pair)
-          expected = static_cast<std::size_t>(pair - pairs.data());
-        ASSERT_EQ(scene.hovered(), expected) << round << ": " << point.x << ", " << point.y;
+        const auto place = [&](const auto& all) {
+          const auto* hit = hitTest(all, point);
+          return hit ? std::optional<std::size_t>(hit - all.data()) : std::nullopt;
+        };
+        ASSERT_EQ(scene.hovered(), mode == PreviewMode::glyphs ? place(glyphs) : place(pairs))
+            << round << ": " << point.x << ", " << point.y;
       }
     }
   }

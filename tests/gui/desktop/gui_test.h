@@ -10,6 +10,8 @@
 
 namespace quillery::test {
 
+using namespace Qt::StringLiterals;
+
 /// Fails the running test when Qt prints a warning. What the screenless platform says of itself is
 /// no fault of ours.
 inline void failOnWarnings() {

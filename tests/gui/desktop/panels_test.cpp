@@ -18,6 +18,8 @@ using namespace quillery::test;
 
 namespace fs = std::filesystem;
 
+const SavePanelSettings kProject{"Save font project", "My Font.fontproj", "fontproj", std::nullopt};
+
 class PanelsTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
@@ -36,9 +38,7 @@ private Q_SLOTS:
   }
 
   void anOpenPanelTakesOnlyFilesOfItsKind() {
-    touch("a.svg");
-    touch("B.SVG");
-    touch("a.png");
+    for (const char* name : {"a.svg", "B.SVG", "a.png"}) touch(name);
     OpenPanelSettings settings{"Import drawings", true, "svg"};
     std::vector<fs::path> files;
     desktop_->showOpenPanel(settings, [&](std::vector<fs::path> chosen) {
@@ -47,8 +47,8 @@ private Q_SLOTS:
     });
     auto* const panel = find<FilePanel>("openPanel");
     QVERIFY(panel && panel->isModal() && !answered_);
-    QCOMPARE(panel->windowTitle(), QStringLiteral("Import drawings"));
-    QCOMPARE(panel->nameFilters(), QStringList{QStringLiteral("SVG drawings (*.svg *.SVG)")});
+    QCOMPARE(panel->windowTitle(), u"Import drawings"_s);
+    QCOMPARE(panel->nameFilters(), QStringList{u"SVG drawings (*.svg *.SVG)"_s});
 
     for (const char* refused : {"a.png", "missing.svg"}) {
       type(*panel, path(refused));
@@ -56,10 +56,9 @@ private Q_SLOTS:
       auto* const alert = find<AlertSheet>("alert");
       QVERIFY2(alert && panel->isVisible() && !answered_, refused);
       QTest::keyClick(alert, Qt::Key_Escape);
-      QTRY_VERIFY(!find<AlertSheet>("alert"));
     }
     panel->setDirectory(folder_.path());
-    type(*panel, QStringLiteral("\"a.svg\" \"B.SVG\""));
+    type(*panel, u"\"a.svg\" \"B.SVG\""_s);
     press(*panel);
     QTRY_VERIFY(answered_);
     QVERIFY(
@@ -71,46 +70,38 @@ private Q_SLOTS:
     desktop_->showOpenPanel({"Open", false, "fontproj"}, [&](auto chosen) { files = chosen; });
     QTest::keyClick(find<FilePanel>("openPanel"), Qt::Key_Escape);
     QVERIFY(files.empty());
-    showSavePanel({"Save font project", "My Font.fontproj", "fontproj", std::nullopt});
+    showSavePanel(kProject);
     QTest::keyClick(find<FilePanel>("savePanel"), Qt::Key_Escape);
     QVERIFY(answered_ && !chosen_);
   }
 
-  void aSavePanelEnforcesTheExtension_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("saved");
-    QTest::newRow("none") << "Brush"
-                          << "Brush.fontproj";
-    QTest::newRow("right") << "Brush.fontproj"
-                           << "Brush.fontproj";
-    QTest::newRow("capitals") << "Brush.FONTPROJ"
-                              << "Brush.FONTPROJ";
-    QTest::newRow("another") << "Brush.v2"
-                             << "Brush.v2.fontproj";
-    QTest::newRow("a dot at its end") << "Brush."
-                                      << "Brush.fontproj";
-  }
   void aSavePanelEnforcesTheExtension() {
-    QFETCH(QString, typed);
-    QFETCH(QString, saved);
-    showSavePanel({"Save font project", "My Font.fontproj", "fontproj", std::nullopt});
-    auto* const panel = find<FilePanel>("savePanel");
-    QCOMPARE(nameField(*panel)->text(), QStringLiteral("My Font.fontproj"));
-    type(*panel, path(typed));
-    press(*panel);
-    QTRY_VERIFY(answered_);
-    QCOMPARE(QString::fromStdString(chosen_->string()), path(saved));
+    const std::pair<const char*, const char*> rows[] = {{"Brush", "Brush.fontproj"},
+                                                        {"Brush.fontproj", "Brush.fontproj"},
+                                                        {"Brush.FONTPROJ", "Brush.FONTPROJ"},
+                                                        {"Brush.v2", "Brush.v2.fontproj"},
+                                                        {"Brush.", "Brush.fontproj"}};
+    for (const auto& [typed, saved] : rows) {
+      answered_ = false;
+      showSavePanel(kProject);
+      auto* const panel = find<FilePanel>("savePanel");
+      QCOMPARE(nameField(*panel)->text(), u"My Font.fontproj"_s);
+      type(*panel, path(typed));
+      press(*panel);
+      QTRY_VERIFY(answered_);
+      QCOMPARE(QString::fromStdString(chosen_->string()), path(saved));
+      QTRY_VERIFY(!find<FilePanel>("savePanel"));
+    }
   }
 
   void theFormatPopUpChangesTheNameAtOnceAndIsEnforced() {
     const auto handle = showExportPanel("Jo/Ann");
     auto* const panel = find<FilePanel>("savePanel");
-    auto* const pop = panel->findChild<QComboBox*>(QStringLiteral("formatPopup"));
-    QCOMPARE(nameField(*panel)->text(), QStringLiteral("Jo-Ann.otf"));
-    QVERIFY(pop->isVisible());
+    auto* const pop = panel->findChild<QComboBox*>(u"formatPopup"_s);
+    QCOMPARE(nameField(*panel)->text(), u"Jo-Ann.otf"_s);
     pop->setCurrentIndex(3);
-    QCOMPARE(nameField(*panel)->text(), QStringLiteral("Jo-Ann.woff2"));
-    QCOMPARE(nameField(*panel)->selectedText(), QStringLiteral("Jo-Ann"));
+    QCOMPARE(nameField(*panel)->text(), u"Jo-Ann.woff2"_s);
+    QCOMPARE(nameField(*panel)->selectedText(), u"Jo-Ann"_s);
     type(*panel, path("Neue.v2"));
     pop->setCurrentIndex(1);
     QCOMPARE(nameField(*panel)->text(), path("Neue.v2.ttf"));
@@ -127,10 +118,10 @@ private Q_SLOTS:
     touch("Old.ttf");
     const auto handle = showExportPanel("Old");
     auto* const panel = find<FilePanel>("savePanel");
-    panel->findChild<QComboBox*>(QStringLiteral("formatPopup"))->setCurrentIndex(1);
+    panel->findChild<QComboBox*>(u"formatPopup"_s)->setCurrentIndex(1);
     type(*panel, path("Old")); // exists under the name with its extension
     press(*panel);
-    QVERIFY(find<AlertSheet>("alert")->windowTitle().contains(QLatin1String("Old.ttf")));
+    QVERIFY(find<AlertSheet>("alert")->windowTitle().contains("Old.ttf"_L1));
     QTest::keyClick(find<AlertSheet>("alert"), Qt::Key_Escape);
     QTRY_VERIFY(!find<AlertSheet>("alert"));
     QVERIFY(panel->isVisible() && !answered_);
@@ -141,82 +132,66 @@ private Q_SLOTS:
   }
 
   void proposedNamesCanStandInAFolder() {
-    QCOMPARE(usableFileName(QStringLiteral(" ../a/b\n ")), QStringLiteral("-a-b"));
-    QCOMPARE(usableFileName(QStringLiteral("\u00E9").repeated(300)).toUtf8().size(), 200);
-    showSavePanel({"Save font project", ".fontproj", "fontproj", std::nullopt});
-    QCOMPARE(nameField(*find<FilePanel>("savePanel"))->text(), QStringLiteral("Untitled.fontproj"));
+    QCOMPARE(usableFileName(u" ../a/b\n "_s), u"-a-b"_s);
+    QCOMPARE(usableFileName(u"\u00E9"_s.repeated(300)).toUtf8().size(), 200);
+    showSavePanel({"", ".fontproj", "fontproj", std::nullopt});
+    QCOMPARE(nameField(*find<FilePanel>("savePanel"))->text(), u"Untitled.fontproj"_s);
   }
 
-  void anAlertAnswersWithTheButtonPressed_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("answer");
-    QTest::newRow("Return presses the first") << int(Qt::Key_Return) << 0;
-    QTest::newRow("Escape presses the last") << int(Qt::Key_Escape) << 2;
-    QTest::newRow("closing it is the last") << 0 << 2;
-    QTest::newRow("Tab and Space") << int(Qt::Key_Tab) << 1;
-  }
   void anAlertAnswersWithTheButtonPressed() {
-    QFETCH(int, key);
-    QFETCH(int, answer);
-    std::optional<std::size_t> pressed;
-    int answers = 0;
-    desktop_->showAlert({"Title <b>", "Message", Alert::Style::warning, {"One", "Two", "Three"}},
-                        [&](std::optional<std::size_t> button) {
-                          pressed = button;
-                          ++answers;
-                        });
-    auto* const alert = find<AlertSheet>("alert");
-    QVERIFY(alert && answers == 0);
-    QCOMPARE(alert->windowModality(), Qt::WindowModal);
-    QCOMPARE(alert->parentWidget(), window_.get());
-    QCOMPARE(find<QLabel>("alertTitle")->text(), QStringLiteral("Title <b>"));
-    QVERIFY(QTest::qWaitForWindowActive(alert));
-    auto* const first = find<QPushButton>("alertButton0");
-    QVERIFY(first->isDefault() && first->hasFocus());
-    QVERIFY(first->x() < find<QPushButton>("alertButton1")->x());
-    if (key == 0) {
-      alert->close();
-    } else {
-      QTest::keyClick(first, static_cast<Qt::Key>(key));
-      if (key == Qt::Key_Tab) QTest::keyClick(alert->focusWidget(), Qt::Key_Space);
+    struct Row {
+      const char* name;
+      QList<Qt::Key> keys; // none to close it
+      std::size_t answer;
+    };
+    for (const auto& [name, keys, answer] :
+         {Row{"Return presses the first", {Qt::Key_Return}, 0},
+          Row{"Escape presses the last", {Qt::Key_Escape}, 2}, Row{"closing it is the last", {}, 2},
+          Row{"Tab", {Qt::Key_Tab, Qt::Key_Space}, 1}}) {
+      std::vector<std::optional<std::size_t>> answers;
+      desktop_->showAlert({"Title <b>", "Message", Alert::Style::warning, {"One", "Two", "Three"}},
+                          [&](std::optional<std::size_t> button) { answers.push_back(button); });
+      auto* const alert = find<AlertSheet>("alert");
+      QVERIFY2(alert && answers.empty(), name);
+      QCOMPARE(alert->windowModality(), Qt::WindowModal);
+      QCOMPARE(alert->parentWidget(), window_.get());
+      QCOMPARE(find<QLabel>("alertTitle")->text(), u"Title <b>"_s);
+      QVERIFY(QTest::qWaitForWindowActive(alert));
+      for (const Qt::Key key : keys) QTest::keyClick(alert->focusWidget(), key);
+      if (keys.isEmpty()) alert->close();
+      QTRY_VERIFY2(answers.size() == 1 && answers[0] == answer, name);
+      QTRY_VERIFY(!find<AlertSheet>("alert"));
     }
-    QTRY_COMPARE(answers, 1);
-    QCOMPARE(*pressed, std::size_t(answer));
   }
 
   void alertsStackAndShowLongMessages() {
     std::string message = "Found:\n\n🔴 Missing <space>\nText.\n";
     for (int i = 0; i < 200; ++i) message += "line " + std::to_string(i) + "\n";
     std::vector<int> order;
-    desktop_->showAlert({"First", "", Alert::Style::informational, {"OK"}},
+    desktop_->showAlert({"First", message, Alert::Style::informational, {"OK"}},
                         [&](auto) { order.push_back(1); });
-    QVERIFY(QTest::qWaitForWindowActive(find<AlertSheet>("alert")));
-    desktop_->showAlert({"Second", message, Alert::Style::critical, {"OK"}},
-                        [&](auto) { order.push_back(2); });
-    AlertSheet* second = nullptr;
-    for (QWidget* widget : QApplication::topLevelWidgets())
-      if (widget->isVisible() && widget->windowTitle() == QLatin1String("Second"))
-        second = qobject_cast<AlertSheet*>(widget);
-    QVERIFY(second && second->height() < 600);
-    auto* const text = second->findChild<QLabel*>(QStringLiteral("alertMessage"));
-    QVERIFY(text->text().contains(QLatin1String("Missing &lt;space&gt;")));
-    QVERIFY(!text->text().contains(QStringLiteral("🔴")));
+    auto* const first = find<AlertSheet>("alert");
+    QVERIFY(first->height() < 600);
+    const auto* const text = first->findChild<QLabel*>(u"alertMessage"_s);
+    QVERIFY(text->text().contains("Missing &lt;space&gt;"_L1) && !text->text().contains(u"🔴"_s));
     QVERIFY(text->height() >= text->heightForWidth(text->width()));
-    second->reject();
-    QTRY_COMPARE(order, std::vector<int>{2});
+    first->setObjectName("first");
+    desktop_->showAlert({"Second", "", Alert::Style::critical, {"OK"}},
+                        [&](auto) { order.push_back(2); });
     find<AlertSheet>("alert")->reject();
+    QTRY_COMPARE(order, std::vector<int>{2});
+    first->reject();
     QTRY_COMPARE(order, (std::vector<int>{2, 1}));
   }
 
 private:
-  QString path(const QString& name) const { return folder_.filePath(name); }
-  QString path(const char* name) const { return path(QString::fromUtf8(name)); }
+  QString path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
   void touch(const char* name) const {
     QFile file(path(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
   }
   static QLineEdit* nameField(const FilePanel& panel) {
-    return panel.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    return panel.findChild<QLineEdit*>(u"fileNameEdit"_s);
   }
   static void type(const FilePanel& panel, const QString& name) { nameField(panel)->setText(name); }
   static void press(const FilePanel& panel) {

@@ -23,8 +23,7 @@ public:
 
 public Q_SLOTS:
   QDBusVariant Read(const QString& group, const QString& key) {
-    const bool known = group == QLatin1String("org.freedesktop.appearance") &&
-                       key == QLatin1String("color-scheme");
+    const bool known = group == "org.freedesktop.appearance"_L1 && key == "color-scheme"_L1;
     return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme.load() : 99)));
   }
 };
@@ -43,19 +42,17 @@ class SessionBusTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
   void initTestCase() {
-    daemon_.start(QStringLiteral("dbus-daemon"),
-                  {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                   QStringLiteral("--print-address=1")});
+    daemon_.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
     if (!daemon_.waitForStarted()) QSKIP("needs dbus-daemon");
     QVERIFY(daemon_.waitForReadyRead());
     const QByteArray address = daemon_.readLine().trimmed();
     qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     desktopBus_ = std::make_unique<QDBusConnection>(
-        QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("desktop")));
+        QDBusConnection::connectToBus(QString::fromLatin1(address), u"desktop"_s));
     QVERIFY(desktopBus_->isConnected());
-    QVERIFY(desktopBus_->registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal_,
+    QVERIFY(desktopBus_->registerObject(u"/org/freedesktop/portal/desktop"_s, &portal_,
                                         QDBusConnection::ExportAllSlots));
-    QVERIFY(desktopBus_->registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    QVERIFY(desktopBus_->registerService(u"org.freedesktop.portal.Desktop"_s));
     portal_.moveToThread(&portalThread_);
     portalThread_.start();
   }
@@ -63,7 +60,7 @@ private Q_SLOTS:
   void cleanupTestCase() {
     portalThread_.quit();
     portalThread_.wait();
-    QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+    QDBusConnection::disconnectFromBus(u"desktop"_s);
     desktopBus_.reset();
     daemon_.terminate();
     daemon_.waitForFinished();
@@ -92,25 +89,25 @@ private Q_SLOTS:
 
   void theFileManagerIsGivenAnEncodedAddress() {
     FakeFileManager manager;
-    QVERIFY(desktopBus_->registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &manager,
+    QVERIFY(desktopBus_->registerObject(u"/org/freedesktop/FileManager1"_s, &manager,
                                         QDBusConnection::ExportAllSlots));
-    QVERIFY(desktopBus_->registerService(QStringLiteral("org.freedesktop.FileManager1")));
+    QVERIFY(desktopBus_->registerService(u"org.freedesktop.FileManager1"_s));
     QtDesktop desktop({});
     desktop.revealFile("/tmp/with space, ü #1/My Font.otf");
-    QTRY_COMPARE(manager.shown, QStringList{QStringLiteral(
-                                    "file:///tmp/with%20space%2C%20%C3%BC%20%231/My%20Font.otf")});
-    desktopBus_->unregisterService(QStringLiteral("org.freedesktop.FileManager1"));
-    desktopBus_->unregisterObject(QStringLiteral("/org/freedesktop/FileManager1"));
+    QTRY_COMPARE(manager.shown,
+                 QStringList{u"file:///tmp/with%20space%2C%20%C3%BC%20%231/My%20Font.otf"_s});
+    desktopBus_->unregisterService(u"org.freedesktop.FileManager1"_s);
+    desktopBus_->unregisterObject(u"/org/freedesktop/FileManager1"_s);
   }
 
   void withoutAFileManagerTheFolderIsOpened() {
-    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+    QDesktopServices::setUrlHandler(u"file"_s, this, "open");
     QtDesktop desktop({});
     desktop.revealFile("/tmp/a b/font.otf");
     QVERIFY(opened_.isEmpty()); // returned before the bus had answered
     QTRY_COMPARE(opened_.size(), 1);
-    QCOMPARE(opened_.constFirst().toLocalFile(), QStringLiteral("/tmp/a b"));
-    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QCOMPARE(opened_.constFirst().toLocalFile(), u"/tmp/a b"_s);
+    QDesktopServices::unsetUrlHandler(u"file"_s);
   }
 
 public Q_SLOTS:
@@ -118,10 +115,10 @@ public Q_SLOTS:
 
 private:
   void announce(const char* key, uint value) {
-    QDBusMessage signal = QDBusMessage::createSignal(
-        QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
-    signal << QStringLiteral("org.freedesktop.appearance") << QString::fromLatin1(key)
+    QDBusMessage signal =
+        QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s,
+                                   u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+    signal << u"org.freedesktop.appearance"_s << QString::fromLatin1(key)
            << QVariant::fromValue(QDBusVariant(value));
     QVERIFY(desktopBus_->send(signal));
   }

@@ -1,17 +1,13 @@
 #include "desktop/segmented_control.h"
-#include "desktop/style.h"
 #include "desktop/widgets.h"
 #include "gui/desktop/gui_test.h"
 
 #include <QAccessible>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 using namespace quillery;
@@ -22,82 +18,30 @@ class WidgetsTest : public QObject {
 private Q_SLOTS:
   void init() { failOnWarnings(); }
 
-  void aSegmentIsTakenByMouseKeyAndCode() {
-    SegmentedControl control(
-        QStringLiteral("View"),
-        {QStringLiteral("Glyphs"), QStringLiteral("Kerning"), QStringLiteral("Preview")});
+  void aSegmentIsTakenByMouseKeyAndCodeAndToldToScreenReaders() {
+    SegmentedControl control(u"View"_s, {u"Glyphs"_s, u"Kerning"_s, u"Preview"_s});
     const QSignalSpy spy(&control, &SegmentedControl::currentChanged);
     control.show();
     QVERIFY(QTest::qWaitForWindowActive(&control));
-    QCOMPARE(control.current(), 0);
     QTest::mouseClick(control.segment(1), Qt::LeftButton);
     QCOMPARE(control.current(), 1);
     control.segment(1)->setFocus();
     QTest::keyClick(control.segment(1), Qt::Key_Right);
     QCOMPARE(control.current(), 2);
-    control.setCurrent(0);
-    control.setCurrent(7);
-    control.setCurrent(-1);
+    for (const int index : {0, 7, -1}) control.setCurrent(index);
     QCOMPARE(control.current(), 0);
     QCOMPARE(spy.count(), 3);
-  }
-
-  void aSegmentedControlTellsScreenReadersItsChoices() {
-    SegmentedControl control(QStringLiteral("View"),
-                             {QStringLiteral("Glyphs"), QStringLiteral("Kerning")});
     const auto* const group = QAccessible::queryAccessibleInterface(&control);
-    QCOMPARE(group->text(QAccessible::Name), QStringLiteral("View"));
-    QCOMPARE(group->childCount(), 2);
     QCOMPARE(group->child(1)->role(), QAccessible::RadioButton);
-    QCOMPARE(group->child(1)->text(QAccessible::Name), QStringLiteral("Kerning"));
+    QCOMPARE(group->child(1)->text(QAccessible::Name), u"Kerning"_s);
     QVERIFY(group->child(0)->state().checked);
-  }
-
-  void theTitleOfAnIconButtonIsItsNameAndToolTip() {
-    IconButton button(Symbol::eye, QStringLiteral("Toggle Preview"));
-    button.setTitle(QStringLiteral("Hide Preview"));
-    QCOMPARE(button.toolTip(), QStringLiteral("Hide Preview"));
-    QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name),
-             QStringLiteral("Hide Preview"));
-    QCOMPARE(button.sizeHint(), QSize(grid::controlHeight, grid::controlHeight));
-  }
-
-  void aBadgeFadesWithoutMovingItsNeighbours() {
-    Badge badge(Symbol::check, QStringLiteral("Saved!"), Badge::Tone::success);
-    badge.show();
-    const QSize size = badge.sizeHint();
-    const auto blank = [&] {
-      const QImage image = badge.grab().toImage();
-      return image.pixelColor(image.rect().center()) ==
-             QApplication::palette().color(QPalette::Window);
-    };
-    QVERIFY(!blank());
-    badge.setPresented(false);
-    QTRY_VERIFY(blank());
-    QCOMPARE(badge.sizeHint(), size);
-    QVERIFY(badge.accessibleName().isEmpty());
-    badge.setPresented(true);
-    QTRY_VERIFY(!blank());
-  }
-
-  void controlsOfOneRowHaveOneHeight() {
-    QPushButton button(QStringLiteral("Reset"));
-    QLineEdit field;
-    QComboBox box;
-    QComboBox editable;
-    editable.setEditable(true);
-    QSpinBox number;
-    const SegmentedControl segments(QString(), {QStringLiteral("A"), QStringLiteral("B")});
-    for (const QWidget* control : std::initializer_list<const QWidget*>{
-             &button, &field, &box, &editable, &number, &segments})
-      QCOMPARE(control->sizeHint().height(), grid::controlHeight);
   }
 
   void onlyTheKeyboardGetsAFocusRing() {
     QWidget window;
     auto* const column = new QVBoxLayout(&window);
-    auto* const first = new QPushButton(QStringLiteral("First"));
-    auto* const second = new QPushButton(QStringLiteral("Second"));
+    auto* const first = new QPushButton(u"First"_s);
+    auto* const second = new QPushButton(u"Second"_s);
     column->addWidget(first);
     column->addWidget(second);
     window.show();
