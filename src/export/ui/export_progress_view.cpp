@@ -112,25 +112,26 @@ void ExportProgressView::showState() {
   case State::success:
     title_->setText(tr("Export Complete!"));
     text_->setText(tr("Font successfully exported to:\n") + text);
-    addButton(tr("Show in Finder"), "showInFileManager", true, &ExportFlow::revealExportedFont);
-    addButton(tr("Done"), "done", false, &ExportFlow::dismissProgress);
+    addButton(tr("Show in Finder"), "showInFileManager", true,
+              [this] { exportFlow_.revealExportedFont(); });
+    addButton(tr("Done"), "done", false, [this] { exportFlow_.dismissProgress(); });
     break;
   case State::failed:
     title_->setText(tr("Export Failed"));
     text_->setText(text);
-    addButton(tr("OK"), "ok", true, &ExportFlow::dismissProgress);
+    addButton(tr("OK"), "ok", true, [this] { exportFlow_.dismissProgress(); });
     break;
   }
   adjustSize();
 }
 
 void ExportProgressView::addButton(const QString& title, const char* objectName, bool isDefault,
-                                   void (ExportFlow::*press)()) {
+                                   const std::function<void()>& press) {
   auto* button = new QPushButton(title, this);
   button->setObjectName(QString::fromLatin1(objectName));
   button->setDefault(isDefault);
   button->setAutoDefault(false);
-  connect(button, &QPushButton::clicked, this, [this, press] { (exportFlow_.*press)(); });
+  connect(button, &QPushButton::clicked, this, press);
   buttons_->addWidget(button);
   button->show();
   if (isDefault) button->setFocus();

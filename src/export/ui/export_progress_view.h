@@ -3,6 +3,7 @@
 #include "export/export_flow.h"
 
 #include <QDialog>
+#include <functional>
 
 class QBoxLayout;
 
@@ -24,7 +25,7 @@ private:
   void refresh();
   void showState();
   void addButton(const QString& title, const char* objectName, bool isDefault,
-                 void (ExportFlow::*press)());
+                 const std::function<void()>& press);
 
   ProjectManager& manager_;
   ExportFlow& exportFlow_;
