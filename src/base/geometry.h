@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 namespace quillery {
 
 /// A point or a vector. Font units with y upwards, SVG user units with y downwards or view points
@@ -10,6 +12,10 @@ struct Point {
 
   friend bool operator==(const Point&, const Point&) = default;
 };
+
+inline bool isFinite(Point p) {
+  return std::isfinite(p.x) && std::isfinite(p.y);
+}
 
 inline Point operator+(Point a, Point b) {
   return {a.x + b.x, a.y + b.y};

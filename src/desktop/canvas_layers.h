@@ -1,9 +1,17 @@
 #pragma once
 
+#include "base/geometry.h"
+
 #include <QPainter>
+#include <QWidget>
 #include <span>
 
 namespace quillery {
+
+/// A canvas as the lines and outlines on it are placed: in logical pixels.
+inline Size canvasSize(const QWidget& canvas) {
+  return {static_cast<double>(canvas.width()), static_cast<double>(canvas.height())};
+}
 
 /// One layer of a canvas. A canvas is an ordered list of them, declared as a constant; each paints
 /// what it stands for from the scene, in the theme's colours.

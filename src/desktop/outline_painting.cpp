@@ -37,10 +37,6 @@ QCache<Key, Entry>& cache() {
   return entries;
 }
 
-bool isFinite(Point p) {
-  return std::isfinite(p.x) && std::isfinite(p.y);
-}
-
 struct PathEntry {
   Outline outline;
   QPainterPath path;

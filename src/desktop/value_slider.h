@@ -27,7 +27,6 @@ public:
   void showValue(double value);
   /// Moves it as one whole gesture.
   void moveTo(double value);
-  bool isInGesture() const { return inGesture_; }
 
 Q_SIGNALS:
   void gestureBegan();

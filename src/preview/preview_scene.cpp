@@ -9,10 +9,6 @@ namespace {
 
 using What = ProjectChange::What;
 
-bool isFinite(Point p) {
-  return std::isfinite(p.x) && std::isfinite(p.y);
-}
-
 bool setTextAlike(const FontInfo& a, const FontInfo& b) {
   return a.unitsPerEm == b.unitsPerEm && a.ascender == b.ascender && a.descender == b.descender &&
          a.lineGap == b.lineGap;

@@ -1,6 +1,7 @@
 #include "app/ui/accessible_cards.h"
 
 #include "app/ui/glyph_card_area.h"
+#include "desktop/shown_text.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
@@ -8,10 +9,6 @@
 
 namespace quillery {
 namespace {
-
-QString qt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 class AccessibleCard : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
@@ -31,8 +28,8 @@ public:
   QString text(QAccessible::Text kind) const override {
     const Glyph* glyph = isValid() ? cards_->glyphOfCard(index_) : nullptr;
     if (!glyph) return {};
-    if (kind == QAccessible::Name) return qt(glyph->name());
-    if (kind == QAccessible::Description) return qt(glyph->unicode().value_or(""));
+    if (kind == QAccessible::Name) return shownText(glyph->name());
+    if (kind == QAccessible::Description) return shownText(glyph->unicode().value_or(""));
     return {};
   }
   void setText(QAccessible::Text, const QString&) override {}

@@ -4,6 +4,7 @@
 #include "base/unicode.h"
 #include "desktop/icons.h"
 #include "desktop/outline_painting.h"
+#include "desktop/shown_text.h"
 #include "desktop/theme.h"
 #include "svg/ui/dropped_files.h"
 
@@ -24,10 +25,6 @@ using What = ProjectChange::What;
 constexpr int kLargeCards = 140;      // above, the character is set larger
 constexpr qint64 kTypingPause = 1000; // ms after which typing begins anew
 constexpr qreal kBorder = 2;
-
-QString qt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 } // namespace
 
@@ -238,7 +235,7 @@ void GlyphCardArea::paintCard(QPainter& painter, std::size_t index) {
   painter.setFont(font);
   painter.setPen(themeColor(hasCharacter ? Role::text : Role::textSecondary));
   painter.drawText(line, Qt::AlignCenter | Qt::TextSingleLine,
-                   hasCharacter ? qt(*glyph->unicode()) : QStringLiteral("—"));
+                   hasCharacter ? shownText(*glyph->unicode()) : QStringLiteral("—"));
 
   font = theme.font(TextStyle::caption);
   const QFontMetrics metrics(font);
@@ -246,7 +243,7 @@ void GlyphCardArea::paintCard(QPainter& painter, std::size_t index) {
   painter.setFont(font);
   painter.setPen(themeColor(Role::textSecondary));
   painter.drawText(line, Qt::AlignCenter | Qt::TextSingleLine,
-                   metrics.elidedText(qt(glyph->name()), Qt::ElideMiddle, line.width()));
+                   metrics.elidedText(shownText(glyph->name()), Qt::ElideMiddle, line.width()));
 }
 
 void GlyphCardArea::resizeEvent(QResizeEvent* event) {

@@ -1,5 +1,6 @@
 #include "app/ui/glyph_grid_view.h"
 
+#include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 
 #include <QActionGroup>
@@ -18,8 +19,7 @@ constexpr int kFirstCard = 120;
 constexpr int kSliderWidth = 120;
 
 QString title(GlyphSortOrder order) {
-  const std::string_view text = label(order);
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return shownText(label(order));
 }
 
 } // namespace

@@ -1,19 +1,14 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "desktop/canvas_layers.h"
 #include "editor/canvas_mapping.h"
 
 #include <QColor>
 #include <QPainter>
-#include <QWidget>
 #include <span>
 
 namespace quillery {
-
-/// A canvas as the lines and outlines on it are placed: in logical pixels.
-inline Size canvasSize(const QWidget& canvas) {
-  return {static_cast<double>(canvas.width()), static_cast<double>(canvas.height())};
-}
 
 /// Lets a painter take font units, y upwards, as the mapping places them.
 template <typename Mapping> QTransform toView(const Mapping& mapping) {

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "desktop/placeholder.h"
+#include "desktop/shown_text.h"
 #include "desktop/value_readout.h"
 #include "desktop/value_slider.h"
 #include "desktop/widgets.h"
@@ -23,10 +24,6 @@ namespace {
 using What = ProjectChange::What;
 
 enum Page { kPairPage, kGonePage };
-
-QString qt(const std::string& text) {
-  return QString::fromStdString(text);
-}
 
 /// One line that gives way in its middle where there is no room, as names can be long.
 class TitleLabel : public TextLabel {
@@ -161,13 +158,13 @@ void KerningAdjustmentView::refresh() {
   const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_);
   setCurrentIndex(pair ? kPairPage : kGonePage);
   if (!pair) return;
-  const QString title =
-      tr("Adjust Kerning: ") + qt(pair->leftGlyph) + QStringLiteral(" + ") + qt(pair->rightGlyph);
+  const QString title = tr("Adjust Kerning: ") + shownText(pair->leftGlyph) +
+                        QStringLiteral(" + ") + shownText(pair->rightGlyph);
   if (title != title_->text()) {
     title_->setText(title);
     title_->setToolTip(title);
   }
-  readout_->show(qt(kerningText(pair->value)),
+  readout_->show(shownText(kerningText(pair->value)),
                  pair->value != 0 ? Role::accentForeground : Role::textSecondary);
   slider_->showValue(pair->value);
 }

@@ -1,5 +1,6 @@
 #include "kerning/ui/kerning_canvas.h"
 
+#include "desktop/canvas_layers.h"
 #include "desktop/painting.h"
 #include "desktop/theme.h"
 #include "kerning/kerning_pairs.h"
@@ -31,9 +32,7 @@ KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
   onMouseDown = [this](Point p, MouseButton button) {
     if (button == MouseButton::left) drag_.press(pair_, p);
   };
-  onMouseDragged = [this](Point p) {
-    drag_.drag(p, {static_cast<double>(width()), static_cast<double>(height())});
-  };
+  onMouseDragged = [this](Point p) { drag_.drag(p, canvasSize(*this)); };
   onMouseUp = [this] { drag_.release(); };
   onMouseCancelled = [this] { drag_.cancel(); };
 }
@@ -90,7 +89,7 @@ void KerningCanvas::paintEvent(QPaintEvent*) {
   painter.save();
   // A glyph may be larger than the canvas, or lie beside its advance.
   painter.setClipRect(rect().adjusted(1, 1, -1, -1));
-  paintKerning(painter, scene(), {static_cast<double>(width()), static_cast<double>(height())});
+  paintKerning(painter, scene(), canvasSize(*this));
   painter.restore();
   if (!hasFocus()) return;
   QStyleOptionFocusRect ring;

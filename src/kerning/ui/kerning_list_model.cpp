@@ -1,14 +1,8 @@
 #include "kerning/ui/kerning_list_model.h"
 
+#include "desktop/shown_text.h"
+
 namespace quillery {
-namespace {
-
-QString qt(const std::string& text) {
-  return QString::fromStdString(text);
-}
-
-} // namespace
-
 QModelIndex KerningListModel::indexOf(const Uuid& pair) const {
   const auto row = list_.rowOf(pair);
   return row ? index(static_cast<int>(*row)) : QModelIndex();
@@ -47,13 +41,14 @@ int KerningListModel::rowCount(const QModelIndex& parent) const {
 QVariant KerningListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const auto row = static_cast<std::size_t>(index.row());
-  const QString names = qt(list_.leftGlyph(row)) + QLatin1Char(' ') + qt(list_.rightGlyph(row));
+  const QString names =
+      shownText(list_.leftGlyph(row)) + QLatin1Char(' ') + shownText(list_.rightGlyph(row));
   switch (role) {
   case Qt::DisplayRole:
   case Qt::ToolTipRole:
     return names;
   case Qt::AccessibleTextRole:
-    return QString(names + QStringLiteral(", ") + qt(kerningText(list_.value(row))));
+    return QString(names + QStringLiteral(", ") + shownText(kerningText(list_.value(row))));
   default:
     return {};
   }

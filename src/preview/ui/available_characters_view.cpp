@@ -1,5 +1,6 @@
 #include "preview/ui/available_characters_view.h"
 
+#include "desktop/shown_text.h"
 #include "desktop/theme.h"
 
 #include <QClipboard>
@@ -14,10 +15,6 @@ namespace quillery {
 namespace {
 
 constexpr int kCellWidth = grid::section;
-
-QString qt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QFont cellFont() {
   return Theme::current().font(TextStyle::body);
@@ -47,7 +44,7 @@ void AvailableCharactersView::update() {
 
 QString AvailableCharactersView::text() const {
   const std::string text = availableCharacters(manager_.currentProject());
-  return text.empty() ? tr("No characters assigned yet") : qt(text);
+  return text.empty() ? tr("No characters assigned yet") : shownText(text);
 }
 
 int AvailableCharactersView::rowHeight() const {
@@ -121,7 +118,7 @@ void AvailableCharactersView::paintEvent(QPaintEvent* event) {
     const QRect cell(static_cast<int>(i % perRow) * kCellWidth,
                      static_cast<int>(i / perRow) * height - scrolled, kCellWidth, height);
     if (cell.top() > event->rect().bottom()) break;
-    QString character = qt(list[i]);
+    QString character = shownText(list[i]);
     if (character.size() > 1) character = metrics.elidedText(character, Qt::ElideRight, kCellWidth);
     painter.drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, character);
   }

@@ -1,5 +1,6 @@
 #include "preview/ui/preview_panel.h"
 
+#include "desktop/shown_text.h"
 #include "desktop/value_slider.h"
 #include "desktop/widgets.h"
 #include "kerning/kerning_pairs.h"
@@ -30,10 +31,6 @@ constexpr int kCharactersHeight = 200; // at most
 // What the preview keeps before the characters go, and before the editor gets lower.
 constexpr int kPreviewBesideCharacters = 112;
 constexpr int kLeastPreviewHeight = 96;
-
-QString qt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString withoutMnemonic(QString title) {
   return title.replace(QLatin1Char('&'), QStringLiteral("&&"));
@@ -110,7 +107,7 @@ QWidget* PreviewPanel::makeHeader() {
   auto* const menu = new QMenu(presets_);
   auto* const group = new QActionGroup(menu);
   for (std::size_t i = 0; i < textPresets().size(); ++i) {
-    QAction* const action = menu->addAction(withoutMnemonic(qt(textPresets()[i].name)));
+    QAction* const action = menu->addAction(withoutMnemonic(shownText(textPresets()[i].name)));
     action->setCheckable(true);
     group->addAction(action);
     connect(action, &QAction::triggered, this, [this, i] { choosePreset(i); });
@@ -157,8 +154,8 @@ QWidget* PreviewPanel::makeCharacters() {
 void PreviewPanel::choosePreset(std::size_t preset) {
   const TextPreset& chosen = textPresets()[preset];
   presets_->menu()->actions().at(static_cast<qsizetype>(preset))->setChecked(true);
-  presets_->setText(withoutMnemonic(qt(chosen.name)));
-  editor_->setText(qt(chosen.text));
+  presets_->setText(withoutMnemonic(shownText(chosen.name)));
+  editor_->setText(shownText(chosen.text));
   preview_->setText(chosen.text);
 }
 
