@@ -23,8 +23,6 @@ bool AvailableCharacters::projectChanged(const ProjectChange& change) {
   case What::everything:
     stale_ = true;
     return true;
-  case What::glyph:
-    return glyphChanged(change.id);
   case What::glyphs:
     return std::any_of(change.ids.begin(), change.ids.end(),
                        [this](const Uuid& id) { return glyphChanged(id); });

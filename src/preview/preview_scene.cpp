@@ -73,15 +73,13 @@ PreviewScene::Effect PreviewScene::projectChanged(const ProjectChange& change) {
     if (layoutIsStale_ || setTextAlike(font_, manager_.currentProject())) return Effect::nothing;
     layoutIsStale_ = true;
     return Effect::layout;
-  case What::glyph:
-    return glyphChanged(change.id);
   case What::glyphs: {
     auto greatest = Effect::nothing;
     for (const Uuid& id : change.ids) greatest = std::max(greatest, glyphChanged(id));
     return greatest;
   }
   case What::kerningPair:
-    return pairChanged(change.id);
+    return pairChanged(change.ids.front());
   default:
     return Effect::nothing;
   }

@@ -15,8 +15,6 @@ bool ProjectChange::concernsGlyph(const Uuid& glyph) const {
   case What::glyphList:
   case What::everything:
     return true;
-  case What::glyph:
-    return id == glyph;
   case What::glyphs:
     return std::find(ids.begin(), ids.end(), glyph) != ids.end();
   default:
@@ -25,7 +23,8 @@ bool ProjectChange::concernsGlyph(const Uuid& glyph) const {
 }
 
 ProjectManager::ProjectManager(Desktop& desktop, RecentProjectsManager& recentProjects)
-    : desktop_(desktop), recentProjects_(recentProjects) {}
+    : desktop_(desktop), recentProjects_(recentProjects),
+      undoConnection_(undoManager_.changed.connect([this] { announce(What::history); })) {}
 
 const GlyphIndex& ProjectManager::glyphIndex() const {
   if (!index_) index_.emplace(project_.glyphs);
@@ -72,7 +71,7 @@ bool ProjectManager::applyToGlyph(const Uuid& id, const std::function<void(Glyph
 
 bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
   if (!applyToGlyph(id, edit)) return false;
-  announce(What::glyph, id);
+  changed.emit({What::glyphs, {&id, 1}});
   return true;
 }
 
@@ -80,7 +79,7 @@ void ProjectManager::editGlyphs(std::span<const Uuid> ids,
                                 const std::function<void(Glyph&)>& edit) {
   bool any = false;
   for (const Uuid& id : ids) any = applyToGlyph(id, edit) || any;
-  if (any) changed.emit({What::glyphs, {}, ids});
+  if (any) changed.emit({What::glyphs, ids});
 }
 
 void ProjectManager::editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit) {
@@ -94,7 +93,7 @@ bool ProjectManager::setKerningValue(const Uuid& id, double value) {
       std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
   if (pair == pairs.end()) return false;
   pair->value = value;
-  announce(What::kerningPair, id);
+  changed.emit({What::kerningPair, {&id, 1}});
   return true;
 }
 

@@ -27,10 +27,9 @@ struct ProjectChange {
     project,      ///< another project took the place of the old one
     fontInfo,     ///< names or font-wide metrics
     glyphList,    ///< glyphs came, went or moved
-    glyph,        ///< values of the one glyph with `id`
     glyphs,       ///< values of the glyphs with `ids`
     kerningList,  ///< pairs came or went
-    kerningPair,  ///< value of the one pair with `id`
+    kerningPair,  ///< value of the one pair in `ids`
     selection,    ///< selectedGlyphIds
     selectedPair, ///< selectedKerningPairId
     selectedTab,
@@ -38,11 +37,11 @@ struct ProjectChange {
     imports,     ///< imports came, went or got further
     exportState, ///< isExporting or exportStatus
     savedBadge,
+    history,    ///< what can be undone or redone
     everything, ///< an undo or redo: look at all of it
   };
 
   What what;
-  Uuid id{};
   std::span<const Uuid> ids{}; // good during the announcement
 
   /// Values of this glyph may have changed, or the glyph come or gone.
@@ -187,7 +186,7 @@ public:
   void setExportStatus(ExportStatus status);
 
 private:
-  void announce(ProjectChange::What what, const Uuid& id = {}) { changed.emit({what, id}); }
+  void announce(ProjectChange::What what) { changed.emit({what}); }
   void install(FontProject project, std::optional<std::filesystem::path> file);
   void openAndReport(const std::filesystem::path& file);
   void saveAndReport(const std::filesystem::path& file);
@@ -212,6 +211,7 @@ private:
   bool showSavedBadge_ = false;
   std::unique_ptr<OneShotTimer> savedBadgeTimer_;
   UndoManager undoManager_;
+  Connection undoConnection_;
   std::weak_ptr<OpenEdit> openEdit_;
   Lifetime lifetime_;
 };

@@ -77,9 +77,7 @@ TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
        [](const Glyph& was, const Glyph& is) { return was == is; }}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.what);
-    std::vector<What> heard;
-    const auto listening =
-        d.manager.changed.connect([&](const ProjectChange& c) { heard.push_back(c.what); });
+    const HeardChanges heard(d.manager);
     row.apply();
     for (std::size_t i = 0; i < 3; ++i) EXPECT_TRUE(row.holds(before[i], glyph(i))) << i;
     EXPECT_EQ(glyph(3), before[3]);
@@ -91,8 +89,8 @@ TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
     EXPECT_EQ(d.project().glyphs, after);
     d.manager.undo();
     EXPECT_FALSE(d.manager.canUndo());
-    EXPECT_THAT(heard, ElementsAre(What::glyphs, What::glyphs, What::everything, What::glyphs,
-                                   What::everything, What::glyphs, What::everything));
+    EXPECT_THAT(heard.kinds, ElementsAre(What::glyphs, What::glyphs, What::everything, What::glyphs,
+                                         What::everything, What::glyphs, What::everything));
   }
 }
 

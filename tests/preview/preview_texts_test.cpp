@@ -27,7 +27,7 @@ TEST(AvailableCharacters, FollowTheGlyphsButNotTheirMetrics) {
   EXPECT_THAT(characters.list(), ElementsAre("B", "A"));
 
   const Uuid id = d.project().glyphs[1].id();
-  const ProjectChange change{ProjectChange::What::glyph, id};
+  const ProjectChange change{ProjectChange::What::glyphs, {&id, 1}};
   d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setAdvanceWidth(1); });
   EXPECT_FALSE(characters.projectChanged(change));
   d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode("C"); });

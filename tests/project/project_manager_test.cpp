@@ -130,19 +130,17 @@ TEST(Deletion, OfTheSelectionIsOneStepWithoutRedo) {
   d.manager.editKerningList([](auto& pairs) { pairs = {makePair("A", "D")}; });
   const FontProject before = d.project();
   for (const std::size_t i : {3U, 0U, 1U}) d.manager.toggleGlyphSelection(d.ids[i]);
-  std::vector<What> heard;
-  const auto listening =
-      d.manager.changed.connect([&](const ProjectChange& change) { heard.push_back(change.what); });
+  const HeardChanges heard(d.manager);
   d.manager.deleteSelectedGlyphs();
   EXPECT_EQ(glyphNames(d.project()), "C");
   EXPECT_EQ(d.project().kerningPairs, before.kerningPairs);
   EXPECT_EQ(d.selection(), ":?") << "the anchor stays";
   EXPECT_EQ(d.manager.undoManager().undoActionName(), "Delete 3 Glyphs");
-  EXPECT_THAT(heard, ElementsAre(What::glyphList, What::selection));
+  EXPECT_THAT(heard.kinds, ElementsAre(What::glyphList, What::selection));
   d.manager.undo();
   EXPECT_EQ(d.project(), before);
   EXPECT_EQ(d.selection(), "ABD:B");
-  EXPECT_EQ(heard.back(), What::everything);
+  EXPECT_EQ(heard.kinds.back(), What::everything);
   EXPECT_FALSE(d.manager.undoManager().canRedo() || d.manager.undoManager().canUndo());
 }
 
@@ -170,8 +168,9 @@ TEST(ProjectManager, AnnouncesEachEditOnce) {
   d.manager.editKerningList([](auto& pairs) { pairs = {makePair("A", "B", 1)}; });
   const Uuid pair = d.project().kerningPairs[0].id;
   std::vector<std::pair<What, Uuid>> heard;
-  const auto listening = d.manager.changed.connect(
-      [&](const ProjectChange& change) { heard.emplace_back(change.what, change.id); });
+  const auto listening = d.manager.changed.connect([&](const ProjectChange& change) {
+    heard.emplace_back(change.what, change.ids.empty() ? Uuid() : change.ids.front());
+  });
   d.manager.editFontInfo([](FontInfo& info) { info.xHeight = 1; });
   EXPECT_TRUE(d.manager.editGlyph(d.ids[2], [](Glyph& g) { g.setAdvanceWidth(7); }));
   EXPECT_TRUE(d.manager.setKerningValue(pair, -3));
@@ -182,7 +181,7 @@ TEST(ProjectManager, AnnouncesEachEditOnce) {
   EXPECT_FALSE(d.manager.editGlyph(Uuid::random(), [](Glyph&) {}));
   EXPECT_FALSE(d.manager.setKerningValue(pair, 0));
   EXPECT_THAT(heard,
-              ElementsAre(std::pair(What::fontInfo, Uuid()), std::pair(What::glyph, d.ids[2]),
+              ElementsAre(std::pair(What::fontInfo, Uuid()), std::pair(What::glyphs, d.ids[2]),
                           std::pair(What::kerningPair, pair), std::pair(What::kerningList, Uuid()),
                           std::pair(What::selectedPair, Uuid()),
                           std::pair(What::selectedTab, Uuid()),

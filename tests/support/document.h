@@ -7,8 +7,24 @@
 #include "support/temporary_folder.h"
 
 #include <string>
+#include <vector>
 
 namespace quillery::test {
+
+/// The kinds of change that are announced while it lives, in their order, but for those of the
+/// history.
+class HeardChanges {
+public:
+  explicit HeardChanges(ProjectManager& manager)
+      : connection_(manager.changed.connect([this](const ProjectChange& change) {
+          if (change.what != ProjectChange::What::history) kinds.push_back(change.what);
+        })) {}
+
+  std::vector<ProjectChange::What> kinds;
+
+private:
+  Connection connection_;
+};
 
 /// A document controller on a scripted desktop, with a folder for its files. What is printed is
 /// caught.

@@ -93,8 +93,6 @@ void GlyphCardArea::projectChanged(const ProjectChange& change) {
     return cardsAreStale();
   case What::selection:
     return repaintSelectionChanges();
-  case What::glyph:
-    return glyphChanged(change.id);
   case What::glyphs:
     for (const Uuid& id : change.ids) glyphChanged(id);
     return;

@@ -110,7 +110,7 @@ bool MultiGlyphOverlayCanvas::takeOutlines() {
 
 void MultiGlyphOverlayCanvas::projectChanged(const ProjectChange& change) {
   using What = ProjectChange::What;
-  const bool ofGlyphs = change.what == What::glyph || change.what == What::glyphs ||
+  const bool ofGlyphs = change.what == What::glyphs ||
                         change.what == What::glyphList || change.what == What::everything;
   const bool ofLines = change.what == What::fontInfo || change.what == What::everything;
   // Widths and side bearings leave the outlines alone.

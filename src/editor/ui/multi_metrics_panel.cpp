@@ -9,7 +9,7 @@ MultiMetricsPanel::MultiMetricsPanel(ProjectManager& manager, QWidget* parent)
       count_(new TextLabel({}, TextStyle::body, Role::textSecondary, this)),
       connection_(manager.changed.connect([this](const ProjectChange& change) {
         using What = ProjectChange::What;
-        if (change.what == What::glyph || change.what == What::glyphs ||
+        if (change.what == What::glyphs ||
             change.what == What::glyphList || change.what == What::everything)
           refresh();
       })) {

@@ -147,7 +147,7 @@ void KerningAdjustmentView::projectChanged(const ProjectChange& change) {
   case What::everything:
     return refresh();
   case What::kerningPair:
-    if (change.id == pair_) refresh();
+    if (change.ids.front() == pair_) refresh();
     return;
   default:
     return;

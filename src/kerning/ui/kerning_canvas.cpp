@@ -72,9 +72,8 @@ void KerningCanvas::projectChanged(const ProjectChange& change) {
   case What::everything:
     return update();
   case What::kerningPair:
-    if (change.id == pair_) update();
+    if (change.ids.front() == pair_) update();
     return;
-  case What::glyph:
   case What::glyphs:
     if (isVisible() && showsChangeOf(change)) update();
     return;
