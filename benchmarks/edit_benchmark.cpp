@@ -1,5 +1,6 @@
 // One edit, one undo and the look-ups in projects of 20 and of 20,000 glyphs.
 
+#include "editor/metrics_edit.h"
 #include "made_projects.h"
 #include "project/headless_desktop.h"
 #include "project/project_manager.h"
@@ -25,15 +26,15 @@ public:
   }
 
   void setBearing(double value) {
-    const double old = manager.glyphWithId(id)->leftSideBearing();
-    manager.editGlyph(id, [&](Glyph& glyph) { glyph.setLeftSideBearing(value); });
-    manager.undoManager().registerUndo([this, old] { setBearing(old); });
-    manager.undoManager().setActionName("Change Left Sidebearing");
+    edit.begin({id}, {GlyphMetric::leftSideBearing}, "Change Left Sidebearing");
+    edit.set({value});
+    edit.end();
   }
 
   HeadlessDesktop desktop{{}, [](const Alert&) {}};
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
+  MetricsEdit edit{manager};
   Uuid id;
   std::string name;
   std::string character;

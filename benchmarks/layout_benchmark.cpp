@@ -13,7 +13,7 @@ constexpr std::size_t kCharacters = 10000;
 struct Setting {
   FontProject project = madeProject(20000, 10000);
   GlyphIndex glyphs{project.glyphs};
-  KerningTable kerning{project.kerningPairs};
+  KerningIndex kerning{project.kerningPairs};
   std::string text = [this] {
     std::string made;
     for (std::size_t i = 0; i < kCharacters; ++i)

@@ -203,8 +203,7 @@ ExitStatus run(const KernCommand& command, const ProgramPlaces& places) {
       generateCommonKerningPairs(manager);
       continue;
     }
-    const KerningPair* pair =
-        firstKerningPair(session.project(), change.leftGlyph, change.rightGlyph);
+    const KerningPair* pair = manager.firstKerningPair(change.leftGlyph, change.rightGlyph);
     if (change.kind == KernCommand::Change::Kind::set) {
       const Uuid id =
           pair ? pair->id : addKerningPair(manager, change.leftGlyph, change.rightGlyph);
@@ -257,7 +256,7 @@ ExitStatus run(const PreviewCommand& command, const ProgramPlaces& places) {
   if (!session.open(command.project)) return ExitStatus::failed;
   const FontProject& project = session.project();
   const TextLayout layout = layoutText(command.text, project, session.manager().glyphIndex(),
-                                       KerningTable(project.kerningPairs), command.size);
+                                       session.manager().kerningIndex(), command.size);
   const auto document = format->second(layout, project);
   if (!document) {
     printError("Could not make the preview: " + document.error());

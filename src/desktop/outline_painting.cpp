@@ -11,10 +11,10 @@ constexpr double kMargin = 10;
 constexpr int kMostKilobytes = 96 * 1024;
 constexpr int kMostElements = 1'000'000; // of paths; 24 bytes each
 
-// The commands are shared and never change in place, so their address tells an outline from all
-// others as long as one of its copies lives; the cache's entries hold one.
+// An outline's identity tells it from all others as long as one of its copies lives; the cache's
+// entries hold one.
 struct Key {
-  const PathCommand* commands;
+  Outline::Identity outline;
   QSize size;
   qreal pixelRatio;
   QRgb color;
@@ -23,8 +23,8 @@ struct Key {
 };
 
 size_t qHash(const Key& key, size_t seed = 0) {
-  return qHashMulti(seed, key.commands, key.size.width(), key.size.height(), key.pixelRatio,
-                    key.color);
+  return qHashMulti(seed, key.outline.commands, key.outline.moves, key.size.width(),
+                    key.size.height(), key.pixelRatio, key.color);
 }
 
 struct Entry {
@@ -37,13 +37,22 @@ QCache<Key, Entry>& cache() {
   return entries;
 }
 
+struct PathKey {
+  Outline::Identity outline;
+
+  friend bool operator==(const PathKey&, const PathKey&) = default;
+  friend size_t qHash(const PathKey& key, size_t seed = 0) {
+    return qHashMulti(seed, key.outline.commands, key.outline.moves);
+  }
+};
+
 struct PathEntry {
   Outline outline;
   QPainterPath path;
 };
 
-QCache<const PathCommand*, PathEntry>& paths() {
-  static QCache<const PathCommand*, PathEntry> entries(kMostElements);
+QCache<PathKey, PathEntry>& paths() {
+  static QCache<PathKey, PathEntry> entries(kMostElements);
   return entries;
 }
 
@@ -51,7 +60,7 @@ QPainterPath makePath(const Outline& outline) {
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
   const auto qt = [](Point p) { return QPointF(p.x, p.y); };
-  for (const PathCommand& command : outline) {
+  for (const PathCommand& command : outline.commands()) {
     const auto& p = command.points;
     if (!isFinite(p[0]) || !isFinite(p[1]) || !isFinite(p[2])) return {};
     switch (command.kind) {
@@ -94,7 +103,7 @@ QPixmap paint(const Outline& outline, const Rect& box, QSize size, qreal pixelRa
 
 QPainterPath painterPath(const Outline& outline) {
   if (outline.empty()) return {};
-  const PathCommand* const key = outline.begin();
+  const PathKey key{outline.identity()};
   if (const PathEntry* entry = paths().object(key)) return entry->path;
   QPainterPath path = makePath(outline);
   paths().insert(key, new PathEntry{outline, path}, path.elementCount() + 1);
@@ -106,7 +115,7 @@ QPixmap outlinePicture(const Outline& outline, const Rect& box, QSize size, qrea
   const bool shown = !outline.empty() && box.width > 0 && box.height > 0 &&
                      isFinite({box.x, box.y}) && isFinite({box.width, box.height});
   if (!shown || size.isEmpty()) return {};
-  const Key key{outline.begin(), size, pixelRatio, color.rgba()};
+  const Key key{outline.identity(), size, pixelRatio, color.rgba()};
   if (const Entry* entry = cache().object(key)) return entry->picture;
   QPixmap picture = paint(outline, box, size, pixelRatio, color);
   const auto kilobytes = static_cast<int>(picture.width() * picture.height() * 4 / 1024 + 1);

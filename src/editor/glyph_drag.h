@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "editor/metrics_edit.h"
 #include "editor/mouse_button.h"
-#include "project/project_manager.h"
 
-#include <memory>
+#include <vector>
 
 namespace quillery {
 
@@ -21,26 +21,35 @@ public:
 
   /// The glyph of the drags to come. One under way ends.
   void setGlyph(const Uuid& glyph);
-  const Uuid& glyph() const;
+  const Uuid& glyph() const { return glyph_; }
 
   /// A drag was reported since the button went down.
-  bool isDragging() const;
+  bool isDragging() const { return edit_.isOpen() && dragging_; }
 
   /// A drag that is under way ends first.
   void press(Point at, MouseButton button);
   /// Side bearings stop at -100 and 300, the vertical offset at -500 and 500, the scale at 0.25 and
   /// 2. Nothing changes on a canvas that shows nothing.
   void drag(Point to, Size canvas);
-  void release();
+  void release() { edit_.end(); }
   /// Puts the glyph back as it was at the press; nothing is registered.
-  void cancel();
+  void cancel() { edit_.cancel(); }
 
   /// Moves the outline by this many font units, y upwards, as a whole drag within the same limits.
   void nudge(Point by);
 
 private:
-  struct State;
-  std::shared_ptr<State> state_;
+  void begin(MouseButton button);
+  /// Sets the metrics of the button.
+  void apply(const std::vector<double>& values);
+
+  ProjectManager& manager_;
+  MetricsEdit edit_;
+  Uuid glyph_;
+  MouseButton button_ = MouseButton::left;
+  Point pressedAt_;
+  GlyphPlacement pressed_; // where the glyph was
+  bool dragging_ = false;
 };
 
 } // namespace quillery

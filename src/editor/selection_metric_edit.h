@@ -1,33 +1,37 @@
 #pragma once
 
-#include "editor/multi_glyph.h"
+#include "editor/metrics_edit.h"
 
-#include <memory>
+#include <unordered_set>
 
 namespace quillery {
 
-/// A gesture on the control of a metric while several glyphs are selected. Every movement is an
-/// undo step of its own.
-///
-/// A step of many glyphs would hold as many outlines, and a slider moves a hundred times before it
-/// is let go. So only every sixteenth step holds its glyphs; those between run the movements again
-/// from there, which gives the same outlines to the last bit.
+/// A gesture on the control of a metric while several glyphs are selected: they all get the same
+/// value, each through its change rule.
 class SelectionMetricEdit {
 public:
+  enum class Steps {
+    perMovement, ///< every movement of a slider that is dragged is an undo step of its own
+    one,         ///< the whole gesture is one, such as a key held down
+  };
+
   SelectionMetricEdit(ProjectManager& manager, GlyphMetric metric);
 
-  bool isOpen() const;
+  bool isOpen() const { return edit_.isOpen(); }
 
-  void begin();
+  void begin(Steps steps = Steps::perMovement);
   /// Nothing happens unless the gesture is open; it ends when the selection is another one.
   void apply(double value);
-  void end();
+  void end() { edit_.end(); }
   /// Puts the glyphs back as they were at the beginning and forgets the steps.
-  void cancel();
+  void cancel() { edit_.cancel(); }
 
 private:
-  struct State;
-  std::shared_ptr<State> state_;
+  ProjectManager& manager_;
+  GlyphMetric metric_;
+  MetricsEdit edit_;
+  Steps steps_ = Steps::perMovement;
+  std::unordered_set<Uuid> selection_; // at the beginning
 };
 
 } // namespace quillery

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "project/project_manager.h"
+#include "project/value_step.h"
 
-#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -13,75 +13,35 @@
 
 namespace quillery {
 
-/// A value of the document that a control edits, wherever it lies. Setting it runs its rules and
-/// announces the change.
-template <typename T> struct ValueBinding {
-  std::function<T()> get;
-  std::function<void(const T&)> set;
-};
-
-/// Registers the step that puts `from` back in place of `to`, and on redo the other way round.
-template <typename T>
-void registerChange(ProjectManager& manager, const ValueBinding<T>& binding, const T& from,
-                    const T& to, const std::string& actionName) {
-  manager.undoManager().registerUndo([&manager, binding, from, to, actionName] {
-    binding.set(from);
-    registerChange(manager, binding, to, from, actionName);
-  });
-  manager.undoManager().setActionName(actionName);
-}
-
-/// Equal, or both no number: that differs from itself, but nobody has changed it.
-template <typename T> bool isSame(const T& a, const T& b) {
-  if constexpr (std::is_floating_point_v<T>)
-    if (std::isnan(a) && std::isnan(b)) return true;
-  return a == b;
-}
-
 /// An edit of one value from its first touch to its last, recorded as one undo step.
 template <typename T> class UndoableEdit {
 public:
   UndoableEdit(ProjectManager& manager, ValueBinding<T> binding, std::string actionName)
-      : state_(std::make_shared<State>(manager, std::move(binding), std::move(actionName))) {}
+      : manager_(&manager), binding_(std::move(binding)), actionName_(std::move(actionName)) {}
 
-  const ValueBinding<T>& binding() const { return state_->binding; }
-  bool isOpen() const { return state_->startValue.has_value(); }
+  const ValueBinding<T>& binding() const { return binding_; }
+  bool isOpen() const { return edit_.isOpen(); }
 
   /// Captures the value that undoing brings back. Nothing happens when the edit is open already.
   void begin() {
     if (isOpen()) return;
-    state_->manager.beginEdit(state_);
-    state_->startValue = state_->binding.get();
+    edit_ =
+        manager_->beginEdit(actionName_, std::make_unique<ValueStep<T>>(binding_, binding_.get()));
   }
-
   /// Registers the step, unless the value is what it was.
-  void end() { state_->end(); }
-
+  void end() { edit_.end(); }
   /// Puts the value back; nothing is registered. The edit stays open.
   void restore() {
-    if (state_->hasChanged()) state_->binding.set(*state_->startValue);
+    if (!isOpen()) return;
+    edit_.cancel();
+    begin();
   }
 
 private:
-  struct State : OpenEdit {
-    State(ProjectManager& owner, ValueBinding<T> value, std::string name)
-        : manager(owner), binding(std::move(value)), actionName(std::move(name)) {}
-
-    bool hasChanged() const override { return startValue && !isSame(*startValue, binding.get()); }
-
-    void end() override {
-      const bool changed = hasChanged();
-      const auto start = std::exchange(startValue, std::nullopt);
-      if (changed) registerChange(manager, binding, *start, binding.get(), actionName);
-    }
-
-    ProjectManager& manager;
-    ValueBinding<T> binding;
-    std::string actionName;
-    std::optional<T> startValue;
-  };
-
-  std::shared_ptr<State> state_;
+  ProjectManager* manager_;
+  ValueBinding<T> binding_;
+  std::string actionName_;
+  OpenEdit edit_;
 };
 
 /// How a value is typed and shown.

@@ -46,8 +46,9 @@ std::string placeOfNonFinite(const FontProject& project) {
   const auto glyphMember = [](const Glyph& glyph) -> std::string {
     for (const GlyphLength& length : kGlyphLengths)
       if (!std::isfinite((glyph.*length.value)())) return std::string(length.name);
-    for (std::size_t i = 0; i < glyph.fontPath().size(); ++i)
-      for (const Point p : glyph.fontPath()[i].points)
+    const PlacedCommands commands = glyph.fontPath().commands();
+    for (std::size_t i = 0; i < commands.size(); ++i)
+      for (const Point p : commands[i].points)
         if (!std::isfinite(p.x) || !std::isfinite(p.y))
           return "fontPath[" + std::to_string(i) + "]";
     return {};
@@ -164,7 +165,8 @@ void DocumentWriter::glyph(const Glyph& glyph) {
   if (glyph.unicode()) text(",\n      \"unicode\" : ", *glyph.unicode());
   for (const GlyphLength& member : kGlyphLengths)
     length(",\n      \"", member.name, (glyph.*member.value)());
-  list("\"fontPath\"", "      ", glyph.fontPath(), [this](const PathCommand& c) { command(c); });
+  list("\"fontPath\"", "      ", glyph.fontPath().commands(),
+       [this](const PathCommand& c) { command(c); });
   out_.raw("\n    }");
 }
 

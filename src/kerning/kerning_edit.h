@@ -2,9 +2,6 @@
 
 #include "project/project_manager.h"
 
-#include <memory>
-#include <optional>
-
 namespace quillery {
 
 /// What controls offer for a kerning value, in font units. Files may hold values beyond, which
@@ -22,8 +19,8 @@ void enterKerningValue(ProjectManager& manager, const Uuid& pair, double value);
 /// it was ended from outside, it takes no more values until it is begun again.
 class KerningEdit {
 public:
-  explicit KerningEdit(ProjectManager& manager);
-  ~KerningEdit();
+  explicit KerningEdit(ProjectManager& manager) : manager_(manager) {}
+  ~KerningEdit() { end(); }
   KerningEdit(const KerningEdit&) = delete;
   KerningEdit& operator=(const KerningEdit&) = delete;
 
@@ -33,18 +30,20 @@ public:
   /// Sets the value, brought into the offered range.
   void set(double value);
   /// Registers the step, unless the value is what it was.
-  void end();
+  void end() { edit_.end(); }
   /// Puts the value back and ends; nothing is registered.
-  void cancel();
+  void cancel() { edit_.cancel(); }
 
   /// The pair being edited; null when none is, or it has gone. Good until the next edit.
   const KerningPair* pair() const;
   /// The value at the beginning.
-  double startValue() const;
+  double startValue() const { return startValue_; }
 
 private:
-  struct State;
-  std::shared_ptr<State> state_;
+  ProjectManager& manager_;
+  OpenEdit edit_;
+  Uuid pair_;
+  double startValue_ = 0;
 };
 
 } // namespace quillery

@@ -2,18 +2,12 @@
 
 #include "base/unicode.h"
 #include "project/action_names.h"
+#include "project/value_step.h"
 
 #include <algorithm>
 #include <set>
 
 namespace quillery {
-
-const KerningPair* kerningPairWithId(const FontProject& project, const Uuid& id) {
-  const auto& pairs = project.kerningPairs;
-  const auto pair =
-      std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
-  return pair == pairs.end() ? nullptr : &*pair;
-}
 
 Uuid addKerningPair(ProjectManager& manager, std::string_view leftGlyph,
                     std::string_view rightGlyph) {
@@ -58,31 +52,24 @@ void deleteKerningPair(ProjectManager& manager, const Uuid& id) {
   });
 }
 
+std::unique_ptr<UndoStep> kerningValueStep(ProjectManager& manager, const Uuid& id, double value) {
+  // A pair that has gone has no value to bring back.
+  const ValueBinding<double> binding = {
+      [&manager, id, value] {
+        const KerningPair* const pair = manager.kerningPairWithId(id);
+        return pair ? pair->value : value;
+      },
+      [&manager, id](const double& changed) { manager.setKerningValue(id, changed); }};
+  return std::make_unique<ValueStep<double>>(binding, value);
+}
+
 void changeKerningValue(ProjectManager& manager, const Uuid& id, double value) {
-  const KerningPair* pair = kerningPairWithId(manager.currentProject(), id);
+  const KerningPair* const pair = manager.kerningPairWithId(id);
   if (!pair || pair->value == value) return;
-  const Uuid target = id;
-  const double oldValue = pair->value;
-  manager.setKerningValue(target, value);
-  registerKerningChange(manager, target, oldValue);
-}
-
-void registerKerningChange(ProjectManager& manager, const Uuid& id, double oldValue) {
-  const KerningPair* pair = kerningPairWithId(manager.currentProject(), id);
-  if (!pair || pair->value == oldValue) return;
-  UndoManager& undo = manager.undoManager();
-  undo.registerUndo(
-      [&manager, id = Uuid(id), oldValue] { changeKerningValue(manager, id, oldValue); });
-  undo.setActionName(action::changeKerning(pair->leftGlyph, pair->rightGlyph));
-}
-
-const KerningPair* firstKerningPair(const FontProject& project, std::string_view leftGlyph,
-                                    std::string_view rightGlyph) {
-  const auto& pairs = project.kerningPairs;
-  const auto pair = std::find_if(pairs.begin(), pairs.end(), [&](const KerningPair& p) {
-    return p.leftGlyph == leftGlyph && p.rightGlyph == rightGlyph;
-  });
-  return pair == pairs.end() ? nullptr : &*pair;
+  std::string name = action::changeKerning(pair->leftGlyph, pair->rightGlyph);
+  auto step = kerningValueStep(manager, pair->id, pair->value);
+  manager.setKerningValue(Uuid(id), value);
+  manager.addUndoStep(std::move(name), std::move(step));
 }
 
 std::vector<const KerningPair*> filteredKerningPairs(const FontProject& project,

@@ -3,6 +3,7 @@
 #include "project/project_manager.h"
 
 #include <array>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -11,9 +12,6 @@ namespace quillery {
 
 /// The pairs that Latin fonts commonly kern, by glyph name, left and right.
 extern const std::array<std::pair<std::string_view, std::string_view>, 53> kCommonKerningPairs;
-
-/// Null when there is none. The pointer is good until the next edit.
-const KerningPair* kerningPairWithId(const FontProject& project, const Uuid& id);
 
 /// Appends a pair with value 0, also when one of these names is there already.
 Uuid addKerningPair(ProjectManager& manager, std::string_view leftGlyph,
@@ -29,13 +27,8 @@ void deleteKerningPair(ProjectManager& manager, const Uuid& id);
 /// Changes a pair's value as one undo step; nothing happens for an equal value or an absent pair.
 void changeKerningValue(ProjectManager& manager, const Uuid& id, double value);
 
-/// Registers the step that puts `oldValue` back, for a value that was changed already while the
-/// user dragged. Nothing for an equal value or an absent pair.
-void registerKerningChange(ProjectManager& manager, const Uuid& id, double oldValue);
-
-/// The first pair of these names in the list; null when there is none.
-const KerningPair* firstKerningPair(const FontProject& project, std::string_view leftGlyph,
-                                    std::string_view rightGlyph);
+/// The step that brings back a value of a pair.
+std::unique_ptr<UndoStep> kerningValueStep(ProjectManager& manager, const Uuid& id, double value);
 
 /// The pairs whose left or right name contains the text, case aside, sorted by left name and right
 /// name run together. The pointers are good until the next edit.

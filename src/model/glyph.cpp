@@ -10,6 +10,53 @@ constexpr double kTolerance = 0.001;
 
 } // namespace
 
+const char* name(GlyphMetric metric) {
+  switch (metric) {
+  case GlyphMetric::leftSideBearing:
+    return "leftSideBearing";
+  case GlyphMetric::rightSideBearing:
+    return "rightSideBearing";
+  case GlyphMetric::advanceWidth:
+    return "advanceWidth";
+  case GlyphMetric::verticalOffset:
+    return "verticalOffset";
+  case GlyphMetric::scale:
+    break;
+  }
+  return "scale";
+}
+
+double GlyphPlacement::metric(GlyphMetric metric) const {
+  switch (metric) {
+  case GlyphMetric::leftSideBearing:
+    return leftSideBearing;
+  case GlyphMetric::rightSideBearing:
+    return rightSideBearing;
+  case GlyphMetric::advanceWidth:
+    return advanceWidth;
+  case GlyphMetric::verticalOffset:
+    return verticalOffset;
+  case GlyphMetric::scale:
+    break;
+  }
+  return scale;
+}
+
+void Glyph::setMetric(GlyphMetric metric, double value) {
+  switch (metric) {
+  case GlyphMetric::leftSideBearing:
+    return setLeftSideBearing(value);
+  case GlyphMetric::rightSideBearing:
+    return setRightSideBearing(value);
+  case GlyphMetric::advanceWidth:
+    return setAdvanceWidth(value);
+  case GlyphMetric::verticalOffset:
+    return setVerticalOffset(value);
+  case GlyphMetric::scale:
+    return setScale(value);
+  }
+}
+
 void Glyph::placeOutline(Outline outline, Rect boundingBox) {
   record_.fontPath = std::move(outline);
   record_.boundingBox = boundingBox;
@@ -40,11 +87,11 @@ void Glyph::setVerticalOffset(double value) {
 void Glyph::setScale(double value) {
   const double ratio = value / record_.scale;
   record_.scale = value;
-  if (std::fabs(ratio - 1) > kTolerance) rescaleOutline(ratio);
+  if (std::isfinite(ratio) && std::fabs(ratio - 1) > kTolerance) rescaleOutline(ratio);
 }
 
 void Glyph::offsetOutline(double dx, double dy) {
-  record_.fontPath.transform([=](Point p) { return Point{p.x + dx, p.y + dy}; });
+  record_.fontPath.shift(dx, dy);
   record_.boundingBox.x += dx;
   record_.boundingBox.y += dy;
   if (dx != 0) setRightSideBearing(record_.advanceWidth - record_.boundingBox.maxX());
@@ -53,9 +100,7 @@ void Glyph::offsetOutline(double dx, double dy) {
 void Glyph::rescaleOutline(double ratio) {
   Rect& box = record_.boundingBox;
   const double left = box.minX();
-  record_.fontPath.transform([=](Point p) {
-    return Point{left + (p.x - left) * ratio, p.y * ratio};
-  });
+  record_.fontPath.resize(left, ratio);
   box = {left, box.y * ratio, box.width * ratio, box.height * ratio};
   record_.advanceWidth = box.maxX() + record_.rightSideBearing;
   setRightSideBearing(record_.advanceWidth - box.maxX());

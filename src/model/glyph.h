@@ -5,21 +5,25 @@
 #include "base/uuid.h"
 #include "model/outline.h"
 
+#include <array>
 #include <optional>
 #include <string>
 
 namespace quillery {
 
-/// The values of a glyph. Lengths are font units, y upwards, baseline at 0, unless said otherwise.
-/// The defaults are those of a drawing that was read but not placed yet.
-struct GlyphRecord {
-  Uuid id;
-  /// The character that the glyph maps to; nothing for a glyph outside every text (".notdef").
-  std::optional<std::string> unicode;
-  std::string name;
-  /// Path data of the drawing, and its box in SVG user units, y downwards. Editing keeps both.
-  SharedText svgPath;
-  Rect viewBox;
+/// The values of a glyph that say where its outline lies.
+enum class GlyphMetric { leftSideBearing, rightSideBearing, advanceWidth, verticalOffset, scale };
+
+inline constexpr std::array<GlyphMetric, 5> kEveryGlyphMetric = {
+    GlyphMetric::leftSideBearing, GlyphMetric::rightSideBearing, GlyphMetric::advanceWidth,
+    GlyphMetric::verticalOffset, GlyphMetric::scale};
+
+/// Its name in documents and tables ("leftSideBearing").
+const char* name(GlyphMetric metric);
+
+/// All that the metrics of a glyph determine. Lengths are font units, y upwards, baseline at 0. The
+/// defaults are those of a drawing that was read but not placed yet.
+struct GlyphPlacement {
   double advanceWidth = 600;
   /// A running value: every change of it moves the outline. It may differ from the outline's edge.
   double leftSideBearing = 50;
@@ -32,6 +36,21 @@ struct GlyphRecord {
   Rect boundingBox;
   /// The outline that is drawn, previewed and exported.
   Outline fontPath;
+
+  double metric(GlyphMetric metric) const;
+
+  friend bool operator==(const GlyphPlacement&, const GlyphPlacement&) = default;
+};
+
+/// The values of a glyph.
+struct GlyphRecord : GlyphPlacement {
+  Uuid id;
+  /// The character that the glyph maps to; nothing for a glyph outside every text (".notdef").
+  std::optional<std::string> unicode;
+  std::string name;
+  /// Path data of the drawing, and its box in SVG user units, y downwards. Editing keeps both.
+  SharedText svgPath;
+  Rect viewBox;
 
   friend bool operator==(const GlyphRecord&, const GlyphRecord&) = default;
 };
@@ -53,13 +72,19 @@ public:
   double rightSideBearing() const { return record_.rightSideBearing; }
   double verticalOffset() const { return record_.verticalOffset; }
   double scale() const { return record_.scale; }
+  double metric(GlyphMetric metric) const { return record_.metric(metric); }
   const Rect& boundingBox() const { return record_.boundingBox; }
   const Outline& fontPath() const { return record_.fontPath; }
+  const GlyphPlacement& placement() const { return record_; }
 
   void setUnicode(std::optional<std::string> unicode) { record_.unicode = std::move(unicode); }
 
   /// Gives the glyph an outline and its box as they are; metrics stay.
   void placeOutline(Outline outline, Rect boundingBox);
+  /// Puts it back where it was when this was its placement. No rule is run.
+  void restore(const GlyphPlacement& placement) {
+    static_cast<GlyphPlacement&>(record_) = placement;
+  }
 
   /// Moves the outline sideways by the change; the right side bearing gives way.
   void setLeftSideBearing(double value);
@@ -69,8 +94,10 @@ public:
   void setAdvanceWidth(double value);
   /// Moves the outline up by the change.
   void setVerticalOffset(double value);
-  /// Resizes the outline by new / old, unless that is 1 to within 0.001.
+  /// Resizes the outline by new / old, unless that is 1 to within 0.001 or there is no such ratio,
+  /// because a document says that the scale was 0.
   void setScale(double value);
+  void setMetric(GlyphMetric metric, double value);
 
   /// Shifts the outline and its box. A sideways shift keeps the advance width.
   void offsetOutline(double dx, double dy);

@@ -94,7 +94,7 @@ void PieceWriter::glyph(const GlyphRecord& glyph) {
   rect(",\n      \"boundingBox\" : ", glyph.boundingBox);
   out_.raw(",\n      \"fontPath\" : [");
   std::string_view separator = "\n";
-  for (const PathCommand& c : glyph.fontPath) {
+  for (const PathCommand& c : glyph.fontPath.commands()) {
     out_.raw(separator);
     separator = ",\n";
     command(c);
@@ -125,8 +125,9 @@ std::string placeOfNonFinite(const FontProject& project) {
     if (bad(g.rightSideBearing)) return "rightSideBearing";
     if (bad(g.verticalOffset)) return "verticalOffset";
     if (bad(g.scale)) return "scale";
-    for (std::size_t i = 0; i < g.fontPath.size(); ++i)
-      for (const Point p : g.fontPath[i].points)
+    const PlacedCommands commands = g.fontPath.commands();
+    for (std::size_t i = 0; i < commands.size(); ++i)
+      for (const Point p : commands[i].points)
         if (bad(p.x) || bad(p.y)) return "fontPath[" + std::to_string(i) + "]";
     return {};
   };

@@ -37,7 +37,7 @@ std::string coordinates(Point p) {
 
 std::string pathData(const Outline& outline) {
   std::string data;
-  for (const PathCommand& command : outline) {
+  for (const PathCommand& command : outline.commands()) {
     const auto& p = command.points;
     switch (command.kind) {
     case PathCommand::Kind::moveTo:
@@ -60,7 +60,7 @@ std::string pathData(const Outline& outline) {
 } // namespace
 
 bool isDrawable(const Outline& outline) {
-  for (const PathCommand& command : outline)
+  for (const PathCommand& command : outline.commands())
     for (const Point p : command.points)
       if (!std::isfinite(p.x) || !std::isfinite(p.y)) return false;
   return !outline.empty();

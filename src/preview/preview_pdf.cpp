@@ -32,7 +32,7 @@ std::string row(std::initializer_list<double> numbers) {
 
 std::string pathData(const Outline& outline) {
   std::string data;
-  for (const PathCommand& command : outline) {
+  for (const PathCommand& command : outline.commands()) {
     const auto& p = command.points;
     switch (command.kind) {
     case PathCommand::Kind::moveTo:

@@ -64,8 +64,6 @@ PreviewScene::Effect PreviewScene::projectChanged(const ProjectChange& change) {
   case What::project:
   case What::everything:
   case What::kerningList:
-    kerning_.reset();
-    [[fallthrough]];
   case What::glyphList:
     layoutIsStale_ = true;
     return Effect::layout;
@@ -110,12 +108,8 @@ PreviewScene::Effect PreviewScene::glyphChanged(const Uuid& id) {
 
 PreviewScene::Effect PreviewScene::pairChanged(const Uuid& id) {
   const FontProject& project = manager_.currentProject();
-  const auto& pairs = project.kerningPairs;
-  const auto pair =
-      std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
-  if (pair == pairs.end()) return Effect::nothing;
-  if (kerning_) kerning_->update(*pair);
-  if (isStale()) return Effect::nothing;
+  const KerningPair* const pair = manager_.kerningPairWithId(id);
+  if (!pair || isStale()) return Effect::nothing;
   const auto& set = layout_.characters;
   const auto isKerned = [&](const SetCharacter& left, const SetCharacter& right) {
     return left.line == right.line && project.glyphs[left.glyph].name() == pair->leftGlyph &&
@@ -124,11 +118,6 @@ PreviewScene::Effect PreviewScene::pairChanged(const Uuid& id) {
   if (std::adjacent_find(set.begin(), set.end(), isKerned) == set.end()) return Effect::nothing;
   layoutIsStale_ = true;
   return Effect::layout;
-}
-
-const KerningTable& PreviewScene::kerning() {
-  if (!kerning_) kerning_.emplace(manager_.currentProject().kerningPairs);
-  return *kerning_;
 }
 
 bool PreviewScene::isStale() const {
@@ -143,7 +132,7 @@ const TextLayout& PreviewScene::layout() {
 
 void PreviewScene::layOut() {
   const FontProject& project = manager_.currentProject();
-  layout_ = layoutText(text_, project, manager_.glyphIndex(), kerning(), fontSize_);
+  layout_ = layoutText(text_, project, manager_.glyphIndex(), manager_.kerningIndex(), fontSize_);
   font_ = project;
   glyphCount_ = project.glyphs.size();
   layoutIsStale_ = false;
@@ -253,7 +242,7 @@ const CharacterPairInfo* PreviewScene::hoveredPair() {
 
 bool PreviewScene::hoveredPairExists() {
   const CharacterPairInfo* pair = hoveredPair();
-  return pair && kerning().contains(pair->leftGlyph, pair->rightGlyph);
+  return pair && manager_.firstKerningPair(pair->leftGlyph, pair->rightGlyph);
 }
 
 } // namespace quillery

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "kerning/kerning_table.h"
 #include "preview/hit_rows.h"
 #include "preview/text_layout.h"
 #include "project/project_manager.h"
@@ -74,7 +73,6 @@ private:
   bool isStale() const;
   void layOut();
   void addInk(const Outline& outline);
-  const KerningTable& kerning();
   void updateRows();
   bool setHovered(std::optional<std::size_t> item);
   Effect glyphChanged(const Uuid& id);
@@ -85,7 +83,6 @@ private:
   double fontSize_ = 48;
   PreviewMode mode_ = PreviewMode::none;
 
-  std::optional<KerningTable> kerning_; // none: to be made
   bool layoutIsStale_ = true;
   TextLayout layout_;
   FontInfo font_;              // that the layout was made with

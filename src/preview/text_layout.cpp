@@ -26,7 +26,7 @@ template <typename Info> const Info* firstHit(const std::vector<Info>& infos, Po
 } // namespace
 
 TextLayout layoutText(std::string_view text, const FontProject& project, const GlyphIndex& glyphs,
-                      const KerningTable& kerning, double fontSize) {
+                      const KerningIndex& kerning, double fontSize) {
   const auto unitsPerEm = static_cast<double>(project.unitsPerEm);
   TextLayout layout;
   layout.scale = fontSize / unitsPerEm;
@@ -57,7 +57,9 @@ TextLayout layoutText(std::string_view text, const FontProject& project, const G
       }
       layout.characters.push_back({std::string(lineCharacters[i]), *position, line, i, pen});
       const Glyph& glyph = project.glyphs[*position];
-      const double kern = mapped ? kerning.value(glyph.name(), project.glyphs[*mapped].name()) : 0;
+      const auto pair =
+          mapped ? kerning.named(glyph.name(), project.glyphs[*mapped].name()) : std::nullopt;
+      const double kern = pair ? project.kerningPairs[*pair].value : 0;
       advance(layout.scale * (glyph.advanceWidth() + kern));
     }
     widest = std::max(widest, width);

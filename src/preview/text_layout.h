@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/geometry.h"
-#include "kerning/kerning_table.h"
 #include "model/font_project.h"
 #include "project/glyph_index.h"
+#include "project/kerning_index.h"
 
 #include <cstddef>
 #include <string>
@@ -50,7 +50,7 @@ struct TextLayout {
 /// any other character nothing. Kerning works between a drawn glyph and the glyph mapped to the
 /// next character of its line. `glyphs` and `kerning` are those of `project`.
 TextLayout layoutText(std::string_view text, const FontProject& project, const GlyphIndex& glyphs,
-                      const KerningTable& kerning, double fontSize);
+                      const KerningIndex& kerning, double fontSize);
 
 /// A glyph that the pointer can pick.
 struct CharacterInfo {

@@ -2,6 +2,7 @@
 
 #include "base/uuid.h"
 #include "model/glyph.h"
+#include "project/text_hash.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,14 +13,6 @@
 #include <vector>
 
 namespace quillery {
-
-/// Hashes and compares texts without making one of a view.
-struct TextHash {
-  using is_transparent = void;
-  std::size_t operator()(std::string_view text) const {
-    return std::hash<std::string_view>()(text);
-  }
-};
 
 /// Where the glyphs of a list stand, by id, by name and by character. Texts are compared scalar by
 /// scalar. Made anew after the list changed, kept in step with a changed character.

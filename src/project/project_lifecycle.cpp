@@ -1,6 +1,9 @@
 #include "base/console.h"
+#include "base/memory.h"
 #include "project/normalization.h"
 #include "project/project_manager.h"
+
+#include <utility>
 
 namespace quillery {
 
@@ -16,9 +19,12 @@ void ProjectManager::install(FontProject project, std::optional<fs::path> file) 
   undoManager_.removeAllActions();
   project_ = std::move(project);
   index_.reset();
+  kerningIndex_.reset();
   glyphBeingEdited_.reset();
   url_ = std::move(file);
-  announce(What::project);
+  documentChanged({What::project});
+  // After those who show the old project have let go of it.
+  desktop_.postToMain(releaseFreedMemory);
 }
 
 void ProjectManager::newProject() {
@@ -96,8 +102,10 @@ void ProjectManager::saveProjectAs() {
 Result<void, ProjectFileError> ProjectManager::saveProjectTo(const fs::path& file) {
   if (auto written = writeProjectFile(file, project_); !written) return written;
   recentProjects_.addRecentProject(file);
-  url_ = file;
-  announce(What::file);
+  if (url_ != file) {
+    url_ = file;
+    announce(What::file);
+  }
   return {};
 }
 
@@ -108,16 +116,17 @@ void ProjectManager::saveAndReport(const fs::path& file) {
   flashSavedBadge();
 }
 
+void ProjectManager::setSavedBadge(bool shown) {
+  if (std::exchange(showSavedBadge_, shown) != shown) announce(What::savedBadge);
+}
+
 void ProjectManager::flashSavedBadge() {
   savedBadgeTimer_.reset();
   desktop_.postToMain(lifetime_.guard([this] {
-    showSavedBadge_ = true;
-    announce(What::savedBadge);
+    setSavedBadge(true);
     constexpr double kSecondsShown = 2.0;
-    savedBadgeTimer_ = desktop_.startTimer(kSecondsShown, lifetime_.guard([this] {
-      showSavedBadge_ = false;
-      announce(What::savedBadge);
-    }));
+    savedBadgeTimer_ =
+        desktop_.startTimer(kSecondsShown, lifetime_.guard([this] { setSavedBadge(false); }));
   }));
 }
 

@@ -3,6 +3,7 @@
 #include "project/action_names.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quillery {
@@ -47,66 +48,96 @@ const Glyph* ProjectManager::glyphForCharacter(std::string_view character) const
   return glyphAt(glyphIndex().forCharacter(character));
 }
 
+const KerningIndex& ProjectManager::kerningIndex() const {
+  if (!kerningIndex_) kerningIndex_.emplace(project_.kerningPairs);
+  return *kerningIndex_;
+}
+
+const KerningPair* ProjectManager::pairAt(std::optional<std::size_t> position) const {
+  return position ? &project_.kerningPairs[*position] : nullptr;
+}
+
+const KerningPair* ProjectManager::kerningPairWithId(const Uuid& id) const {
+  return pairAt(kerningIndex().withId(id));
+}
+
+const KerningPair* ProjectManager::firstKerningPair(std::string_view leftGlyph,
+                                                    std::string_view rightGlyph) const {
+  return pairAt(kerningIndex().named(leftGlyph, rightGlyph));
+}
+
+void ProjectManager::documentChanged(const ProjectChange& change) {
+  ++revision_;
+  changed.emit(change);
+}
+
 void ProjectManager::editFontInfo(const std::function<void(FontInfo&)>& edit) {
+  const FontInfo before = project_;
   edit(project_);
-  announce(What::fontInfo);
+  if (before != project_) documentChanged({What::fontInfo});
 }
 
 void ProjectManager::editGlyphList(const std::function<void(std::vector<Glyph>&)>& edit) {
   edit(project_.glyphs);
   index_.reset();
-  announce(What::glyphList);
+  documentChanged({What::glyphList});
 }
 
-bool ProjectManager::applyToGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
-  const auto position = glyphIndex().withId(id);
-  if (!position) return false;
-  Glyph& glyph = project_.glyphs[*position];
+// True when it became different.
+bool ProjectManager::applyToGlyph(std::size_t position, const std::function<void(Glyph&)>& edit) {
+  Glyph& glyph = project_.glyphs[position];
+  const GlyphPlacement before = glyph.placement();
   const std::optional<std::string> oldCharacter = glyph.unicode();
   edit(glyph);
-  if (glyph.unicode() != oldCharacter)
-    index_->characterChanged(*position, oldCharacter, glyph.unicode());
-  return true;
+  const bool otherCharacter = glyph.unicode() != oldCharacter;
+  if (otherCharacter) index_->characterChanged(position, oldCharacter, glyph.unicode());
+  return otherCharacter || before != glyph.placement();
 }
 
 bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
-  if (!applyToGlyph(id, edit)) return false;
-  changed.emit({What::glyphs, {&id, 1}});
+  if (!glyphIndex().withId(id)) return false;
+  editGlyphs({&id, 1}, edit);
   return true;
 }
 
 void ProjectManager::editGlyphs(std::span<const Uuid> ids,
                                 const std::function<void(Glyph&)>& edit) {
-  bool any = false;
-  for (const Uuid& id : ids) any = applyToGlyph(id, edit) || any;
-  if (any) changed.emit({What::glyphs, ids});
+  std::vector<Uuid> different;
+  for (const Uuid& id : ids)
+    if (const auto position = glyphIndex().withId(id); position && applyToGlyph(*position, edit))
+      different.push_back(id);
+  if (!different.empty()) documentChanged({What::glyphs, different});
 }
 
 void ProjectManager::editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit) {
   edit(project_.kerningPairs);
-  announce(What::kerningList);
+  kerningIndex_.reset();
+  documentChanged({What::kerningList});
 }
 
 bool ProjectManager::setKerningValue(const Uuid& id, double value) {
-  auto& pairs = project_.kerningPairs;
-  const auto pair =
-      std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
-  if (pair == pairs.end()) return false;
-  pair->value = value;
-  changed.emit({What::kerningPair, {&id, 1}});
+  const auto position = kerningIndex().withId(id);
+  if (!position) return false;
+  const double before = std::exchange(project_.kerningPairs[*position].value, value);
+  if (before != value) documentChanged({What::kerningPair, {&id, 1}});
   return true;
 }
 
-void ProjectManager::selectGlyph(Uuid id) {
-  selectedGlyphIds_ = {id};
-  lastSelectedGlyphId_ = id;
+void ProjectManager::setSelection(std::unordered_set<Uuid> ids, std::optional<Uuid> anchor) {
+  if (ids == selectedGlyphIds_ && anchor == lastSelectedGlyphId_) return;
+  selectedGlyphIds_ = std::move(ids);
+  lastSelectedGlyphId_ = anchor;
   announce(What::selection);
 }
 
+void ProjectManager::selectGlyph(Uuid id) {
+  setSelection({id}, id);
+}
+
 void ProjectManager::toggleGlyphSelection(Uuid id) {
-  if (selectedGlyphIds_.erase(id) == 0) selectedGlyphIds_.insert(id);
-  lastSelectedGlyphId_ = id;
-  announce(What::selection);
+  auto ids = selectedGlyphIds_;
+  if (ids.erase(id) == 0) ids.insert(id);
+  setSelection(std::move(ids), id);
 }
 
 void ProjectManager::selectGlyphRange(const Uuid& anchor, const Uuid& target,
@@ -114,24 +145,24 @@ void ProjectManager::selectGlyphRange(const Uuid& anchor, const Uuid& target,
   auto first = std::find(displayed.begin(), displayed.end(), anchor);
   auto last = std::find(displayed.begin(), displayed.end(), target);
   if (first == displayed.end() || last == displayed.end()) return;
+  const Uuid reached = target; // the caller's may be the anchor that changes
   if (last < first) std::swap(first, last);
-  selectedGlyphIds_.insert(first, last + 1);
-  lastSelectedGlyphId_ = target;
-  announce(What::selection);
+  auto ids = selectedGlyphIds_;
+  ids.insert(first, last + 1);
+  setSelection(std::move(ids), reached);
 }
 
 void ProjectManager::selectAllGlyphs() {
-  selectedGlyphIds_.clear();
-  lastSelectedGlyphId_.reset();
-  for (const Glyph& glyph : project_.glyphs) selectedGlyphIds_.insert(glyph.id());
-  if (!project_.glyphs.empty()) lastSelectedGlyphId_ = project_.glyphs.back().id();
-  announce(What::selection);
+  std::unordered_set<Uuid> ids;
+  ids.reserve(project_.glyphs.size());
+  for (const Glyph& glyph : project_.glyphs) ids.insert(glyph.id());
+  setSelection(std::move(ids), project_.glyphs.empty()
+                                   ? std::nullopt
+                                   : std::optional<Uuid>(project_.glyphs.back().id()));
 }
 
 void ProjectManager::clearSelection() {
-  selectedGlyphIds_.clear();
-  lastSelectedGlyphId_.reset();
-  announce(What::selection);
+  setSelection({}, std::nullopt);
 }
 
 void ProjectManager::clickGlyph(const Uuid& id, ClickModifiers modifiers,
@@ -145,67 +176,97 @@ void ProjectManager::clickGlyph(const Uuid& id, ClickModifiers modifiers,
 }
 
 void ProjectManager::selectKerningPair(std::optional<Uuid> id) {
-  selectedKerningPairId_ = id;
-  announce(What::selectedPair);
+  if (std::exchange(selectedKerningPairId_, id) != id) announce(What::selectedPair);
 }
 
 void ProjectManager::setSelectedTab(int tab) {
-  selectedTab_ = tab;
-  announce(What::selectedTab);
+  if (std::exchange(selectedTab_, tab) != tab) announce(What::selectedTab);
 }
+
+namespace {
+
+// Glyphs that were deleted, and what was selected then.
+class DeletionStep : public UndoStep {
+public:
+  DeletionStep(std::vector<Glyph> deleted, std::unordered_set<Uuid> selection)
+      : deleted_(std::move(deleted)), selection_(std::move(selection)) {}
+
+  void swap(ProjectManager& manager) override {
+    manager.editGlyphList([this](std::vector<Glyph>& glyphs) {
+      glyphs.insert(glyphs.end(), std::make_move_iterator(deleted_.begin()),
+                    std::make_move_iterator(deleted_.end()));
+      sortByName(glyphs);
+    });
+    manager.setSelection(std::move(selection_), manager.lastSelectedGlyphId());
+  }
+  bool changesAnything(const ProjectManager&) const override { return true; }
+  bool canBeRedone() const override { return false; }
+  std::size_t size(const ProjectManager&) const override {
+    std::size_t bytes = deleted_.size() * sizeof(Glyph) + selection_.size() * 2 * sizeof(Uuid);
+    for (const Glyph& glyph : deleted_)
+      bytes += glyph.fontPath().size() * sizeof(PathCommand) + glyph.record().svgPath.view().size();
+    return bytes;
+  }
+
+private:
+  std::vector<Glyph> deleted_;
+  std::unordered_set<Uuid> selection_;
+};
+
+} // namespace
 
 void ProjectManager::deleteSelectedGlyphs() {
   endEdit();
   if (selectedGlyphIds_.empty()) return;
-  const auto isSelected = [this](const Glyph& glyph) {
-    return selectedGlyphIds_.contains(glyph.id());
-  };
   std::vector<Glyph> deleted;
-  std::copy_if(project_.glyphs.begin(), project_.glyphs.end(), std::back_inserter(deleted),
-               isSelected);
-
-  undoManager_.beginGroup();
-  undoManager_.registerUndo([this, deleted = std::move(deleted), selection = selectedGlyphIds_] {
-    editGlyphList([&](std::vector<Glyph>& glyphs) {
-      glyphs.insert(glyphs.end(), deleted.begin(), deleted.end());
-      sortByName(glyphs);
-    });
-    selectedGlyphIds_ = selection;
-    announce(What::selection);
+  editGlyphList([&](std::vector<Glyph>& glyphs) {
+    const auto isKept = [this](const Glyph& g) { return !selectedGlyphIds_.contains(g.id()); };
+    const auto gone = std::stable_partition(glyphs.begin(), glyphs.end(), isKept);
+    deleted.assign(std::make_move_iterator(gone), std::make_move_iterator(glyphs.end()));
+    glyphs.erase(gone, glyphs.end());
   });
-  undoManager_.setActionName(action::deleteGlyphs(selectedGlyphIds_.size()));
-  std::erase_if(project_.glyphs, isSelected);
-  index_.reset();
-  selectedGlyphIds_.clear();
-  undoManager_.endGroup();
-  announce(What::glyphList);
-  announce(What::selection);
+  addUndoStep(action::deleteGlyphs(selectedGlyphIds_.size()),
+              std::make_unique<DeletionStep>(std::move(deleted), selectedGlyphIds_));
+  setSelection({}, lastSelectedGlyphId_);
 }
 
 void ProjectManager::deleteGlyph(Uuid id) {
   endEdit();
   if (glyphBeingEdited_ && glyphBeingEdited_->id() == id) glyphBeingEdited_.reset();
-  editGlyphList([&](std::vector<Glyph>& glyphs) {
-    std::erase_if(glyphs, [&](const Glyph& glyph) { return glyph.id() == id; });
-  });
-  selectedGlyphIds_.erase(id);
-  announce(What::selection);
+  if (glyphIndex().withId(id))
+    editGlyphList([&](std::vector<Glyph>& glyphs) {
+      std::erase_if(glyphs, [&](const Glyph& glyph) { return glyph.id() == id; });
+    });
+  auto ids = selectedGlyphIds_;
+  ids.erase(id);
+  setSelection(std::move(ids), lastSelectedGlyphId_);
 }
 
-void ProjectManager::beginEdit(const std::shared_ptr<OpenEdit>& edit) {
-  if (openEdit_.lock() == edit) return;
+OpenEdit ProjectManager::beginEdit(std::string actionName, std::unique_ptr<UndoStep> before) {
   endEdit();
-  openEdit_ = edit;
+  openEdit_ = std::make_shared<OpenEdit::State>(
+      OpenEdit::State{*this, std::move(actionName), std::move(before)});
+  return OpenEdit(openEdit_);
 }
 
 void ProjectManager::endEdit() {
-  // Forgotten first: what the edit does at its end may look here again.
-  if (const auto edit = std::exchange(openEdit_, {}).lock()) edit->end();
+  // Closed first: whoever hears of the step may look here.
+  const auto edit = std::exchange(openEdit_, nullptr);
+  if (edit && edit->before->changesAnything(*this))
+    addUndoStep(std::move(edit->actionName), std::move(edit->before));
+}
+
+void ProjectManager::cancelEdit() {
+  const auto edit = std::exchange(openEdit_, nullptr);
+  if (edit && edit->before->changesAnything(*this)) edit->before->swap(*this);
+}
+
+void ProjectManager::addUndoStep(std::string actionName, std::unique_ptr<UndoStep> step) {
+  undoManager_.add(std::move(actionName), std::move(step), *this);
 }
 
 bool ProjectManager::openEditHasChanged() const {
-  const auto edit = openEdit_.lock();
-  return edit && edit->hasChanged();
+  return openEdit_ && openEdit_->before->changesAnything(*this);
 }
 
 bool ProjectManager::canUndo() const {
@@ -219,14 +280,14 @@ bool ProjectManager::canRedo() const {
 void ProjectManager::undo() {
   endEdit();
   if (!undoManager_.canUndo()) return;
-  undoManager_.undo();
+  undoManager_.undo(*this);
   announce(What::everything);
 }
 
 void ProjectManager::redo() {
   endEdit();
   if (!undoManager_.canRedo()) return;
-  undoManager_.redo();
+  undoManager_.redo(*this);
   announce(What::everything);
 }
 
@@ -245,11 +306,11 @@ void ProjectManager::removeImport(const ImportTask& task) {
 }
 
 void ProjectManager::setExporting(bool exporting) {
-  isExporting_ = exporting;
-  announce(What::exportState);
+  if (std::exchange(isExporting_, exporting) != exporting) announce(What::exportState);
 }
 
 void ProjectManager::setExportStatus(ExportStatus status) {
+  if (status == exportStatus_) return;
   exportStatus_ = std::move(status);
   announce(What::exportState);
 }

@@ -7,10 +7,12 @@
 #include "project/export_status.h"
 #include "project/glyph_index.h"
 #include "project/import_task.h"
+#include "project/kerning_index.h"
 #include "project/open_edit.h"
 #include "project/recent_projects_manager.h"
 #include "project/undo_manager.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -82,18 +84,26 @@ public:
   /// The glyph that a text shows for a character: the last that maps to it.
   const Glyph* glyphForCharacter(std::string_view character) const;
   const GlyphIndex& glyphIndex() const;
+  const KerningPair* kerningPairWithId(const Uuid& id) const;
+  /// The pair that counts for these names: the first.
+  const KerningPair* firstKerningPair(std::string_view leftGlyph,
+                                      std::string_view rightGlyph) const;
+  const KerningIndex& kerningIndex() const;
+  /// Another number after every change of the document.
+  std::uint64_t revision() const { return revision_; }
 
-  // -- Editing. Each announces one change; none registers an undo step of its own.
+  // -- Editing. Each announces one change, or nothing where nothing became different; none
+  // registers an undo step of its own.
 
   void editFontInfo(const std::function<void(FontInfo&)>& edit);
   void editGlyphList(const std::function<void(std::vector<Glyph>&)>& edit);
-  /// Changes one glyph, but not its name or id; false when it is not there.
+  /// Changes one glyph, but not its name or id; false when there is no such glyph.
   bool editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit);
   /// Changes several glyphs in this order, but not their names or ids, and announces one change.
   /// Ids of glyphs that are not there are passed over.
   void editGlyphs(std::span<const Uuid> ids, const std::function<void(Glyph&)>& edit);
   void editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit);
-  /// Changes the value of a pair; false when it is not there.
+  /// Changes the value of a pair; false when there is no such pair.
   bool setKerningValue(const Uuid& id, double value);
 
   // -- Selection
@@ -103,6 +113,8 @@ public:
   /// The anchor of a range selection.
   const std::optional<Uuid>& lastSelectedGlyphId() const { return lastSelectedGlyphId_; }
 
+  /// Makes this the selection and its anchor.
+  void setSelection(std::unordered_set<Uuid> ids, std::optional<Uuid> anchor);
   // By value: an id may be handed over from where the operation itself changes it.
   void selectGlyph(Uuid id);
   void toggleGlyphSelection(Uuid id);
@@ -132,11 +144,15 @@ public:
 
   // -- The edit under way, and the history
 
-  /// Makes this the open edit; the one before it ends. It is forgotten when its owner lets go.
-  void beginEdit(const std::shared_ptr<OpenEdit>& edit);
+  /// Begins an edit; the one before it ends. `before` holds the values that it begins with.
+  OpenEdit beginEdit(std::string actionName, std::unique_ptr<UndoStep> before);
   /// Ends the open edit, if there is one. Undo, redo, deletions and the arrival of another project
   /// do so first.
   void endEdit();
+  /// Takes back the open edit, if there is one.
+  void cancelEdit();
+  /// Makes a change that was done a step that can be undone.
+  void addUndoStep(std::string actionName, std::unique_ptr<UndoStep> step);
 
   /// An open edit that changed something counts as the last step.
   bool canUndo() const;
@@ -191,14 +207,19 @@ private:
   void openAndReport(const std::filesystem::path& file);
   void saveAndReport(const std::filesystem::path& file);
   std::optional<std::filesystem::path> findSample() const;
+  void setSavedBadge(bool shown);
   const Glyph* glyphAt(std::optional<std::size_t> position) const;
-  bool applyToGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit);
+  void documentChanged(const ProjectChange& change);
+  const KerningPair* pairAt(std::optional<std::size_t> position) const;
+  bool applyToGlyph(std::size_t position, const std::function<void(Glyph&)>& edit);
   bool openEditHasChanged() const;
 
   Desktop& desktop_;
   RecentProjectsManager& recentProjects_;
   FontProject project_;
+  std::uint64_t revision_ = 0;
   mutable std::optional<GlyphIndex> index_;
+  mutable std::optional<KerningIndex> kerningIndex_;
   std::optional<Glyph> glyphBeingEdited_;
   std::optional<std::filesystem::path> url_;
   std::vector<std::shared_ptr<ImportTask>> imports_;
@@ -212,7 +233,7 @@ private:
   std::unique_ptr<OneShotTimer> savedBadgeTimer_;
   UndoManager undoManager_;
   Connection undoConnection_;
-  std::weak_ptr<OpenEdit> openEdit_;
+  std::shared_ptr<OpenEdit::State> openEdit_;
   Lifetime lifetime_;
 };
 

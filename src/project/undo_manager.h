@@ -1,75 +1,72 @@
 #pragma once
 
 #include "base/signal.h"
+#include "project/undo_step.h"
 
 #include <cstddef>
-#include <functional>
+#include <cstdint>
+#include <deque>
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace quillery {
 
-/// The undo and redo stacks of a document.
-///
-/// A step is registered as the function that reverses it. While a step is undone, what it
-/// registers goes to the redo stack, and the other way round: a step that registers no inverse
-/// leaves nothing to redo. A step outside any group is a group of its own.
+/// The undo and redo stacks of a document. They occupy at most a budget of memory: past it, the
+/// oldest steps are forgotten.
 class UndoManager {
 public:
-  using Step = std::function<void()>;
-
-  UndoManager() = default;
+  /// `budget` is in bytes; the newest step is kept even if it alone is larger.
+  explicit UndoManager(std::size_t budget = defaultBudget());
   UndoManager(const UndoManager&) = delete;
   UndoManager& operator=(const UndoManager&) = delete;
 
-  /// Opens a group: its steps are undone together, last first. Groups nest; only the outermost
-  /// counts. A group without steps leaves no trace.
-  void beginGroup();
-  void endGroup();
+  /// A tenth of the machine's memory, at most 256 MB.
+  static std::size_t defaultBudget();
 
-  /// Adds a step. Outside of undo and redo this empties the redo stack.
-  void registerUndo(Step step);
+  /// Adds a step that was done, which empties the redo stack.
+  void add(std::string actionName, std::unique_ptr<UndoStep> step, const ProjectManager& manager);
 
-  /// Names the group that is open, or else the one made last.
-  void setActionName(std::string name);
-
-  bool canUndo() const { return !undo_.empty() && depth_ == 0; }
-  bool canRedo() const { return !redo_.empty() && depth_ == 0; }
+  bool canUndo() const { return !undo_.empty(); }
+  bool canRedo() const { return !redo_.empty(); }
   /// Empty when there is nothing to undo or redo.
   std::string undoActionName() const { return undo_.empty() ? "" : undo_.back().name; }
   std::string redoActionName() const { return redo_.empty() ? "" : redo_.back().name; }
-
-  /// Reverses the last group, and the last undone one. Nothing happens when there is none, while a
-  /// group is open or from within a step.
-  void undo();
-  void redo();
+  /// Takes the last step back, and does the last undone one again. Nothing happens when there is
+  /// none.
+  void undo(ProjectManager& manager);
+  void redo(ProjectManager& manager);
 
   void removeAllActions();
-
-  /// How many groups can be undone.
+  /// How many steps can be undone.
   std::size_t undoCount() const { return undo_.size(); }
-  /// Forgets what was registered since undoCount() was `count`, without undoing it: for an edit
-  /// that was abandoned and has put its values back itself. Nothing happens while a group is open.
-  void forgetSince(std::size_t count);
+  /// Tells the steps added until now from those to come.
+  std::uint64_t mark() const { return added_; }
+  /// The memory that the steps occupy, in bytes.
+  std::size_t size() const { return size_; }
+  /// Forgets the steps added since `mark`, for an edit that was abandoned and puts its values back
+  /// itself.
+  void forgetSince(std::uint64_t mark);
 
-  /// What can be undone or redone may have changed. Silent while steps are performed.
+  /// What can be undone or redone has changed.
   Signal<> changed;
 
 private:
-  struct Group {
+  struct Action {
     std::string name;
-    std::vector<Step> steps;
+    std::unique_ptr<UndoStep> step;
+    std::size_t size;
+    std::uint64_t number; // counted from 1 as they were added
   };
-  enum class Mode { recording, undoing, redoing };
+  using Stack = std::deque<Action>; // the last is the newest
 
-  void perform(std::vector<Group>& from, Mode mode);
-  std::vector<Group>& receiving() { return mode_ == Mode::undoing ? redo_ : undo_; }
+  void perform(Stack& from, Stack& to, ProjectManager& manager);
+  void forget(Stack& stack);
 
-  std::vector<Group> undo_;
-  std::vector<Group> redo_;
-  Group open_;
-  int depth_ = 0;
-  Mode mode_ = Mode::recording;
+  std::size_t budget_;
+  std::size_t size_ = 0;
+  std::uint64_t added_ = 0;
+  Stack undo_;
+  Stack redo_;
 };
 
 } // namespace quillery

@@ -150,10 +150,14 @@ PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& vi
   const double left = viewBox.minX();
   const double bottom = viewBox.maxY();
   PlacedOutline placed;
-  placed.fontPath = parsePathData(pathData);
-  placed.fontPath.transform([=](Point p) {
-    return Point{scale * (p.x - left), scale * (bottom - p.y)};
-  });
+  const PlacedCommands drawn = parsePathData(pathData).commands();
+  std::vector<PathCommand> commands(drawn.begin(), drawn.end());
+  for (PathCommand& command : commands)
+    for (std::size_t i = 0; i < command.pointCount(); ++i) {
+      Point& p = command.points[i];
+      p = {scale * (p.x - left), scale * (bottom - p.y)};
+    }
+  placed.fontPath = std::move(commands);
   placed.boundingBox = controlBox(placed.fontPath);
   return placed;
 }

@@ -45,7 +45,7 @@ TEST_F(DragTest, OfTheLeftButtonMovesTheOutlineAndIsOneStep) {
   EXPECT_TRUE(canvas.isDragging() && d.manager.canUndo());
   EXPECT_EQ(now().leftSideBearing(), 80);
   EXPECT_EQ(now().verticalOffset(), 20);
-  EXPECT_EQ(now().fontPath()[1].points[0], (Point{500.7 + 30, 720}));
+  EXPECT_EQ(now().fontPath().commands()[1].points[0], (Point{500.7 + 30, 720}));
   EXPECT_EQ(now().advanceWidth(), before.advanceWidth());
   EXPECT_FALSE(d.manager.undoManager().canUndo());
   canvas.release();
@@ -128,7 +128,7 @@ TEST_F(DragTest, ResizesAlsoByTinyMovements) {
   canvas.release();
   EXPECT_NEAR(now().boundingBox().width, 500.6 * 1.1, 1e-6);
   d.manager.undo();
-  EXPECT_NEAR(now().boundingBox().width, 500.6, 1e-6);
+  EXPECT_EQ(now(), before);
 }
 
 TEST_F(DragTest, EndsWhenSomethingElseBegins) {
@@ -154,18 +154,6 @@ TEST_F(DragTest, EndsWhenSomethingElseBegins) {
   d.manager.deleteGlyph(canvas.glyph());
   move(20, 0);
   canvas.release();
-}
-
-TEST_F(DragTest, KeepsAnOutlineThatArrivesMeanwhile) {
-  const Outline arrived = {PathCommand::moveTo({1, 2}), PathCommand::lineTo({3, 4})};
-  press(MouseButton::left);
-  move(0, -10);
-  d.manager.editGlyph(id, [&](Glyph& g) { g.placeOutline(arrived, {1, 2, 2, 2}); });
-  move(0, -15);
-  EXPECT_EQ(now().fontPath()[0].points[0], (Point{1, 7}));
-  canvas.cancel();
-  EXPECT_EQ(now().fontPath()[0].points[0], (Point{1, -8}));
-  EXPECT_EQ(now().verticalOffset(), 0);
 }
 
 TEST_F(DragTest, NudgesWithinTheSameLimits) {

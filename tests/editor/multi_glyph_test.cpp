@@ -33,6 +33,13 @@ struct SelectionTest : ::testing::Test {
     return commonValue(d.manager, selectedGlyphs(d.manager), metric);
   }
 
+  void set(GlyphMetric metric, double value) {
+    SelectionMetricEdit edit(d.manager, metric);
+    edit.begin();
+    edit.apply(value);
+    edit.end();
+  }
+
   Document d;
   std::vector<Uuid> ids;
   std::vector<Glyph> before;
@@ -51,34 +58,31 @@ TEST_F(SelectionTest, HasACommonValueOnlyWhenAllAgreeExactly) {
 TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
   d.manager.toggleGlyphSelection(Uuid::random()); // counts in the name
   const struct {
-    const char* what;
-    std::function<void()> apply;
+    GlyphMetric metric;
+    double value;
     std::function<bool(const Glyph& was, const Glyph& is)> holds;
   } rows[] = {
-      {"left side bearing", [&] { applyMetricsToSelection(d.manager, {.leftSideBearing = 80}); },
+      {GlyphMetric::leftSideBearing, 80,
        [](const Glyph& was, const Glyph& is) {
          return is.leftSideBearing() == 80 && is.advanceWidth() == was.advanceWidth() &&
                 is.boundingBox().x == was.boundingBox().x + (80 - was.leftSideBearing());
        }},
-      {"scale", [&] { applyMetricsToSelection(d.manager, {.scale = 1.5}); },
+      {GlyphMetric::scale, 1.5,
        [](const Glyph& was, const Glyph& is) {
          return is.boundingBox().width == was.boundingBox().width * (1.5 / was.scale());
        }},
-      {"several",
-       [&] { applyMetricsToSelection(d.manager, {.rightSideBearing = 7, .verticalOffset = 9}); },
-       [](const Glyph&, const Glyph& is) {
-         return std::abs(is.rightSideBearing() - 7) < 1e-9 && is.boundingBox().y == 9;
-       }},
-      {"advance width", [&] { applyAdvanceWidthToSelection(d.manager, 600); },
-       [](const Glyph&, const Glyph& is) {
+      {GlyphMetric::rightSideBearing, 7,
+       [](const Glyph&, const Glyph& is) { return std::abs(is.rightSideBearing() - 7) < 1e-9; }},
+      {GlyphMetric::verticalOffset, 9,
+       [](const Glyph&, const Glyph& is) { return is.boundingBox().y == 9; }},
+      {GlyphMetric::advanceWidth, 600, [](const Glyph&, const Glyph& is) {
          return is.advanceWidth() == 600 && is.rightSideBearing() == 600 - is.boundingBox().maxX();
-       }},
-      {"nothing", [&] { applyMetricsToSelection(d.manager, {}); },
-       [](const Glyph& was, const Glyph& is) { return was == is; }}};
+       }}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.what);
+    SCOPED_TRACE(name(row.metric));
     const HeardChanges heard(d.manager);
-    row.apply();
+    set(row.metric, row.value);
+    set(row.metric, row.value); // changes nothing, so it is no step
     for (std::size_t i = 0; i < 3; ++i) EXPECT_TRUE(row.holds(before[i], glyph(i))) << i;
     EXPECT_EQ(glyph(3), before[3]);
     EXPECT_EQ(d.manager.undoManager().undoActionName(), "Apply Metrics to 4 Glyphs");
@@ -95,16 +99,16 @@ TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
 }
 
 TEST_F(SelectionTest, ComesBackAlsoWhenSomeOfItHasGone) {
-  applyMetricsToSelection(d.manager, {.verticalOffset = 5});
+  set(GlyphMetric::verticalOffset, 5);
   d.manager.deleteGlyph(ids[0]);
   d.manager.undo();
   EXPECT_EQ(glyph(0), before[1]);
   d.manager.clearSelection();
-  applyMetricsToSelection(d.manager, {.verticalOffset = 5});
+  set(GlyphMetric::verticalOffset, 5);
   EXPECT_FALSE(d.manager.canUndo());
 }
 
-TEST_F(SelectionTest, TakesAStepForEveryMovementOfAGesture) {
+TEST_F(SelectionTest, TakesAStepForEveryMovementOfADragAndOneForAKeyHeldDown) {
   SelectionMetricEdit edit(d.manager, GlyphMetric::scale);
   edit.apply(3); // has not begun
   EXPECT_EQ(d.project().glyphs, before);
@@ -113,53 +117,80 @@ TEST_F(SelectionTest, TakesAStepForEveryMovementOfAGesture) {
   d.manager.undo();
   edit.apply(1.5); // the undo has ended it
   EXPECT_EQ(glyph(0).scale(), 1.2);
-  edit.begin();
-  edit.apply(1.6);
-  d.manager.selectGlyph(ids[3]); // and so does another selection
+  edit.begin(SelectionMetricEdit::Steps::one);
+  for (const double value : {1.4, 1.5, 1.6}) edit.apply(value);
+  d.manager.selectGlyph(ids[3]); // another selection ends it, too
   edit.apply(1.7);
   EXPECT_EQ(glyph(3), before[3]);
   edit.cancel();
   EXPECT_EQ(glyph(0).scale(), 1.6);
+  EXPECT_EQ(d.manager.undoManager().undoCount(), 3U);
+  d.manager.undo();
+  EXPECT_EQ(glyph(0).scale(), 1.2);
 }
 
-TEST_F(SelectionTest, GoesBackAndForthThroughALongGestureExactly) {
+TEST_F(SelectionTest, GoesBackAndForthThroughManyGesturesExactly) {
   std::vector<std::vector<Glyph>> states = {before};
-  SelectionMetricEdit edit(d.manager, GlyphMetric::scale);
-  edit.begin();
+  SelectionMetricEdit scale(d.manager, GlyphMetric::scale);
+  SelectionMetricEdit bearing(d.manager, GlyphMetric::leftSideBearing);
+  SelectionMetricEdit offset(d.manager, GlyphMetric::verticalOffset);
   for (int i = 1; i <= 40; ++i) {
-    edit.apply(0.3 + i * 0.0371);
-    states.push_back(d.project().glyphs);
+    SelectionMetricEdit& edit = i % 7 == 0 ? bearing : i % 5 == 0 ? offset : scale;
+    edit.begin();
+    for (int j = 0; j < 3; ++j) {
+      edit.apply(0.3 + i * 0.0371 + j * 0.1);
+      states.push_back(d.project().glyphs);
+    }
+    edit.end();
   }
-  edit.end();
-  for (std::size_t i = 40; i-- > 0;) {
+  const std::size_t steps = states.size() - 1;
+  for (std::size_t i = steps; i-- > 0;) {
     d.manager.undo();
     ASSERT_EQ(d.project().glyphs, states[i]) << i;
   }
   EXPECT_FALSE(d.manager.canUndo());
-  for (std::size_t i = 1; i <= 40; ++i) {
+  for (std::size_t i = 1; i <= steps; ++i) {
     d.manager.redo();
     ASSERT_EQ(d.project().glyphs, states[i]) << i;
   }
-  // What was changed otherwise since comes back with redo.
+  // What is no metric stays as it was changed meanwhile.
   d.manager.editGlyph(ids[0], [](Glyph& g) { g.setUnicode("x"); });
-  const auto changed = d.project().glyphs;
   d.manager.undo();
-  EXPECT_EQ(d.project().glyphs, states[39]);
-  d.manager.redo();
-  EXPECT_EQ(d.project().glyphs, changed);
+  EXPECT_EQ(glyph(0).unicode(), "x");
+  EXPECT_EQ(glyph(1), states[steps - 1][1]);
 }
 
 TEST_F(SelectionTest, IsAsItWasAfterAGestureThatIsCancelled) {
-  applyMetricsToSelection(d.manager, {.leftSideBearing = 33});
+  set(GlyphMetric::leftSideBearing, 33);
   const auto start = d.project().glyphs;
   SelectionMetricEdit edit(d.manager, GlyphMetric::scale);
-  for (const std::vector<double>& values : {std::vector<double>{}, {1.1, 0.3, 1.9}}) {
-    edit.begin();
-    for (const double value : values) edit.apply(value);
-    edit.cancel();
-    EXPECT_EQ(d.project().glyphs, start);
-    EXPECT_EQ(d.manager.undoManager().undoCount(), 1U);
-  }
+  for (const auto steps :
+       {SelectionMetricEdit::Steps::perMovement, SelectionMetricEdit::Steps::one})
+    for (const std::vector<double>& values : {std::vector<double>{}, {1.1, 0.3, 1.9}}) {
+      edit.begin(steps);
+      for (const double value : values) edit.apply(value);
+      edit.cancel();
+      EXPECT_EQ(d.project().glyphs, start);
+      EXPECT_EQ(d.manager.undoManager().undoCount(), 1U);
+    }
+}
+
+// Forty presses of an arrow key with many glyphs selected: what is kept of each is its two values.
+TEST_F(SelectionTest, KeepsNoCopyOfItsGlyphsForEveryStep) {
+  SelectionMetricEdit edit(d.manager, GlyphMetric::leftSideBearing);
+  double value = 50;
+  const auto press = [&] {
+    edit.begin(SelectionMetricEdit::Steps::one);
+    edit.apply(value += 1);
+    edit.end();
+  };
+  press();
+  const std::size_t afterOne = d.manager.undoManager().size();
+  for (int i = 1; i < 40; ++i) press();
+  EXPECT_EQ(d.manager.undoManager().undoCount(), 40U);
+  EXPECT_LT(d.manager.undoManager().size(), afterOne + 39 * 200);
+  for (int i = 0; i < 40; ++i) d.manager.undo();
+  EXPECT_EQ(d.project().glyphs, before);
 }
 
 TEST(OverlayMapping, SharesOneOriginAndFillsTheHeight) {

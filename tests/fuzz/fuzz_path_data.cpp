@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto placed = PathConverter::convertToFontCoordinates(text, viewBox, 1000);
   require(placed.fontPath.size() <= size, "a command takes a letter or two numbers at least");
   bool finite = true;
-  for (const PathCommand& command : placed.fontPath)
+  for (const PathCommand& command : placed.fontPath.commands())
     for (const Point p : command.points)
       finite = finite && std::isfinite(p.x) && std::isfinite(p.y);
   const Rect box = controlBox(placed.fontPath);

@@ -1,6 +1,7 @@
 #include "kerning/glyph_name_search.h"
 #include "kerning/kerning_list.h"
 #include "kerning/kerning_pairs.h"
+#include "project/kerning_index.h"
 #include "support/document.h"
 #include "support/testing.h"
 
@@ -41,8 +42,9 @@ TEST(KerningList, ShowsWhatFilteringTheProjectFinds) {
       expected.push_back(pair->id);
     EXPECT_EQ(ids(list), expected) << text;
   }
+  const KerningIndex index(project.kerningPairs);
   for (std::size_t row = 0; row < list.size(); ++row) {
-    const KerningPair* pair = kerningPairWithId(project, list.id(row));
+    const KerningPair* pair = &project.kerningPairs[*index.withId(list.id(row))];
     EXPECT_EQ(list.leftGlyph(row) + list.rightGlyph(row), pair->leftGlyph + pair->rightGlyph);
     EXPECT_EQ(list.rowOf(pair->id), row);
   }

@@ -31,7 +31,7 @@ TEST(FontProject, SortsGlyphsByNameKeepingTheOrderOfEquals) {
 
 // The metrics, the box and the end of the curve.
 std::string text(const Glyph& glyph) {
-  const Point end = glyph.fontPath()[2].points[2];
+  const Point end = glyph.fontPath().commands()[2].points[2];
   const Rect& box = glyph.boundingBox();
   std::string result;
   for (const double value :
@@ -61,7 +61,7 @@ TEST(Glyph, KeepsOutlineAndMetricsInStep) {
     Glyph glyph = before;
     change(glyph);
     EXPECT_EQ(text(glyph), expected);
-    EXPECT_EQ(glyph.fontPath()[3], PathCommand::closePath());
+    EXPECT_EQ(glyph.fontPath().commands()[3], PathCommand::closePath());
     EXPECT_EQ(before, placedGlyph()) << "the outline is shared until it changes";
   }
 }
@@ -107,6 +107,35 @@ TEST(Glyph, StaysInStepThroughAnySequenceOfChanges) {
       ASSERT_NEAR(glyph.boundingBox().height, box.height, 2 * tolerance);
     }
   }
+}
+
+TEST(Outline, ReadsAsIfEveryMoveHadMovedItsPoints) {
+  std::mt19937 random(11);
+  const auto number = [&] { return static_cast<double>(random()) / 1e7 - 200; };
+  std::vector<PathCommand> points;
+  for (int i = 0; i < 9; ++i)
+    points.push_back(i % 3 == 0   ? PathCommand::moveTo({number(), number()})
+                     : i % 3 == 1 ? PathCommand::curveTo({number(), number()}, {0.1, number()},
+                                                         {number(), 1e-17})
+                                  : PathCommand::closePath());
+  Outline outline = points;
+  std::vector<std::pair<Outline, std::vector<PathCommand>>> earlier;
+  for (int move = 0; move < 70; ++move) {
+    earlier.emplace_back(outline, points);
+    const double a = number();
+    const double b = number() / 37;
+    const bool shifts = random() % 3 != 0;
+    shifts ? outline.shift(a, b) : outline.resize(a, b);
+    for (PathCommand& command : points)
+      for (std::size_t i = 0; i < command.pointCount(); ++i) {
+        Point& p = command.points[i];
+        p = shifts ? Point{p.x + a, p.y + b} : Point{a + (p.x - a) * b, p.y * b};
+      }
+    const PlacedCommands read = outline.commands();
+    ASSERT_TRUE(std::equal(read.begin(), read.end(), points.begin(), points.end())) << move;
+    EXPECT_NE(outline.identity(), earlier.back().first.identity());
+  }
+  for (const auto& [then, was] : earlier) ASSERT_EQ(then, Outline(was));
 }
 
 TEST(Outline, BoxHoldsControlPointsAndIsInfiniteWithoutPoints) {

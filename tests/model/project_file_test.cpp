@@ -39,8 +39,12 @@ struct RandomProjects {
   }
 
   Glyph glyph() {
-    GlyphRecord g{Uuid::random(), {},       text(),   SharedText(text()), rect(), number(),
-                  number(),       number(), number(), number(),           rect(), {}};
+    GlyphRecord g{{number(), number(), number(), number(), number(), rect(), {}},
+                  Uuid::random(),
+                  {},
+                  text(),
+                  SharedText(text()),
+                  rect()};
     if (random() % 3 != 0) g.unicode = text();
     g.fontPath = {PathCommand::moveTo(point()), PathCommand::lineTo(point()),
                   PathCommand::curveTo(point(), point(), point()), PathCommand::closePath()};

@@ -45,7 +45,7 @@ struct SceneTest : ::testing::Test {
   Rect bounds() { return scene.hoveredBounds().value_or(Rect{}); }
   void expectUpToDate(const char* after) {
     const TextLayout fresh = layoutText(scene.text(), d.project(), GlyphIndex(d.project().glyphs),
-                                        KerningTable(d.project().kerningPairs), scene.fontSize());
+                                        KerningIndex(d.project().kerningPairs), scene.fontSize());
     const TextLayout& kept = scene.layout();
     EXPECT_EQ(kept.contentSize, fresh.contentSize) << after;
     EXPECT_EQ(characterInfos(kept, d.project()), characterInfos(fresh, d.project())) << after;

@@ -21,7 +21,7 @@ FontProject sampleProject() {
 struct Set {
   explicit Set(std::string_view text, FontProject p = sampleProject(), double size = 100)
       : project(std::move(p)), layout(layoutText(text, project, GlyphIndex(project.glyphs),
-                                                 KerningTable(project.kerningPairs), size)) {}
+                                                 KerningIndex(project.kerningPairs), size)) {}
 
   // "A@20 V@72": glyph names and pens, lines parted by a bar.
   std::string pens() const {

@@ -1,93 +1,84 @@
 #include "project/undo_manager.h"
+#include "project/value_step.h"
+#include "support/document.h"
 #include "support/testing.h"
 
 namespace quillery::test {
 namespace {
 
-// A number whose changes can be undone and redone.
-class Counter {
-public:
-  explicit Counter(UndoManager& undo) : undo_(undo) {}
-
-  void set(int value, const std::string& name) {
-    undo_.registerUndo([this, old = this->value, name] { set(old, name); });
-    undo_.setActionName(name);
-    this->value = value;
+// A number whose changes are steps, each of the size that it is told.
+struct Counter {
+  void set(int to, std::size_t size = 1) {
+    struct Step : ValueStep<int> {
+      Step(Counter& c, std::size_t s)
+          : ValueStep({[&c] { return c.value; }, [&c](const int& v) { c.value = v; }}, c.value),
+            bytes(s) {}
+      std::size_t size(const ProjectManager&) const override { return bytes; }
+      std::size_t bytes;
+    };
+    auto step = std::make_unique<Step>(*this, size);
+    value = to;
+    undo.add("Set " + std::to_string(to), std::move(step), d.manager);
+  }
+  int undoAll() {
+    int count = 0;
+    for (; undo.canUndo(); ++count) undo.undo(d.manager);
+    return count;
   }
 
+  Document d;
+  UndoManager undo{100};
   int value = 0;
-
-private:
-  UndoManager& undo_;
 };
 
-TEST(UndoManager, GoesBackAndForthThroughStepsThatRegisterTheirInverse) {
-  UndoManager undo;
-  Counter counter(undo);
-  for (int i = 1; i <= 3; ++i) counter.set(i, "Set " + std::to_string(i));
+TEST(UndoManager, GoesBackAndForthThroughItsSteps) {
+  Counter counter;
+  UndoManager& undo = counter.undo;
+  for (int i = 1; i <= 3; ++i) counter.set(i);
   for (int i = 3; i > 0; --i) {
     EXPECT_EQ(undo.undoActionName(), "Set " + std::to_string(i));
-    undo.undo();
+    undo.undo(counter.d.manager);
     EXPECT_EQ(counter.value, i - 1);
     EXPECT_EQ(undo.redoActionName(), "Set " + std::to_string(i));
   }
   EXPECT_EQ(undo.undoActionName(), "");
-  undo.undo();
-  for (int i = 1; i <= 4; ++i) undo.redo();
+  undo.undo(counter.d.manager);
+  for (int i = 1; i <= 4; ++i) undo.redo(counter.d.manager);
   EXPECT_EQ(counter.value, 3);
-  undo.undo();
-  counter.set(7, "Set 7");
+  undo.undo(counter.d.manager);
+  counter.set(7);
   EXPECT_FALSE(undo.canRedo());
-  undo.undo();
+  undo.undo(counter.d.manager);
   EXPECT_EQ(counter.value, 2);
-}
-
-TEST(UndoManager, UndoesAGroupAsOneStepLastFirst) {
-  UndoManager undo;
-  std::string order;
-  const auto step = [&](const char* name) {
-    return [&, name] {
-      order += name;
-      undo.registerUndo([&, name] { order += name; });
-    };
-  };
-  undo.beginGroup();
-  undo.registerUndo(step("a"));
-  undo.beginGroup();
-  undo.registerUndo(step("b"));
-  undo.endGroup();
-  undo.setActionName("Both");
-  EXPECT_FALSE(undo.canUndo());
-  undo.undo(); // not while the group is open
-  undo.endGroup();
-  EXPECT_EQ(undo.undoActionName(), "Both");
-  undo.undo();
-  EXPECT_EQ(order, "ba");
-  EXPECT_EQ(undo.redoActionName(), "Both");
-  undo.redo();
-  EXPECT_EQ(order, "baab");
-  EXPECT_FALSE(undo.canRedo() || undo.canUndo());
-}
-
-TEST(UndoManager, LeavesNothingToRedoAfterAStepWithoutInverseAndNoTraceOfAnEmptyGroup) {
-  UndoManager undo;
-  Counter counter(undo);
-  counter.set(1, "Set 1");
-  undo.beginGroup();
-  undo.setActionName("Nothing");
-  undo.endGroup();
-  EXPECT_EQ(undo.undoActionName(), "Set 1");
-  undo.registerUndo([&] {
-    undo.undo(); // from within a step: nothing
-    EXPECT_FALSE(undo.canUndo());
-  });
-  undo.undo();
-  EXPECT_FALSE(undo.canRedo());
-  EXPECT_EQ(counter.value, 1);
-  EXPECT_TRUE(undo.canUndo());
-  undo.undo();
   undo.removeAllActions();
   EXPECT_FALSE(undo.canUndo() || undo.canRedo());
+  EXPECT_EQ(undo.size(), 0U);
+}
+
+TEST(UndoManager, ForgetsTheOldestStepsPastItsBudgetButNeverTheNewest) {
+  Counter counter;
+  for (int i = 1; i <= 20; ++i) counter.set(i, 10);
+  EXPECT_EQ(counter.undo.size(), 100U);
+  for (int i = 0; i < 4; ++i) counter.undo.undo(counter.d.manager);
+  EXPECT_EQ(counter.undo.size(), 100U) << "what can be redone occupies memory, too";
+  counter.set(50, 10);
+  EXPECT_EQ(counter.undo.size(), 70U);
+  EXPECT_EQ(counter.undoAll(), 7);
+  EXPECT_EQ(counter.value, 10);
+  counter.set(1, 30);
+  counter.set(2, 1000);
+  EXPECT_EQ(counter.undoAll(), 1);
+}
+
+TEST(UndoManager, ForgetsWhatCameAfterAMarkThoughOlderStepsHaveGone) {
+  Counter counter;
+  for (int i = 1; i <= 8; ++i) counter.set(i, 10);
+  const auto mark = counter.undo.mark();
+  for (int i = 9; i <= 14; ++i) counter.set(i, 10); // the first four are forgotten
+  counter.undo.forgetSince(mark);
+  EXPECT_EQ(counter.undo.undoActionName(), "Set 8");
+  EXPECT_EQ(counter.undo.undoCount(), 4U);
+  EXPECT_EQ(counter.undo.size(), 40U);
 }
 
 } // namespace

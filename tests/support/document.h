@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/project_manager.h"
+#include "project/value_step.h"
 #include "support/console_capture.h"
 #include "support/projects.h"
 #include "support/scripted_desktop.h"
@@ -39,6 +40,16 @@ struct Document {
 
   void setGlyphs(std::vector<Glyph> glyphs) {
     manager.editGlyphList([&](std::vector<Glyph>& list) { list = std::move(glyphs); });
+  }
+
+  /// A change that can be undone.
+  void makeStep() {
+    const ValueBinding<double> height = {
+        [this] { return manager.currentProject().xHeight; },
+        [this](double value) { manager.editFontInfo([=](FontInfo& f) { f.xHeight = value; }); }};
+    auto step = std::make_unique<ValueStep<double>>(height, height.get());
+    height.set(height.get() + 1);
+    manager.addUndoStep("Step", std::move(step));
   }
 
   /// A project file with one glyph of this name.

@@ -10,7 +10,7 @@ namespace {
 // "M1,2 C1,2 3,4 5,6 Z"
 std::string text(const Outline& outline) {
   std::string result;
-  for (const PathCommand& command : outline) {
+  for (const PathCommand& command : outline.commands()) {
     if (!result.empty()) result += ' ';
     result += "MLCZ"[static_cast<int>(command.kind)];
     for (std::size_t i = 0; i < command.pointCount(); ++i)
@@ -61,10 +61,10 @@ TEST(ParsePathData, ReadsEveryNumberToTheBit) {
     numbers.push_back(std::strtod(digits, nullptr));
     data += digits + std::string(random() % 2 == 0 ? "," : "  ");
   }
-  const Outline outline = PathConverter::parsePathData(data);
-  ASSERT_EQ(outline.size(), numbers.size() / 2);
+  const PlacedCommands commands = PathConverter::parsePathData(data).commands();
+  ASSERT_EQ(commands.size(), numbers.size() / 2);
   for (std::size_t i = 0; i < numbers.size(); i += 2)
-    ASSERT_EQ(outline[i / 2], PathCommand::lineTo({numbers[i], numbers[i + 1]}));
+    ASSERT_EQ(commands[i / 2], PathCommand::lineTo({numbers[i], numbers[i + 1]}));
 }
 
 TEST(ConvertToFontCoordinates, PutsTheBottomOfTheDrawingOnTheBaseline) {

@@ -101,7 +101,7 @@ bool MultiGlyphOverlayCanvas::takeOutlines() {
   for (std::size_t i = 0; i < glyphs_.size(); ++i) {
     const Glyph* const glyph = manager_.glyphWithId(glyphs_[i]);
     const Outline& outline = glyph ? glyph->fontPath() : Outline();
-    if (outline.begin() == outlines_[i].begin()) continue;
+    if (outline.identity() == outlines_[i].identity()) continue;
     outlines_[i] = outline;
     changed = true;
   }
@@ -110,8 +110,8 @@ bool MultiGlyphOverlayCanvas::takeOutlines() {
 
 void MultiGlyphOverlayCanvas::projectChanged(const ProjectChange& change) {
   using What = ProjectChange::What;
-  const bool ofGlyphs = change.what == What::glyphs ||
-                        change.what == What::glyphList || change.what == What::everything;
+  const bool ofGlyphs = change.what == What::glyphs || change.what == What::glyphList ||
+                        change.what == What::everything;
   const bool ofLines = change.what == What::fontInfo || change.what == What::everything;
   // Widths and side bearings leave the outlines alone.
   const bool moved = ofGlyphs && takeOutlines();

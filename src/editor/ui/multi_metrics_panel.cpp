@@ -1,6 +1,8 @@
 #include "editor/ui/multi_metrics_panel.h"
 
 #include "desktop/value_slider.h"
+#include "editor/glyph_metrics.h"
+#include "editor/multi_glyph.h"
 
 namespace quillery {
 
@@ -9,8 +11,8 @@ MultiMetricsPanel::MultiMetricsPanel(ProjectManager& manager, QWidget* parent)
       count_(new TextLabel({}, TextStyle::body, Role::textSecondary, this)),
       connection_(manager.changed.connect([this](const ProjectChange& change) {
         using What = ProjectChange::What;
-        if (change.what == What::glyphs ||
-            change.what == What::glyphList || change.what == What::everything)
+        if (change.what == What::glyphs || change.what == What::glyphList ||
+            change.what == What::everything)
           refresh();
       })) {
   setObjectName(QStringLiteral("multiMetricsPanel"));

@@ -1,6 +1,7 @@
 #include "editor/ui/multi_value_slider.h"
 
 #include "desktop/value_slider.h"
+#include "editor/glyph_metrics.h"
 
 namespace quillery {
 

@@ -6,29 +6,26 @@ namespace quillery {
 
 UndoableSlider::UndoableSlider(ProjectManager& manager, const GlyphMetricInfo& info,
                                QWidget* parent)
-    : ValueSliderRow(info, parent), manager_(manager), info_(info), edit_(makeEdit({})) {}
-
-UndoableEdit<double> UndoableSlider::makeEdit(const Uuid& glyph) const {
-  return {manager_, glyphMetricBinding(manager_, glyph, info_.metric), info_.actionName};
-}
+    : ValueSliderRow(info, parent), manager_(manager), info_(info), edit_(manager) {}
 
 void UndoableSlider::setGlyph(const Uuid& glyph) {
   edit_.end();
-  edit_ = makeEdit(glyph);
+  glyph_ = glyph;
   refresh();
 }
 
 void UndoableSlider::refresh() {
-  const double value = edit_.binding().get();
+  const Glyph* const glyph = manager_.glyphWithId(glyph_);
+  const double value = (glyph ? glyph->placement() : GlyphPlacement()).metric(info_.metric);
   show(value, shown(value));
 }
 
 void UndoableSlider::beginGesture() {
-  edit_.begin();
+  if (!edit_.isOpen()) edit_.begin({glyph_}, {info_.metric}, info_.actionName);
 }
 
 void UndoableSlider::change(double value) {
-  if (edit_.isOpen()) edit_.binding().set(value);
+  edit_.set({value});
   // Also where nothing was set: the slider has moved.
   refresh();
 }
@@ -39,8 +36,8 @@ void UndoableSlider::endGesture() {
 }
 
 void UndoableSlider::cancelGesture() {
-  edit_.restore();
-  endGesture();
+  edit_.cancel();
+  refresh();
 }
 
 QString UndoableScaleSlider::shown(double value) const {

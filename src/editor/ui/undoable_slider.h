@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/glyph_metrics.h"
+#include "editor/metrics_edit.h"
 #include "editor/ui/value_slider_row.h"
 
 namespace quillery {
@@ -25,11 +26,10 @@ protected:
   void cancelGesture() override;
 
 private:
-  UndoableEdit<double> makeEdit(const Uuid& glyph) const;
-
   ProjectManager& manager_;
   const GlyphMetricInfo& info_;
-  UndoableEdit<double> edit_;
+  Uuid glyph_;
+  MetricsEdit edit_;
 };
 
 /// A factor, shown and typed as per cent.

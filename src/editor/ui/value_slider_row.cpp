@@ -33,7 +33,7 @@ std::optional<double> parsePercent(const std::string& typed) {
 
 ValueSliderRow::ValueSliderRow(const GlyphMetricInfo& info, QWidget* parent) : QWidget(parent) {
   const QString label = QCoreApplication::translate("GlyphMetrics", info.label);
-  const QString name = QString::fromLatin1(info.name);
+  const QString name = QString::fromLatin1(quillery::name(info.metric));
   readout_ = new ValueReadout(label, this);
   readout_->setObjectName(name + QStringLiteral("Value"));
   slider_ = new ValueSlider(info.least, info.greatest, info.step, this);

@@ -108,7 +108,7 @@ QWidget* KerningAdjustmentView::makeControls() {
   connect(slider_, &ValueSlider::moved, this, [this](double value) {
     edit_.set(std::round(value));
     // Back to the value that was taken: between two steps none is, nor after an undo.
-    if (const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_))
+    if (const KerningPair* pair = manager_.kerningPairWithId(pair_))
       slider_->showValue(pair->value);
   });
   connect(slider_, &ValueSlider::gestureEnded, this, [this] { edit_.end(); });
@@ -155,7 +155,7 @@ void KerningAdjustmentView::projectChanged(const ProjectChange& change) {
 }
 
 void KerningAdjustmentView::refresh() {
-  const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_);
+  const KerningPair* pair = manager_.kerningPairWithId(pair_);
   setCurrentIndex(pair ? kPairPage : kGonePage);
   if (!pair) return;
   const QString title = tr("Adjust Kerning: ") + shownText(pair->leftGlyph) +

@@ -52,7 +52,7 @@ QSize KerningCanvas::minimumSizeHint() const {
 }
 
 KerningScene KerningCanvas::scene() const {
-  const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_);
+  const KerningPair* pair = manager_.kerningPairWithId(pair_);
   if (!pair) return {};
   return {manager_.firstGlyphNamed(pair->leftGlyph), manager_.firstGlyphNamed(pair->rightGlyph),
           pair->value};
@@ -102,7 +102,7 @@ void KerningCanvas::keyPressEvent(QKeyEvent* event) {
   const bool nudge = (left || event->key() == Qt::Key_Right) && !(modifiers & ~Qt::ShiftModifier);
   if (!nudge) return MouseTrackingView::keyPressEvent(event);
   const double step = modifiers & Qt::ShiftModifier ? kLargeStep : kSmallStep;
-  if (const KerningPair* pair = kerningPairWithId(manager_.currentProject(), pair_))
+  if (const KerningPair* pair = manager_.kerningPairWithId(pair_))
     enterKerningValue(manager_, pair_, pair->value + (left ? -step : step));
 }
 

@@ -182,7 +182,7 @@ void KerningEditorView::projectChanged(const ProjectChange& change) {
   case What::kerningList:
     return showPairs();
   case What::kerningPair:
-    if (const KerningPair* pair = kerningPairWithId(manager_.currentProject(), change.ids.front()))
+    if (const KerningPair* pair = manager_.kerningPairWithId(change.ids.front()))
       model_->followValue(*pair);
     return;
   case What::selectedPair:

@@ -19,7 +19,7 @@ constexpr double kFarthest = 1e6;
 } // namespace
 
 const GlyphPictures::Picture& GlyphPictures::picture(const Outline& outline, QPoint step) {
-  const Key key{outline.begin(), step};
+  const Key key{outline.identity(), step};
   if (const Picture* found = pictures_.object(key)) return *found;
   auto* const made = new Picture{outline, {}, {}, false};
   const QTransform place(scale_, 0, 0, -scale_, static_cast<double>(step.x()) / kSteps,

@@ -21,16 +21,16 @@ public:
 
 private:
   struct Key {
-    const PathCommand* commands;
+    Outline::Identity outline;
     QPoint step; // within the pixel of the origin
 
     friend bool operator==(const Key&, const Key&) = default;
     friend size_t qHash(const Key& key, size_t seed = 0) {
-      return qHashMulti(seed, key.commands, key.step.x(), key.step.y());
+      return qHashMulti(seed, key.outline.commands, key.outline.moves, key.step.x(), key.step.y());
     }
   };
   struct Picture {
-    Outline outline; // keeps the commands at their address
+    Outline outline; // keeps its identity
     QPixmap pixmap;  // none: empty, or too large
     QPoint corner;   // from the pixel of the origin
     bool tooLarge = false;

@@ -178,7 +178,7 @@ void PreviewPanel::selectGlyphNamed(const std::string& name) {
 }
 
 void PreviewPanel::selectPair(const std::string& leftGlyph, const std::string& rightGlyph) {
-  const KerningPair* pair = firstKerningPair(manager_.currentProject(), leftGlyph, rightGlyph);
+  const KerningPair* pair = manager_.firstKerningPair(leftGlyph, rightGlyph);
   manager_.selectKerningPair(pair ? pair->id : addKerningPair(manager_, leftGlyph, rightGlyph));
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/value_readout.h"
 #include "desktop/value_slider.h"
 #include "editor/multi_glyph.h"
+#include "editor/selection_metric_edit.h"
 #include "editor/ui/editor_area.h"
 #include "editor/ui/glyph_canvas.h"
 #include "editor/ui/metrics_panel.h"
@@ -274,9 +275,14 @@ private Q_SLOTS:
     QVERIFY(pixel() != first && std::abs(pixel().hue() - draft.hue()) < 3);
     QCOMPARE(canvas->grab().toImage().pixelColor(900, 700), themeColor(Role::canvas));
     // Nothing is painted anew for widths.
-    applyAdvanceWidthToSelection(editor.manager, 777);
+    const auto set = [&](GlyphMetric metric, double value) {
+      SelectionMetricEdit edit(editor.manager, metric);
+      edit.begin();
+      edit.apply(value);
+    };
+    set(GlyphMetric::advanceWidth, 777);
     QVERIFY(canvas->isComplete());
-    applyMetricToSelection(editor.manager, GlyphMetric::scale, 0.5);
+    set(GlyphMetric::scale, 0.5);
     QVERIFY(!canvas->isComplete());
   }
 
