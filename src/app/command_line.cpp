@@ -1,31 +1,66 @@
 #include "app/command_line.h"
 
 #include "app/commands.h"
-#include "base/numbers.h"
+#include "base/console.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <functional>
 #include <map>
 
 namespace quillery {
 namespace {
 
-double number(const std::string& option, const std::string& text) {
-  const auto value = parseDecimal(text);
-  if (!value || !std::isfinite(*value))
-    throw CLI::ValidationError(option, "\"" + text + "\" is not a number");
+// Arguments are bytes. What they are to be is made of them here, or they are wrong usage.
+
+CLI::ValidationError notA(const char* what, const std::string& option, const std::string& text) {
+  return CLI::ValidationError(option, "\"" + text + "\" is not " + what);
+}
+
+Utf8 textArgument(const std::string& option, const std::string& text) {
+  auto parsed = Utf8::parse(text);
+  if (!parsed) throw notA("UTF-8", option, text);
+  return *std::move(parsed);
+}
+
+Finite number(const std::string& option, const std::string& text) {
+  const auto value = Finite::parse(text);
+  if (!value) throw notA("a number", option, text);
   return *value;
 }
 
-std::int64_t wholeNumber(const std::string& option, const std::string& text) {
+Positive positiveNumber(const std::string& option, const std::string& text) {
+  const auto value = Positive::parse(text);
+  if (!value) throw notA("a number above 0", option, text);
+  return *value;
+}
+
+std::int64_t positiveWholeNumber(const std::string& option, const std::string& text) {
   std::int64_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size())
-    throw CLI::ValidationError(option, "\"" + text + "\" is not a whole number");
+  if (error != std::errc() || end != text.data() + text.size() || value <= 0)
+    throw notA("a whole number above 0", option, text);
   return value;
+}
+
+// The arguments as the library reads them: it would take the next argument for the value of an
+// option that ends in "=".
+std::vector<std::string> withEmptyValues(int argc, char** argv) {
+  std::vector<std::string> arguments;
+  bool isOver = false; // behind "--"
+  for (int i = 1; i < argc; ++i) {
+    std::string argument = argv[i];
+    isOver = isOver || argument == "--";
+    const bool hasEmptyValue = !isOver && argument.size() > 3 && argument.starts_with("--") &&
+                               argument.find('=') == argument.size() - 1;
+    if (hasEmptyValue) argument.pop_back();
+    arguments.push_back(std::move(argument));
+    if (hasEmptyValue) arguments.emplace_back();
+  }
+  std::reverse(arguments.begin(), arguments.end()); // the library wants the last one first
+  return arguments;
 }
 
 // Calls `apply` for every option given, in the order of the arguments, with its values. `sizes`
@@ -64,17 +99,19 @@ public:
   ExitStatus run(int argc, char** argv, const WindowToolkit& toolkit) {
     preview_.paint = toolkit.paintPreview;
     try {
-      app_.parse(argc, argv);
+      app_.name(argc > 0 ? argv[0] : "quillery");
+      app_.parse(withEmptyValues(argc, argv));
     } catch (const CLI::Success& asked) { // --help, --version
       app_.exit(asked);
       return ExitStatus::done;
     } catch (const CLI::Error& error) {
-      printError(error.what());
+      printError(escaped(error.what()));
       return ExitStatus::wrongUsage;
     }
     if (!resources_.empty()) {
       places_.resourceFolder = resources_;
     }
+    printLinesToStandardError(form() != TableForm::lines);
     if (chosen_) return chosen_();
     if (toolkit.openWindow)
       return toolkit.openWindow(
@@ -99,14 +136,24 @@ private:
     return sub;
   }
 
+  // How a command that lists something prints it.
+  void addForms(CLI::App& sub) {
+    auto* json = sub.add_flag("--json", json_, "Print JSON, and nothing else on standard output");
+    sub.add_flag("--tsv", tsv_, "Print values parted by tabs, and nothing else on standard output")
+        ->excludes(json);
+  }
+  TableForm form() const {
+    return json_ ? TableForm::json : tsv_ ? TableForm::tsv : TableForm::lines;
+  }
+
   void addImport() {
-    auto* sub = subcommand("import", "Import drawings into a project and save it", import_,
-                           [this](const CLI::App&) {
-                             if (!unitsPerEm_.empty())
-                               import_.unitsPerEm = wholeNumber("--units-per-em", unitsPerEm_);
-                           });
+    auto* sub = subcommand(
+        "import", "Import drawings into a project and save it", import_, [this](const CLI::App&) {
+          if (unitsPerEm_) import_.unitsPerEm = positiveWholeNumber("--units-per-em", *unitsPerEm_);
+          if (name_) import_.name = textArgument("--name", *name_);
+        });
     sub->add_option("DRAWING", import_.drawings, "SVG files, or folders of them")->required();
-    sub->add_option("--name", import_.name, "Name of a new project");
+    sub->add_option("--name", name_, "Name of a new project");
     sub->add_option("--units-per-em", unitsPerEm_, "Units per em of a new project")->type_name("N");
   }
 
@@ -119,8 +166,10 @@ private:
   }
 
   void addCheck() {
-    auto* sub = subcommand("check", "List what a font made from the project would lack", check_);
+    auto* sub = subcommand("check", "List what a font made from the project would lack", check_,
+                           [this](const CLI::App&) { check_.form = form(); });
     sub->add_flag("--fix", check_.fix, "Add a missing space or .notdef glyph and save");
+    addForms(*sub);
   }
 
   void addConvert() {
@@ -131,19 +180,26 @@ private:
   void addMetrics() {
     const auto finish = [this](const CLI::App& sub) {
       inOrder(sub, metricValues_, [this](const CLI::Option* option, const auto& values) {
-        metrics_.changes.push_back({metricOf_.at(option), number(option->get_name(), values[0])});
+        const GlyphMetric metric = metricOf_.at(option);
+        metrics_.changes.push_back({metric, metric == GlyphMetric::scale
+                                                ? positiveNumber(option->get_name(), values[0])
+                                                : number(option->get_name(), values[0])});
       });
+      for (const std::string& name : glyphs_)
+        metrics_.glyphs.push_back(textArgument("GLYPH", name));
+      metrics_.form = form();
     };
     auto* sub = subcommand("metrics", "Set metrics of glyphs in the order given, or print them",
                            metrics_, finish);
-    sub->add_option("GLYPH", metrics_.glyphs, "Names of glyphs");
+    sub->add_option("GLYPH", glyphs_, "Names of glyphs");
     sub->add_flag("--all", metrics_.all, "Every glyph");
-    using Metric = MetricsCommand::Metric;
-    for (const auto& [name, metric] : {std::pair{"--left-side-bearing", Metric::leftSideBearing},
-                                       std::pair{"--right-side-bearing", Metric::rightSideBearing},
-                                       std::pair{"--advance-width", Metric::advanceWidth},
-                                       std::pair{"--vertical-offset", Metric::verticalOffset},
-                                       std::pair{"--scale", Metric::scale}}) {
+    addForms(*sub);
+    for (const auto& [name, metric] :
+         {std::pair{"--left-side-bearing", GlyphMetric::leftSideBearing},
+          std::pair{"--right-side-bearing", GlyphMetric::rightSideBearing},
+          std::pair{"--advance-width", GlyphMetric::advanceWidth},
+          std::pair{"--vertical-offset", GlyphMetric::verticalOffset},
+          std::pair{"--scale", GlyphMetric::scale}}) {
       auto* option =
           sub->add_option(name, texts_, "Font units; a factor for the scale")->type_name("X");
       option->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -154,21 +210,27 @@ private:
 
   void addKern() {
     const auto finish = [this](const CLI::App& sub) {
-      inOrder(sub, kernValues_, [this](const CLI::Option* option, const auto& values) {
+      inOrder(sub, kernValues_, [this](const CLI::Option*, const auto& values) {
         using Kind = KernCommand::Change::Kind;
         if (values.size() == 3)
-          kern_.changes.push_back(
-              {Kind::set, values[0], values[1], number(option->get_name(), values[2])});
+          kern_.changes.push_back({Kind::set, textArgument("--set", values[0]),
+                                   textArgument("--set", values[1]), number("--set", values[2])});
         else if (values.size() == 2)
-          kern_.changes.push_back({Kind::remove, values[0], values[1]});
+          kern_.changes.push_back({Kind::remove,
+                                   textArgument("--delete", values[0]),
+                                   textArgument("--delete", values[1]),
+                                   {}});
         else
-          kern_.changes.push_back({Kind::common, {}, {}});
+          kern_.changes.push_back({Kind::common, {}, {}, {}});
       });
+      kern_.filter = textArgument("--filter", filter_);
+      kern_.form = form();
     };
     auto* sub = subcommand("kern", "Change the kerning pairs in the order given, or print them",
                            kern_, finish);
-    sub->add_option("--filter", kern_.filter, "Print only pairs with this text in a name")
+    sub->add_option("--filter", filter_, "Print only pairs with this text in a name")
         ->type_name("TEXT");
+    addForms(*sub);
     kernValues_[sub->add_flag("--common", common_, "Add the common pairs")] = 1;
     auto* set = sub->add_option("--set", texts_, "Set the value of a pair, or add one")
                     ->type_name("LEFT RIGHT VALUE");
@@ -185,9 +247,10 @@ private:
   void addPreview() {
     auto* sub = subcommand("preview", "Set a text as the window's preview does", preview_,
                            [this](const CLI::App&) {
-                             if (!size_.empty()) preview_.size = number("--size", size_);
+                             if (size_) preview_.size = positiveNumber("--size", *size_);
+                             preview_.text = textArgument("--text", text_);
                            });
-    sub->add_option("--text", preview_.text, "The text to set")->required();
+    sub->add_option("--text", text_, "The text to set")->required();
     sub->add_option("--size", size_, "Points to the em")->type_name("POINTS");
     sub->add_option("-o", preview_.output, "The file to write, ending in .png, .svg, .pdf or .json")
         ->required()
@@ -197,7 +260,11 @@ private:
   ProgramPlaces places_;
   CLI::App app_{"Makes a font out of SVG drawings"};
   std::function<ExitStatus()> chosen_;
-  std::string window_, resources_, unitsPerEm_, size_;
+  std::string window_, resources_, text_, filter_;
+  std::optional<std::string> name_, unitsPerEm_, size_;
+  std::vector<std::string> glyphs_;
+  bool json_ = false;
+  bool tsv_ = false;
   std::vector<std::string> texts_; // taken from the options in their order instead
   int common_ = 0;
   ImportCommand import_;
@@ -207,7 +274,7 @@ private:
   MetricsCommand metrics_;
   KernCommand kern_;
   PreviewCommand preview_;
-  std::map<const CLI::Option*, MetricsCommand::Metric> metricOf_;
+  std::map<const CLI::Option*, GlyphMetric> metricOf_;
   std::map<const CLI::Option*, std::size_t> metricValues_;
   std::map<const CLI::Option*, std::size_t> kernValues_;
 };

@@ -1,6 +1,10 @@
 #pragma once
 
 #include "app/command_line.h"
+#include "app/table.h"
+#include "base/finite.h"
+#include "base/utf8.h"
+#include "model/glyph.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -18,7 +22,8 @@ struct ImportCommand {
   /// Files and folders.
   std::vector<std::filesystem::path> drawings;
   /// For a project that does not exist yet.
-  std::optional<std::string> name;
+  std::optional<Utf8> name;
+  /// Positive.
   std::optional<std::int64_t> unitsPerEm;
 };
 
@@ -32,6 +37,7 @@ struct ExportCommand {
 struct CheckCommand {
   std::filesystem::path project;
   bool fix = false;
+  TableForm form = TableForm::lines;
 };
 
 struct ConvertCommand {
@@ -40,37 +46,34 @@ struct ConvertCommand {
 };
 
 struct MetricsCommand {
-  enum class Metric { leftSideBearing, rightSideBearing, advanceWidth, verticalOffset, scale };
-  struct Change {
-    Metric metric;
-    double value;
-  };
-
   std::filesystem::path project;
-  std::vector<std::string> glyphs;
+  std::vector<Utf8> glyphs;
   bool all = false;
-  /// In the order in which they are applied. None: the metrics are printed.
-  std::vector<Change> changes;
+  /// Finite, and positive for the scale; in the order in which they are applied. None: the metrics
+  /// are printed.
+  std::vector<MetricValue> changes;
+  TableForm form = TableForm::lines;
 };
 
 struct KernCommand {
   struct Change {
     enum class Kind { common, set, remove } kind;
-    std::string leftGlyph;
-    std::string rightGlyph;
-    double value = 0;
+    Utf8 leftGlyph;
+    Utf8 rightGlyph;
+    Finite value;
   };
 
   std::filesystem::path project;
-  std::string filter;
+  Utf8 filter;
   /// In the order in which they are applied. None: the pairs are printed.
   std::vector<Change> changes;
+  TableForm form = TableForm::lines;
 };
 
 struct PreviewCommand {
   std::filesystem::path project;
-  std::string text;
-  /// Points to the em.
+  Utf8 text;
+  /// Points to the em; positive.
   double size = 48;
   std::filesystem::path output;
   /// For an output of pixels.

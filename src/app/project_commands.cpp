@@ -28,6 +28,29 @@ void printError(const std::string& message) {
   std::fputs(("quillery: " + message.substr(0, end + 1) + "\n").c_str(), stderr);
 }
 
+namespace {
+
+void print(const Table& table, TableForm form) {
+  if (form == TableForm::lines)
+    for (const std::string& line : table.lines()) printLine(line);
+  else
+    printData(form == TableForm::json ? table.json() : table.tsv());
+}
+
+std::string name(Severity severity) {
+  switch (severity) {
+  case Severity::critical:
+    return "critical";
+  case Severity::warning:
+    return "warning";
+  case Severity::info:
+    break;
+  }
+  return "info";
+}
+
+} // namespace
+
 ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
   Session session(places);
   std::error_code error;
@@ -91,9 +114,16 @@ ExitStatus run(const CheckCommand& command, const ProgramPlaces& places) {
       return ExitStatus::failed;
     warnings = validateForExport(session.project());
   }
-  for (const ExportWarning& warning : warnings)
-    printLine(std::string(severityMark(warning.severity)) + " " + warning.title + ": " +
-              warning.message);
+  if (command.form == TableForm::lines) {
+    for (const ExportWarning& warning : warnings)
+      printLine(std::string(severityMark(warning.severity)) + " " + warning.title + ": " +
+                warning.message);
+  } else {
+    Table table({"severity", "title", "message"});
+    for (const ExportWarning& warning : warnings)
+      table.add({name(warning.severity), warning.title, warning.message});
+    print(table, command.form);
+  }
   return warnings.empty() ? ExitStatus::done : ExitStatus::incomplete;
 }
 
@@ -108,48 +138,15 @@ ExitStatus run(const ConvertCommand& command, const ProgramPlaces& places) {
 
 namespace {
 
-void apply(const MetricsCommand::Change& change, Glyph& glyph) {
-  using Metric = MetricsCommand::Metric;
-  switch (change.metric) {
-  case Metric::leftSideBearing:
-    return glyph.setLeftSideBearing(change.value);
-  case Metric::rightSideBearing:
-    return glyph.setRightSideBearing(change.value);
-  case Metric::advanceWidth:
-    return glyph.setAdvanceWidth(change.value);
-  case Metric::verticalOffset:
-    return glyph.setVerticalOffset(change.value);
-  case Metric::scale:
-    return glyph.setScale(change.value);
-  }
-}
-
-// Columns padded to their widest cell.
-void printTable(const std::vector<std::vector<std::string>>& rows) {
-  std::vector<std::size_t> widths(rows.front().size());
-  for (const auto& row : rows)
-    for (std::size_t i = 0; i < row.size(); ++i)
-      widths[i] = std::max(widths[i], characters(row[i]).size());
-  for (const auto& row : rows) {
-    std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      line += row[i];
-      if (i + 1 < row.size()) line.append(widths[i] - characters(row[i]).size() + 2, ' ');
-    }
-    printLine(line);
-  }
-}
-
-void printMetrics(const std::vector<const Glyph*>& glyphs) {
-  std::vector<std::vector<std::string>> rows = {{"glyph", "character", "advanceWidth",
-                                                 "leftSideBearing", "rightSideBearing",
-                                                 "verticalOffset", "scale"}};
+Table metricsTable(const std::vector<const Glyph*>& glyphs) {
+  Table table({"glyph", "character", "advanceWidth", "leftSideBearing", "rightSideBearing",
+               "verticalOffset", "scale"});
   for (const Glyph* glyph : glyphs)
-    rows.push_back({glyph->name(), glyph->unicode().value_or("-"),
-                    formatShortest(glyph->advanceWidth()), formatShortest(glyph->leftSideBearing()),
-                    formatShortest(glyph->rightSideBearing()),
-                    formatShortest(glyph->verticalOffset()), formatShortest(glyph->scale())});
-  printTable(rows);
+    table.add({glyph->name().str(),
+               glyph->unicode() ? Table::Cell(glyph->unicode()->str()) : Table::Cell(),
+               glyph->advanceWidth(), glyph->leftSideBearing(), glyph->rightSideBearing(),
+               glyph->verticalOffset(), glyph->scale()});
+  return table;
 }
 
 } // namespace
@@ -164,7 +161,7 @@ ExitStatus run(const MetricsCommand& command, const ProgramPlaces& places) {
 
   auto status = ExitStatus::done;
   std::unordered_set<std::string> names;
-  for (const std::string& name : command.glyphs) {
+  for (const Utf8& name : command.glyphs) {
     if (session.manager().firstGlyphNamed(name)) {
       names.insert(name);
     } else {
@@ -177,12 +174,13 @@ ExitStatus run(const MetricsCommand& command, const ProgramPlaces& places) {
   for (const Glyph& glyph : session.project().glyphs)
     if (everyGlyph || names.contains(glyph.name())) glyphs.push_back(&glyph);
   if (command.changes.empty()) {
-    printMetrics(glyphs);
+    print(metricsTable(glyphs), command.form);
     return status;
   }
   for (const Glyph* glyph : glyphs)
     session.manager().editGlyph(glyph->id(), [&](Glyph& edited) {
-      for (const MetricsCommand::Change& change : command.changes) apply(change, edited);
+      for (const MetricValue& change : command.changes)
+        edited.setMetric(change.metric, change.value);
     });
   return session.save(command.project, status);
 }
@@ -191,8 +189,16 @@ ExitStatus run(const KernCommand& command, const ProgramPlaces& places) {
   Session session(places);
   if (!session.open(command.project)) return ExitStatus::failed;
   if (command.changes.empty()) {
-    for (const KerningPair* pair : filteredKerningPairs(session.project(), command.filter))
-      printLine(pair->leftGlyph + " " + pair->rightGlyph + " " + formatShortest(pair->value));
+    const auto pairs = filteredKerningPairs(session.project(), command.filter);
+    if (command.form == TableForm::lines) {
+      for (const KerningPair* pair : pairs)
+        printLine(pair->leftGlyph + " " + pair->rightGlyph + " " + formatShortest(pair->value));
+      return ExitStatus::done;
+    }
+    Table table({"left", "right", "value"});
+    for (const KerningPair* pair : pairs)
+      table.add({pair->leftGlyph.str(), pair->rightGlyph.str(), double(pair->value)});
+    print(table, command.form);
     return ExitStatus::done;
   }
 
@@ -223,7 +229,7 @@ namespace {
 using MakeDocument = std::function<Result<std::string, std::string>(const TextLayout& layout,
                                                                     const FontProject& project)>;
 
-// Documents that have a page, which needs a size.
+// A page needs a size, which a text in an em of no units has not.
 MakeDocument onPage(MakeDocument make) {
   return [make = std::move(make)](const TextLayout& layout,
                                   const FontProject& project) -> Result<std::string, std::string> {
@@ -239,8 +245,10 @@ MakeDocument onPage(MakeDocument make) {
 
 ExitStatus run(const PreviewCommand& command, const ProgramPlaces& places) {
   const PaintPreview png = command.paint ? onPage(command.paint) : nullptr;
-  const std::map<std::string, MakeDocument> formats = {
-      {".json", previewJson}, {".svg", previewSvg}, {".pdf", onPage(previewPdf)}, {".png", png}};
+  const std::map<std::string, MakeDocument> formats = {{".json", onPage(previewJson)},
+                                                       {".svg", onPage(previewSvg)},
+                                                       {".pdf", onPage(previewPdf)},
+                                                       {".png", png}};
   const std::string extension = lowercased(command.output.extension().string());
   const auto format = formats.find(extension);
   if (format == formats.end()) {

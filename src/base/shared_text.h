@@ -1,8 +1,11 @@
 #pragma once
 
+#include "base/utf8.h"
+
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace quillery {
 
@@ -11,8 +14,9 @@ namespace quillery {
 class SharedText {
 public:
   SharedText() = default;
-  SharedText(std::string_view text)
-      : text_(text.empty() ? nullptr : std::make_shared<const std::string>(text)) {}
+  SharedText(Utf8 text)
+      : text_(text.empty() ? nullptr
+                           : std::make_shared<const std::string>(std::move(text).release())) {}
 
   std::string_view view() const { return text_ ? std::string_view(*text_) : std::string_view(); }
 

@@ -29,18 +29,19 @@ FieldFormat<std::int64_t> integerFormat() {
           [](const std::int64_t& value) { return std::to_string(value); }};
 }
 
-FieldFormat<std::string> textFormat() {
-  return {[](const std::string& text) { return std::optional(text); },
-          [](const std::string& value) { return value; }};
+FieldFormat<Utf8> textFormat() {
+  return {[](const std::string& text) { return Utf8::parse(text); },
+          [](const Utf8& value) { return value.str(); }};
 }
 
-FieldFormat<std::optional<std::string>> characterFormat() {
-  using Character = std::optional<std::string>;
-  return {[](const std::string& text) {
-            return std::optional<Character>(text.empty() ? Character()
-                                                         : Character(firstCharacter(text)));
+FieldFormat<std::optional<Utf8>> characterFormat() {
+  using Character = std::optional<Utf8>;
+  return {[](const std::string& text) -> std::optional<Character> {
+            if (text.empty()) return Character();
+            auto first = Utf8::parse(std::string(firstCharacter(text)));
+            return first ? std::optional<Character>(*std::move(first)) : std::nullopt;
           },
-          [](const Character& value) { return value.value_or(""); }};
+          [](const Character& value) { return value.value_or(Utf8()).str(); }};
 }
 
 } // namespace quillery

@@ -14,13 +14,12 @@ const std::array<GlyphMetricInfo, 5> kGlyphMetrics = {{
     {GlyphMetric::scale, "Scale", 0.25, 2.0, 0.01, action::kScaleGlyph},
 }};
 
-ValueBinding<std::optional<std::string>> glyphUnicodeBinding(ProjectManager& manager,
-                                                             const Uuid& glyph) {
-  return {[&manager, glyph]() -> std::optional<std::string> {
+ValueBinding<std::optional<Utf8>> glyphUnicodeBinding(ProjectManager& manager, const Uuid& glyph) {
+  return {[&manager, glyph]() -> std::optional<Utf8> {
             const Glyph* const found = manager.glyphWithId(glyph);
             return found ? found->unicode() : std::nullopt;
           },
-          [&manager, glyph](const std::optional<std::string>& character) {
+          [&manager, glyph](const std::optional<Utf8>& character) {
             manager.editGlyph(glyph, [&](Glyph& edited) { edited.setUnicode(character); });
           }};
 }

@@ -26,7 +26,6 @@ inline const GlyphMetricInfo& infoOf(GlyphMetric metric) {
 }
 
 /// The character that a glyph maps to.
-ValueBinding<std::optional<std::string>> glyphUnicodeBinding(ProjectManager& manager,
-                                                             const Uuid& glyph);
+ValueBinding<std::optional<Utf8>> glyphUnicodeBinding(ProjectManager& manager, const Uuid& glyph);
 
 } // namespace quillery

@@ -7,14 +7,6 @@
 
 namespace quillery {
 
-/// A metric and what it is set to.
-struct MetricValue {
-  GlyphMetric metric;
-  double value;
-
-  friend bool operator==(const MetricValue&, const MetricValue&) = default;
-};
-
 /// Values that are set one after the other, each through its change rule.
 using MetricValues = std::vector<MetricValue>;
 

@@ -56,9 +56,9 @@ template <typename T> struct FieldFormat {
 FieldFormat<double> numberFormat();
 /// 64-bit integers with an optional sign, and nothing else.
 FieldFormat<std::int64_t> integerFormat();
-FieldFormat<std::string> textFormat();
+FieldFormat<Utf8> textFormat();
 /// One user-perceived character; more are dropped. Empty text is no character.
-FieldFormat<std::optional<std::string>> characterFormat();
+FieldFormat<std::optional<Utf8>> characterFormat();
 
 /// A text field whose whole edit, from gaining focus to losing it, is one undo step. The value
 /// follows every keystroke that makes one.
@@ -80,7 +80,7 @@ public:
     const auto value = format_.parse(text_);
     if (value && *value != edit_.binding().get()) edit_.binding().set(*value);
     // Text that shows its value drops what is no part of it at once.
-    if constexpr (std::is_same_v<T, std::optional<std::string>>) showValue();
+    if constexpr (std::is_same_v<T, std::optional<Utf8>>) showValue();
   }
 
   void focusIn() { edit_.begin(); }

@@ -9,10 +9,10 @@ constexpr double kSpaceWidthInEms = 0.25;
 constexpr double kNotdefWidthInEms = 0.5;
 constexpr double kNotdefInset = 50;
 
-GlyphRecord bareGlyph(std::string name, double width) {
+GlyphRecord bareGlyph(Utf8Literal name, double width) {
   GlyphRecord glyph;
   glyph.id = Uuid::random();
-  glyph.name = std::move(name);
+  glyph.name = name;
   glyph.advanceWidth = width;
   glyph.leftSideBearing = 0;
   glyph.rightSideBearing = 0;
@@ -33,7 +33,7 @@ std::string pathDataPoint(Point p) {
 void addSpaceGlyph(ProjectManager& manager) {
   const auto unitsPerEm = static_cast<double>(manager.currentProject().unitsPerEm);
   GlyphRecord glyph = bareGlyph("space", unitsPerEm * kSpaceWidthInEms);
-  glyph.unicode = " ";
+  glyph.unicode = Utf8(" ");
   glyph.viewBox = {0, 0, glyph.advanceWidth, unitsPerEm};
   insertFirst(manager, std::move(glyph));
 }
@@ -48,9 +48,9 @@ void addNotdefGlyph(ProjectManager& manager) {
   const Point corners[] = {{left, bottom}, {right, bottom}, {right, top}, {left, top}};
 
   GlyphRecord glyph = bareGlyph(".notdef", width);
-  glyph.svgPath =
-      SharedText("M " + pathDataPoint(corners[0]) + " L " + pathDataPoint(corners[1]) + " L " +
-                 pathDataPoint(corners[2]) + " L " + pathDataPoint(corners[3]) + " Z");
+  glyph.svgPath = SharedText(
+      Utf8::mended("M " + pathDataPoint(corners[0]) + " L " + pathDataPoint(corners[1]) + " L " +
+                   pathDataPoint(corners[2]) + " L " + pathDataPoint(corners[3]) + " Z"));
   glyph.viewBox = {0, font.descender, width, font.ascender - font.descender};
   glyph.boundingBox = {left, bottom, width - 2 * kNotdefInset, top - bottom};
   glyph.fontPath = {PathCommand::moveTo(corners[0]), PathCommand::lineTo(corners[1]),

@@ -7,8 +7,9 @@
 
 namespace quillery {
 
-double clampedKerning(double value) {
-  return std::max(std::min(value, kGreatestKerning), kLeastKerning);
+Finite clampedKerning(double value) {
+  // What is no number is no movement either.
+  return Finite::of(std::max(std::min(value, kGreatestKerning), kLeastKerning)).value_or(Finite());
 }
 
 void enterKerningValue(ProjectManager& manager, const Uuid& pair, double value) {

@@ -10,7 +10,7 @@ inline constexpr double kLeastKerning = -200;
 inline constexpr double kGreatestKerning = 200;
 
 /// The value within the offered range.
-double clampedKerning(double value);
+Finite clampedKerning(double value);
 
 /// Enters a value, brought into the offered range, as one undo step of its own.
 void enterKerningValue(ProjectManager& manager, const Uuid& pair, double value);
@@ -43,7 +43,7 @@ private:
   ProjectManager& manager_;
   OpenEdit edit_;
   Uuid pair_;
-  double startValue_ = 0;
+  Finite startValue_;
 };
 
 } // namespace quillery

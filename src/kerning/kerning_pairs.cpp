@@ -9,11 +9,10 @@
 
 namespace quillery {
 
-Uuid addKerningPair(ProjectManager& manager, std::string_view leftGlyph,
-                    std::string_view rightGlyph) {
+Uuid addKerningPair(ProjectManager& manager, Utf8 leftGlyph, Utf8 rightGlyph) {
   KerningPair pair;
-  pair.leftGlyph = leftGlyph;
-  pair.rightGlyph = rightGlyph;
+  pair.leftGlyph = std::move(leftGlyph);
+  pair.rightGlyph = std::move(rightGlyph);
   const Uuid id = pair.id;
   manager.editKerningList(
       [&](std::vector<KerningPair>& pairs) { pairs.push_back(std::move(pair)); });
@@ -33,8 +32,8 @@ void generateCommonKerningPairs(ProjectManager& manager) {
     if (!manager.firstGlyphNamed(left) || !manager.firstGlyphNamed(right)) continue;
     if (existing.contains(key(left, right))) continue;
     KerningPair& pair = added.emplace_back();
-    pair.leftGlyph = left;
-    pair.rightGlyph = right;
+    pair.leftGlyph = manager.firstGlyphNamed(left)->name();
+    pair.rightGlyph = manager.firstGlyphNamed(right)->name();
   }
   if (added.empty()) return;
   const Uuid first = added.front().id;
@@ -52,18 +51,18 @@ void deleteKerningPair(ProjectManager& manager, const Uuid& id) {
   });
 }
 
-std::unique_ptr<UndoStep> kerningValueStep(ProjectManager& manager, const Uuid& id, double value) {
+std::unique_ptr<UndoStep> kerningValueStep(ProjectManager& manager, const Uuid& id, Finite value) {
   // A pair that has gone has no value to bring back.
-  const ValueBinding<double> binding = {
+  const ValueBinding<Finite> binding = {
       [&manager, id, value] {
         const KerningPair* const pair = manager.kerningPairWithId(id);
         return pair ? pair->value : value;
       },
-      [&manager, id](const double& changed) { manager.setKerningValue(id, changed); }};
-  return std::make_unique<ValueStep<double>>(binding, value);
+      [&manager, id](const Finite& changed) { manager.setKerningValue(id, changed); }};
+  return std::make_unique<ValueStep<Finite>>(binding, value);
 }
 
-void changeKerningValue(ProjectManager& manager, const Uuid& id, double value) {
+void changeKerningValue(ProjectManager& manager, const Uuid& id, Finite value) {
   const KerningPair* const pair = manager.kerningPairWithId(id);
   if (!pair || pair->value == value) return;
   std::string name = action::changeKerning(pair->leftGlyph, pair->rightGlyph);

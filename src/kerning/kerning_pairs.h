@@ -14,8 +14,7 @@ namespace quillery {
 extern const std::array<std::pair<std::string_view, std::string_view>, 53> kCommonKerningPairs;
 
 /// Appends a pair with value 0, also when one of these names is there already.
-Uuid addKerningPair(ProjectManager& manager, std::string_view leftGlyph,
-                    std::string_view rightGlyph);
+Uuid addKerningPair(ProjectManager& manager, Utf8 leftGlyph, Utf8 rightGlyph);
 
 /// Appends the common pairs whose glyphs both exist and that are missing, with value 0, and
 /// selects the first one added.
@@ -25,10 +24,10 @@ void generateCommonKerningPairs(ProjectManager& manager);
 void deleteKerningPair(ProjectManager& manager, const Uuid& id);
 
 /// Changes a pair's value as one undo step; nothing happens for an equal value or an absent pair.
-void changeKerningValue(ProjectManager& manager, const Uuid& id, double value);
+void changeKerningValue(ProjectManager& manager, const Uuid& id, Finite value);
 
 /// The step that brings back a value of a pair.
-std::unique_ptr<UndoStep> kerningValueStep(ProjectManager& manager, const Uuid& id, double value);
+std::unique_ptr<UndoStep> kerningValueStep(ProjectManager& manager, const Uuid& id, Finite value);
 
 /// The pairs whose left or right name contains the text, case aside, sorted by left name and right
 /// name run together. The pointers are good until the next edit.

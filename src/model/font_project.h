@@ -1,10 +1,11 @@
 #pragma once
 
+#include "base/finite.h"
+#include "base/utf8.h"
 #include "base/uuid.h"
 #include "model/glyph.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace quillery {
@@ -13,10 +14,10 @@ namespace quillery {
 /// is deleted, and two pairs may have the same names (the first in the list counts).
 struct KerningPair {
   Uuid id = Uuid::random();
-  std::string leftGlyph;
-  std::string rightGlyph;
+  Utf8 leftGlyph;
+  Utf8 rightGlyph;
   /// Added between the two glyphs, in font units; negative moves them closer.
-  double value = 0;
+  Finite value;
 
   friend bool operator==(const KerningPair&, const KerningPair&) = default;
 };
@@ -25,10 +26,10 @@ struct KerningPair {
 /// those of a new project.
 struct FontInfo {
   Uuid id = Uuid::random();
-  std::string name = "My Font";
-  std::string designer;
-  std::string version = "1.0";
-  std::string copyright;
+  Utf8 name{"My Font"};
+  Utf8 designer;
+  Utf8 version{"1.0"};
+  Utf8 copyright;
   std::int64_t unitsPerEm = 1000;
   double ascender = 800;
   /// Negative below the baseline.

@@ -2,12 +2,13 @@
 
 #include "base/geometry.h"
 #include "base/shared_text.h"
+#include "base/utf8.h"
 #include "base/uuid.h"
 #include "model/outline.h"
 
 #include <array>
 #include <optional>
-#include <string>
+#include <string_view>
 
 namespace quillery {
 
@@ -20,6 +21,14 @@ inline constexpr std::array<GlyphMetric, 5> kEveryGlyphMetric = {
 
 /// Its name in documents and tables ("leftSideBearing").
 const char* name(GlyphMetric metric);
+
+/// A metric and what it is set to.
+struct MetricValue {
+  GlyphMetric metric;
+  double value;
+
+  friend bool operator==(const MetricValue&, const MetricValue&) = default;
+};
 
 /// All that the metrics of a glyph determine. Lengths are font units, y upwards, baseline at 0. The
 /// defaults are those of a drawing that was read but not placed yet.
@@ -46,8 +55,8 @@ struct GlyphPlacement {
 struct GlyphRecord : GlyphPlacement {
   Uuid id;
   /// The character that the glyph maps to; nothing for a glyph outside every text (".notdef").
-  std::optional<std::string> unicode;
-  std::string name;
+  std::optional<Utf8> unicode;
+  Utf8 name;
   /// Path data of the drawing, and its box in SVG user units, y downwards. Editing keeps both.
   SharedText svgPath;
   Rect viewBox;
@@ -65,8 +74,12 @@ public:
 
   const GlyphRecord& record() const { return record_; }
   const Uuid& id() const { return record_.id; }
-  const std::optional<std::string>& unicode() const { return record_.unicode; }
-  const std::string& name() const { return record_.name; }
+  const std::optional<Utf8>& unicode() const { return record_.unicode; }
+  /// The character, or empty text when there is none.
+  std::string_view character() const {
+    return record_.unicode ? std::string_view(*record_.unicode) : std::string_view();
+  }
+  const Utf8& name() const { return record_.name; }
   double advanceWidth() const { return record_.advanceWidth; }
   double leftSideBearing() const { return record_.leftSideBearing; }
   double rightSideBearing() const { return record_.rightSideBearing; }
@@ -77,7 +90,7 @@ public:
   const Outline& fontPath() const { return record_.fontPath; }
   const GlyphPlacement& placement() const { return record_; }
 
-  void setUnicode(std::optional<std::string> unicode) { record_.unicode = std::move(unicode); }
+  void setUnicode(std::optional<Utf8> unicode) { record_.unicode = std::move(unicode); }
 
   /// Gives the glyph an outline and its box as they are; metrics stay.
   void placeOutline(Outline outline, Rect boundingBox);

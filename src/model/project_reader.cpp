@@ -5,6 +5,7 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace quillery {
@@ -43,12 +44,21 @@ bool read(const dom::element& value, double& out, Fault& fault) {
   return value.get(out) == simdjson::SUCCESS || fault.set("Expected a number");
 }
 
+bool read(const dom::element& value, Finite& out, Fault& fault) {
+  double number = 0;
+  if (!read(value, number, fault)) return false;
+  const auto finite = Finite::of(number);
+  if (!finite) return fault.set("The number is too large");
+  out = *finite;
+  return true;
+}
+
 bool read(const dom::element& value, std::int64_t& out, Fault& fault) {
   if (value.get(out) == simdjson::SUCCESS) return true;
   double number = 0;
-  constexpr double kLimit = 9223372036854775808.0; // 2^63
-  if (value.get(number) != simdjson::SUCCESS || std::trunc(number) != number || number < -kLimit ||
-      number >= kLimit)
+  constexpr double kExact = 9007199254740992.0; // 2^53; decimals beyond were rounded when parsed
+  if (value.get(number) != simdjson::SUCCESS || std::trunc(number) != number ||
+      std::fabs(number) > kExact)
     return fault.set("Expected a whole number");
   out = static_cast<std::int64_t>(number);
   return true;
@@ -58,21 +68,23 @@ bool read(const dom::element& value, std::string_view& out, Fault& fault) {
   return value.get(out) == simdjson::SUCCESS || fault.set("Expected a text");
 }
 
-bool read(const dom::element& value, std::string& out, Fault& fault) {
+bool read(const dom::element& value, Utf8& out, Fault& fault) {
   std::string_view text;
   if (!read(value, text, fault)) return false;
-  out = text;
+  auto parsed = Utf8::parse(std::string(text));
+  if (!parsed) return fault.set("Expected a text in UTF-8");
+  out = *std::move(parsed);
   return true;
 }
 
 bool read(const dom::element& value, SharedText& out, Fault& fault) {
-  std::string_view text;
+  Utf8 text;
   if (!read(value, text, fault)) return false;
-  out = SharedText(text);
+  out = SharedText(std::move(text));
   return true;
 }
 
-bool read(const dom::element& value, std::optional<std::string>& out, Fault& fault) {
+bool read(const dom::element& value, std::optional<Utf8>& out, Fault& fault) {
   if (value.is_null()) {
     out.reset();
     return true;
@@ -306,7 +318,10 @@ private:
     const char first = std::exchange(*begin, '[');
     const char end = std::exchange(*last, ']');
     dom::array items;
-    const auto error = parser_.parse(begin, slice.end - slice.begin, false).get(items);
+    const std::string_view text(begin, slice.end - slice.begin);
+    const std::string patched = hasBareMinusZero(text) ? withDecimals(text) : std::string();
+    const auto error = patched.empty() ? parser_.parse(begin, text.size(), false).get(items)
+                                       : parser_.parse(patched).get(items);
     *begin = first;
     *last = end;
     if (error != simdjson::SUCCESS) return false;
@@ -315,14 +330,15 @@ private:
 
   Result<FontProject, ProjectFormatError> decodeWhole(FontProject& project) {
     dom::element root;
-    auto error = parser_.parse(text_, size_, false).get(root);
+    const std::string_view text(text_, size_);
     std::string patched;
+    auto error = simdjson::NUMBER_ERROR;
+    if (!hasBareMinusZero(text)) error = parser_.parse(text_, size_, false).get(root);
     if (error == simdjson::NUMBER_ERROR) {
-      patched = withLargeIntegersAsDecimals({text_, size_});
+      patched = withDecimals(text);
       error = parser_.parse(patched).get(root);
     }
     if (error != simdjson::SUCCESS) {
-      const std::string_view text(text_, size_);
       if (error == simdjson::DEPTH_ERROR)
         return Failure{ProjectFormatError{"", "The document is nested deeper than 1024 levels"}};
       return Failure{diagnoseJson(text, simdjson::error_message(error))};
@@ -331,8 +347,24 @@ private:
     return Failure{ProjectFormatError{fault_.place, fault_.reason}};
   }
 
-  // The parser refuses whole numbers past 64 bits unless they are written as decimals.
-  static std::string withLargeIntegersAsDecimals(std::string_view text) {
+  static bool fits64Bits(std::string_view literal) {
+    std::int64_t value = 0;
+    return std::from_chars(literal.data(), literal.data() + literal.size(), value).ec ==
+           std::errc();
+  }
+
+  // A "-0" that may be a number without point and exponent.
+  static bool hasBareMinusZero(std::string_view text) {
+    for (std::size_t at = 0; (at = text.find("-0", at)) != std::string_view::npos; ++at)
+      if (at + 2 == text.size() ||
+          std::string_view("0123456789.eE").find(text[at + 2]) == std::string_view::npos)
+        return true;
+    return false;
+  }
+
+  // The parser takes a bare -0 for the integer 0, which has no sign, and refuses whole numbers past
+  // 64 bits: written as decimals both are read as they are.
+  static std::string withDecimals(std::string_view text) {
     std::string out;
     out.reserve(text.size() + text.size() / 64 + simdjson::SIMDJSON_PADDING);
     bool inString = false;
@@ -354,9 +386,8 @@ private:
       const std::size_t end = std::min(text.find_first_not_of("0123456789+-.eE", i), text.size());
       const std::string_view literal = text.substr(i, end - i);
       out += literal;
-      constexpr std::size_t kSafeDigits = 18;
-      if (literal.size() > kSafeDigits && literal.find_first_of(".eE") == std::string_view::npos)
-        out += ".0";
+      const bool isWhole = literal.find_first_of(".eE") == std::string_view::npos;
+      if (isWhole && (literal == "-0" || !fits64Bits(literal))) out += ".0";
       i = end;
     }
     return out;

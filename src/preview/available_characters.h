@@ -27,7 +27,7 @@ private:
 
   const ProjectManager& manager_;
   bool stale_ = true;
-  std::vector<std::optional<std::string>> ofGlyphs_;
+  std::vector<std::optional<Utf8>> ofGlyphs_;
   std::vector<std::string> list_;
 };
 

@@ -67,7 +67,7 @@ public:
 private:
   struct UsedGlyph {
     double advanceWidth;
-    std::optional<std::string> unicode;
+    std::optional<Utf8> unicode;
   };
 
   bool isStale() const;

@@ -59,7 +59,7 @@ TextLayout layoutText(std::string_view text, const FontProject& project, const G
       const Glyph& glyph = project.glyphs[*position];
       const auto pair =
           mapped ? kerning.named(glyph.name(), project.glyphs[*mapped].name()) : std::nullopt;
-      const double kern = pair ? project.kerningPairs[*pair].value : 0;
+      const double kern = pair ? project.kerningPairs[*pair].value : Finite();
       advance(layout.scale * (glyph.advanceWidth() + kern));
     }
     widest = std::max(widest, width);

@@ -33,8 +33,8 @@ std::optional<std::size_t> GlyphIndex::forCharacter(std::string_view character) 
   return found->second.back();
 }
 
-void GlyphIndex::characterChanged(std::size_t position, const std::optional<std::string>& from,
-                                  const std::optional<std::string>& to) {
+void GlyphIndex::characterChanged(std::size_t position, const std::optional<Utf8>& from,
+                                  const std::optional<Utf8>& to) {
   if (from) std::erase(byCharacter_[*from], position);
   if (!to) return;
   std::vector<std::size_t>& positions = byCharacter_[*to];

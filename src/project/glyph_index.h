@@ -26,8 +26,8 @@ public:
   /// The last of that character: later glyphs take a character over from earlier ones.
   std::optional<std::size_t> forCharacter(std::string_view character) const;
 
-  void characterChanged(std::size_t position, const std::optional<std::string>& from,
-                        const std::optional<std::string>& to);
+  void characterChanged(std::size_t position, const std::optional<Utf8>& from,
+                        const std::optional<Utf8>& to);
 
 private:
   std::unordered_map<Uuid, std::size_t> byId_;

@@ -34,6 +34,7 @@ void ProjectManager::newProject() {
 Result<void, ProjectFileError> ProjectManager::loadProject(const fs::path& file) {
   auto project = readProjectFile(file);
   if (!project) return Failure{project.error()};
+  giveUniqueIds(project.value());
   normalizeGlyphCharacters(project.value());
   install(std::move(project).value(), file);
   recentProjects_.addRecentProject(file);

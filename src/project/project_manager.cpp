@@ -87,7 +87,7 @@ void ProjectManager::editGlyphList(const std::function<void(std::vector<Glyph>&)
 bool ProjectManager::applyToGlyph(std::size_t position, const std::function<void(Glyph&)>& edit) {
   Glyph& glyph = project_.glyphs[position];
   const GlyphPlacement before = glyph.placement();
-  const std::optional<std::string> oldCharacter = glyph.unicode();
+  const std::optional<Utf8> oldCharacter = glyph.unicode();
   edit(glyph);
   const bool otherCharacter = glyph.unicode() != oldCharacter;
   if (otherCharacter) index_->characterChanged(position, oldCharacter, glyph.unicode());
@@ -115,7 +115,7 @@ void ProjectManager::editKerningList(const std::function<void(std::vector<Kernin
   documentChanged({What::kerningList});
 }
 
-bool ProjectManager::setKerningValue(const Uuid& id, double value) {
+bool ProjectManager::setKerningValue(const Uuid& id, Finite value) {
   const auto position = kerningIndex().withId(id);
   if (!position) return false;
   const double before = std::exchange(project_.kerningPairs[*position].value, value);

@@ -104,7 +104,7 @@ public:
   void editGlyphs(std::span<const Uuid> ids, const std::function<void(Glyph&)>& edit);
   void editKerningList(const std::function<void(std::vector<KerningPair>&)>& edit);
   /// Changes the value of a pair; false when there is no such pair.
-  bool setKerningValue(const Uuid& id, double value);
+  bool setKerningValue(const Uuid& id, Finite value);
 
   // -- Selection
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/utf8.h"
 #include "project/undo_step.h"
 
 #include <cmath>
 #include <functional>
 #include <optional>
-#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -48,10 +48,10 @@ public:
 
 private:
   template <typename U> static std::size_t textSize(const U& value) {
-    if constexpr (std::is_same_v<U, std::optional<std::string>>)
-      return value ? value->capacity() : 0;
-    else if constexpr (std::is_same_v<U, std::string>)
-      return value.capacity();
+    if constexpr (std::is_same_v<U, std::optional<Utf8>>)
+      return value ? value->size() : 0;
+    else if constexpr (std::is_same_v<U, Utf8>)
+      return value.size();
     else
       return 0;
   }

@@ -85,14 +85,14 @@ Rect computeViewBox(std::string_view pathData) {
 Result<Glyph, std::string> readDrawing(const std::filesystem::path& file, FileBytes& buffer) {
   if (!readFile(file, buffer) || !isValidUtf8(buffer.view()))
     return Failure{"Failed to read SVG file: " + fileUrl(file)};
-  const std::string fileName = replaceInvalidUtf8(file.stem().string());
+  const Utf8 fileName = Utf8::mended(file.stem().string());
   const auto pathData = findPathData(buffer.view());
   if (!pathData) return Failure{"Failed to extract path data from: " + fileName};
   GlyphRecord glyph;
   glyph.id = Uuid::random();
-  glyph.unicode = unicodeForFileName(fileName);
-  glyph.name = glyphNameForFileName(fileName);
-  glyph.svgPath = SharedText(*pathData);
+  if (const auto character = unicodeForFileName(fileName)) glyph.unicode = Utf8::mended(*character);
+  glyph.name = Utf8::mended(glyphNameForFileName(fileName));
+  glyph.svgPath = SharedText(Utf8::mended(*pathData)); // of a file that is UTF-8
   glyph.viewBox = computeViewBox(*pathData);
   return Glyph(std::move(glyph));
 }

@@ -154,7 +154,7 @@ TEST_F(SelectionTest, GoesBackAndForthThroughManyGesturesExactly) {
     ASSERT_EQ(d.project().glyphs, states[i]) << i;
   }
   // What is no metric stays as it was changed meanwhile.
-  d.manager.editGlyph(ids[0], [](Glyph& g) { g.setUnicode("x"); });
+  d.manager.editGlyph(ids[0], [](Glyph& g) { g.setUnicode(Utf8("x")); });
   d.manager.undo();
   EXPECT_EQ(glyph(0).unicode(), "x");
   EXPECT_EQ(glyph(1), states[steps - 1][1]);

@@ -157,7 +157,7 @@ TEST_F(FontGeneratorTest, MakesSeveralFontsAtOnceOfAnyName) {
   std::size_t done = 0;
   for (const std::string& name : names) {
     FontProject project;
-    project.copyright = std::to_string(name.size());
+    project.copyright = utf8(std::to_string(name.size()));
     generator().generateFont(project, name, [&](const auto& result) {
       EXPECT_TRUE(result) << name;
       ++done;

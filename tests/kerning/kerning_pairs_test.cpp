@@ -49,8 +49,8 @@ TEST_F(KerningTest, AddsTheCommonPairsOfGlyphsThatAreThere) {
 }
 
 TEST_F(KerningTest, AddsAndDeletesWithoutUndo) {
-  const Uuid first = addKerningPair(d.manager, "A", "V");
-  const Uuid second = addKerningPair(d.manager, "A", "V");
+  const Uuid first = addKerningPair(d.manager, utf8("A"), utf8("V"));
+  const Uuid second = addKerningPair(d.manager, utf8("A"), utf8("V"));
   EXPECT_NE(first, second);
   EXPECT_EQ(pairs(), "A/V A/V ");
   EXPECT_FALSE(d.manager.selectedKerningPairId());

@@ -8,7 +8,7 @@ namespace {
 // A curve from (100, 0) to (500, 700), placed with 50 to the right.
 Glyph placedGlyph() {
   GlyphRecord record;
-  record.svgPath = SharedText("M0 70 L40 0");
+  record.svgPath = SharedText(utf8("M0 70 L40 0"));
   record.viewBox = {0, 0, 40, 70};
   record.advanceWidth = 550;
   Glyph glyph(record);

@@ -53,7 +53,8 @@ FontProject largeProject() {
     GlyphRecord record = makeGlyph("glyph" + std::to_string(i) + "{\"[,\\",
                                    i % 3 == 0 ? std::nullopt : std::optional<std::string>("\"]}"))
                              .record();
-    record.svgPath = SharedText(std::string(static_cast<std::size_t>(i % 300), '\\') + "],[\"");
+    record.svgPath =
+        SharedText(utf8(std::string(static_cast<std::size_t>(i % 300), '\\') + "],[\""));
     record.fontPath = {PathCommand::moveTo({i * 0.5, -1.0 / (i + 1)}), PathCommand::closePath()};
     project.glyphs.emplace_back(record);
     project.kerningPairs.push_back(makePair(record.name, "V", i));
@@ -101,7 +102,7 @@ TEST(DecodeProject, ReadsLargeDocumentsAsItReadsSmallOnes) {
         replacedLast(text, "\n}\n", ", \"x\" : 0}"), twice})
     EXPECT_EQ(decodedAs(project, form), "");
   FontProject huge = project;
-  huge.kerningPairs.back().value = 1e30;
+  huge.kerningPairs.back().value = finite(1e30);
   EXPECT_EQ(decodedAs(huge, replacedLast(text, ": 1499", ": 1" + std::string(30, '0'))), "");
 }
 

@@ -72,6 +72,14 @@ FontProject decodedOrEmpty(const std::string& text) {
   return result ? std::move(result).value() : FontProject();
 }
 
+TEST(DecodeProject, KeepsTheSignOfABareZeroAndEveryDigitBesideIt) {
+  const std::string text =
+      replaced(replaced(kDocument, "[1, 2]", "[-0, 2]"), "1000,", "9007199254740993,");
+  const FontProject project = decodedOrEmpty(text);
+  EXPECT_EQ(project.unitsPerEm, 9007199254740993);
+  EXPECT_THAT(encoded(project), ::testing::HasSubstr("[-0.0, 2]"));
+}
+
 TEST(DecodeProject, TakesEveryFormOfTheSameDocument) {
   const FontProject project = decodedOrEmpty(kDocument);
   ASSERT_EQ(encoded(project), kDocument);
@@ -177,6 +185,7 @@ TEST(DecodeProject, RefusesMalformedValuesByPlaceAndReason) {
       {"\"glyphs\" : [", "\"glyphs\" : [ 5,", "glyphs[0]: Expected a glyph object"},
       {"1000,", "1000.5,", "unitsPerEm: Expected a whole number"},
       {"1000,", "9223372036854775808,", "unitsPerEm: Expected a whole number"},
+      {"1000,", "-9223372036854775809,", "unitsPerEm: Expected a whole number"},
       {"5A1F0B7C-", "5A1F0B7C", "glyphs[0].id: Malformed UUID"}};
   for (const auto& [from, to, expected] : rows)
     EXPECT_EQ(decodingError(replaced(kDocument, from, to)), expected) << from << " became " << to;

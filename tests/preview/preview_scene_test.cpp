@@ -39,7 +39,7 @@ struct SceneTest : ::testing::Test {
   }
   Effect afterKerning(std::size_t pair, double value) {
     scene.layout();
-    d.manager.setKerningValue(d.project().kerningPairs[pair].id, value);
+    d.manager.setKerningValue(d.project().kerningPairs[pair].id, finite(value));
     return effect;
   }
   Rect bounds() { return scene.hoveredBounds().value_or(Rect{}); }
@@ -68,10 +68,10 @@ TEST_F(SceneTest, DoesNoMoreAfterAChangeThanTheTextNeeds) {
   expectUpToDate("advance");
   EXPECT_EQ(afterEdit("X", move), Effect::nothing);
   EXPECT_EQ(afterEdit("X", widen), Effect::nothing);
-  EXPECT_EQ(afterEdit("X", [](Glyph& glyph) { glyph.setUnicode("q"); }), Effect::nothing);
-  EXPECT_EQ(afterEdit("X", [](Glyph& glyph) { glyph.setUnicode("B"); }), Effect::layout);
+  EXPECT_EQ(afterEdit("X", [](Glyph& glyph) { glyph.setUnicode(Utf8("q")); }), Effect::nothing);
+  EXPECT_EQ(afterEdit("X", [](Glyph& glyph) { glyph.setUnicode(Utf8("B")); }), Effect::layout);
   expectUpToDate("a character taken over");
-  EXPECT_EQ(afterEdit("B", [](Glyph& glyph) { glyph.setUnicode("A"); }), Effect::layout);
+  EXPECT_EQ(afterEdit("B", [](Glyph& glyph) { glyph.setUnicode(Utf8("A")); }), Effect::layout);
   expectUpToDate("a character given up for another");
   EXPECT_EQ(afterEdit("B", [](Glyph& glyph) { glyph.setUnicode(std::nullopt); }), Effect::layout);
   expectUpToDate("a character given up");

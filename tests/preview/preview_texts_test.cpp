@@ -30,7 +30,7 @@ TEST(AvailableCharacters, FollowTheGlyphsButNotTheirMetrics) {
   const ProjectChange change{ProjectChange::What::glyphs, {&id, 1}};
   d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setAdvanceWidth(1); });
   EXPECT_FALSE(characters.projectChanged(change));
-  d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode("C"); });
+  d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode(Utf8("C")); });
   EXPECT_TRUE(characters.projectChanged(change));
   EXPECT_THAT(characters.list(), ElementsAre("B", "C", "A"));
 }

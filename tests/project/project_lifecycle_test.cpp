@@ -39,6 +39,27 @@ TEST(ProjectManager, OpensTheFileThatThePanelAnswers) {
   EXPECT_EQ(d.manager.selectedTab(), 2);
 }
 
+TEST(ProjectManager, OpensGlyphsAndPairsOfOneIdAsSeveral) {
+  Document d;
+  FontProject project;
+  project.glyphs = {makeGlyph("A"), makeGlyph("B"), makeGlyph("C")};
+  GlyphRecord twin = project.glyphs[0].record();
+  twin.name = "Twin";
+  project.glyphs[1] = Glyph(twin);
+  project.kerningPairs = {makePair("A", "B"), makePair("B", "A")};
+  project.kerningPairs[1].id = project.kerningPairs[0].id;
+  ASSERT_TRUE(d.manager.loadProject(d.folder.write("twins.fontproj", encoded(project))));
+  const auto& glyphs = d.project().glyphs;
+  EXPECT_EQ(glyphs[0].id(), project.glyphs[0].id());
+  EXPECT_EQ(glyphs[2].id(), project.glyphs[2].id());
+  const std::string id = project.glyphs[0].id().toString();
+  EXPECT_EQ(d.console.lines()[0], "  ⚠️ New id for glyph 'Twin': " + id + " was taken already");
+  d.manager.deleteGlyph(glyphs[1].id());
+  EXPECT_EQ(glyphNames(d.project()), "A C");
+  d.manager.setKerningValue(d.project().kerningPairs[1].id, 5);
+  EXPECT_EQ(d.project().kerningPairs[0].value, 0);
+}
+
 TEST(ProjectManager, LeavesEverythingAsItWasWhenAnOpenFails) {
   Document d;
   const auto good = d.projectFile("good.fontproj", "a");

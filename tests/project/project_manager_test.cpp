@@ -56,7 +56,7 @@ struct FourGlyphs : Document {
   // The names of the selected glyphs, then the anchor's after a colon.
   std::string selection() const {
     const auto name = [&](const Uuid& id) {
-      return manager.glyphWithId(id) ? manager.glyphWithId(id)->name() : "?";
+      return manager.glyphWithId(id) ? manager.glyphWithId(id)->name().str() : "?";
     };
     std::string names;
     for (const Uuid& id : manager.selectedGlyphIds()) names += name(id);
@@ -206,7 +206,9 @@ TEST(LookUps, FollowEveryEdit) {
       const Uuid id = glyphs[random() % glyphs.size()].id();
       if (what == 1) d.manager.deleteGlyph(id);
       if (what == 2) d.manager.toggleGlyphSelection(id), d.manager.deleteSelectedGlyphs();
-      if (what == 4) d.manager.editGlyph(id, [&](Glyph& g) { g.setUnicode(texts[random() % 5]); });
+      if (what == 4)
+        d.manager.editGlyph(
+            id, [&](Glyph& g) { g.setUnicode(makeGlyph("", texts[random() % 5]).unicode()); });
     }
     for (const Glyph& glyph : glyphs) ASSERT_EQ(d.manager.glyphWithId(glyph.id()), &glyph);
     for (const std::string& name : names) {

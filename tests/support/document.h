@@ -56,7 +56,7 @@ struct Document {
   std::filesystem::path projectFile(const std::string& fileName,
                                     const std::string& glyphName) const {
     FontProject project;
-    project.name = fileName;
+    project.name = utf8(fileName);
     project.glyphs = {makeGlyph(glyphName)};
     return folder.write(fileName, encoded(project));
   }

@@ -10,21 +10,29 @@
 
 namespace quillery::test {
 
+/// Text that a test knows to be UTF-8, and a number that it knows to be finite.
+inline Utf8 utf8(std::string text) {
+  return Utf8::parse(std::move(text)).value();
+}
+inline Finite finite(double value) {
+  return Finite::of(value).value();
+}
+
 inline Glyph makeGlyph(std::string name, std::optional<std::string> unicode = std::nullopt,
                        double advanceWidth = 600) {
   GlyphRecord record;
   record.id = Uuid::random();
-  record.name = std::move(name);
-  record.unicode = std::move(unicode);
+  record.name = utf8(std::move(name));
+  if (unicode) record.unicode = utf8(*std::move(unicode));
   record.advanceWidth = advanceWidth;
   return Glyph(record);
 }
 
 inline KerningPair makePair(std::string left, std::string right, double value = 0) {
   KerningPair pair;
-  pair.leftGlyph = std::move(left);
-  pair.rightGlyph = std::move(right);
-  pair.value = value;
+  pair.leftGlyph = utf8(std::move(left));
+  pair.rightGlyph = utf8(std::move(right));
+  pair.value = finite(value);
   return pair;
 }
 

@@ -13,9 +13,9 @@ namespace quillery::test {
 /// A folder of its own for one test, removed with all that is in it.
 class TemporaryFolder {
 public:
-  TemporaryFolder()
-      : path_(std::filesystem::temp_directory_path() /
-              ("quillery-test-" + Uuid::random().toString())) {
+  TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path()) {}
+  explicit TemporaryFolder(const std::filesystem::path& in)
+      : path_(in / ("quillery-test-" + Uuid::random().toString())) {
     std::filesystem::create_directories(path_);
   }
   ~TemporaryFolder() {

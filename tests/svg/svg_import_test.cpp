@@ -36,7 +36,7 @@ TEST_F(ImportTest, ReadsADrawingToAnUnplacedGlyph) {
   ASSERT_TRUE(glyph);
   GlyphRecord expected = makeGlyph("x.small", "x").record();
   expected.id = glyph->id();
-  expected.svgPath = SharedText("M10 20 L30 5");
+  expected.svgPath = SharedText(utf8("M10 20 L30 5"));
   expected.viewBox = {10, 5, 20, 15};
   EXPECT_EQ(glyph->record(), expected);
   EXPECT_NE(glyph->id(), Uuid());

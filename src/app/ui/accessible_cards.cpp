@@ -29,7 +29,7 @@ public:
     const Glyph* glyph = isValid() ? cards_->glyphOfCard(index_) : nullptr;
     if (!glyph) return {};
     if (kind == QAccessible::Name) return shownText(glyph->name());
-    if (kind == QAccessible::Description) return shownText(glyph->unicode().value_or(""));
+    if (kind == QAccessible::Description) return shownText(glyph->character());
     return {};
   }
   void setText(QAccessible::Text, const QString&) override {}

@@ -106,7 +106,7 @@ void GlyphCardArea::glyphChanged(const Uuid& id) {
   const Glyph* glyph = manager_.glyphWithId(id);
   if (stale_ || card == cardOf_.end() || !glyph) return;
   // Only the character decides where a card stands among those of the same names.
-  if (glyph->unicode().value_or("") != characters_[card->second]) return cardsAreStale();
+  if (glyph->character() != characters_[card->second]) return cardsAreStale();
   const QRect place = cardRect(card->second);
   if (place.intersects(viewport()->rect())) viewport()->update(place);
 }
@@ -123,7 +123,7 @@ bool GlyphCardArea::standsAsDisplayed() const {
   if (displayedOrder_ != sortOrder_ || glyphs.size() != displayed_.size()) return false;
   return std::all_of(glyphs.begin(), glyphs.end(), [this](const Glyph& glyph) {
     const auto card = cardOf_.find(glyph.id());
-    return card != cardOf_.end() && characters_[card->second] == glyph.unicode().value_or("");
+    return card != cardOf_.end() && characters_[card->second] == glyph.character();
   });
 }
 
@@ -141,7 +141,7 @@ void GlyphCardArea::updateCards() {
   for (const std::size_t position : displayOrder(glyphs, sortOrder_)) {
     cardOf_.emplace(glyphs[position].id(), displayed_.size());
     displayed_.push_back(glyphs[position].id());
-    characters_.push_back(glyphs[position].unicode().value_or(""));
+    characters_.emplace_back(glyphs[position].character());
   }
   paintedSelection_ = manager_.selectedGlyphIds();
   layOut();

@@ -37,7 +37,7 @@ MetricsPanel::MetricsPanel(ProjectManager& manager, QWidget* parent)
   }
 }
 
-UndoableField<std::optional<std::string>> MetricsPanel::characterField() const {
+UndoableField<std::optional<Utf8>> MetricsPanel::characterField() const {
   return {manager_, glyphUnicodeBinding(manager_, glyph_), characterFormat(),
           action::kChangeUnicode};
 }

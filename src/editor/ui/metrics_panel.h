@@ -9,7 +9,7 @@
 namespace quillery {
 
 /// A field for one user-perceived character.
-using UndoableCharacterField = UndoableLineEdit<std::optional<std::string>>;
+using UndoableCharacterField = UndoableLineEdit<std::optional<Utf8>>;
 
 /// The values of one glyph, beside its canvas.
 class MetricsPanel : public GlyphFormPanel {
@@ -21,7 +21,7 @@ public:
   void setGlyph(const Uuid& glyph);
 
 private:
-  UndoableField<std::optional<std::string>> characterField() const;
+  UndoableField<std::optional<Utf8>> characterField() const;
   void refresh();
 
   ProjectManager& manager_;

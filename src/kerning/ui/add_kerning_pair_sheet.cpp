@@ -123,7 +123,8 @@ void AddKerningPairSheet::namesChanged() {
 }
 
 void AddKerningPairSheet::addPair() {
-  const Uuid pair = addKerningPair(manager_, left_->selection(), right_->selection());
+  const Uuid pair =
+      addKerningPair(manager_, Utf8::mended(left_->selection()), Utf8::mended(right_->selection()));
   onPairAdded_(pair);
   accept();
 }

@@ -179,7 +179,9 @@ void PreviewPanel::selectGlyphNamed(const std::string& name) {
 
 void PreviewPanel::selectPair(const std::string& leftGlyph, const std::string& rightGlyph) {
   const KerningPair* pair = manager_.firstKerningPair(leftGlyph, rightGlyph);
-  manager_.selectKerningPair(pair ? pair->id : addKerningPair(manager_, leftGlyph, rightGlyph));
+  manager_.selectKerningPair(
+      pair ? pair->id
+           : addKerningPair(manager_, Utf8::mended(leftGlyph), Utf8::mended(rightGlyph)));
 }
 
 QSize PreviewPanel::minimumSizeHint() const {

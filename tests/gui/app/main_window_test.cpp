@@ -404,7 +404,7 @@ private Q_SLOTS:
     check("two glyphs");
     program.manager.setSelectedTab(1);
     check("no pair");
-    program.manager.selectKerningPair(addKerningPair(program.manager, "A", "V"));
+    program.manager.selectKerningPair(addKerningPair(program.manager, quillery::Utf8("A"), quillery::Utf8("V")));
     check("a pair");
   }
 
