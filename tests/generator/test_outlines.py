@@ -1,8 +1,12 @@
 """Outlines in both flavours: the same ink as drawn, and bytes as fontTools' slow road reads them."""
 
 import io
+import json
 import math
 import random
+import re
+from itertools import chain
+from pathlib import Path
 
 import freetype
 import pytest
@@ -58,6 +62,31 @@ def test_fonts_fill_what_is_drawn(make, target):
         face.load_char(chr(65 + index), freetype.FT_LOAD_RENDER | freetype.FT_LOAD_NO_HINTING)
         filled = sum(face.glyph.bitmap.buffer) / 255 * 4  # a pixel is two units wide
         assert filled == pytest.approx(area, rel=0.004, abs=60), name
+
+
+TABLE = json.loads((Path(__file__).parents[1] / "support" / "outlines.json").read_text())
+
+
+def commands(path_data):
+    kinds = {"M": move, "L": line, "C": curve, "Z": lambda: CLOSE}
+    return [kinds[letter](*map(float, numbers.split()))
+            for letter, numbers in re.findall("([MLCZ])([^MLCZ]*)", path_data)]
+
+
+@pytest.mark.parametrize("extension", FORMATS)
+def test_what_a_drawing_leaves_out_is_read_by_the_table(make, extension):
+    """The one that the window and the previews are held against as well."""
+    glyphs = [glyph(f"g{index}", None, commands(data)) for index, data in enumerate(chain(*TABLE.values()))]
+    drawn = make(document(glyphs), f"font.{extension}").getGlyphSet()
+
+    def drawing(index):
+        pen = RecordingPen()
+        drawn[f"g{index}"].draw(pen)
+        return pen.value
+
+    for index, (name, (_, contours)) in enumerate(TABLE.items()):
+        assert drawing(2 * index) == drawing(2 * index + 1), name
+        assert (drawing(2 * index) == []) == (contours == ""), name
 
 
 def wild_contours(seed, reach=2000, curves=0.6):
