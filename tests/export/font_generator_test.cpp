@@ -4,7 +4,6 @@
 #include "support/scripted_desktop.h"
 #include "support/testing.h"
 
-#include <regex>
 #include <thread>
 
 namespace quillery::test {
@@ -125,25 +124,15 @@ TEST_F(FontGeneratorTest, TellsHowTheGenerationEnded) {
   expect("Font generator not found. The app may be corrupted.", "no script");
 }
 
-TEST_F(FontGeneratorTest, PrintsWhatItDoes) {
-  const std::string output = folder / "font.otf";
-  const char* body = "echo fine; printf oops >&2; printf '%s' \"$1\" > \"$2\"; exit 4";
-  const auto printed = [&] {
+TEST_F(FontGeneratorTest, PassesOnWhatTheGeneratorPrints) {
+  for (const fs::path& program : {script, packaged}) {
+    writeProgram(program, "echo fine; printf oops >&2; exit 4");
     ConsoleCapture console;
-    outcomeOf(output);
-    return std::regex_replace(console.text(), std::regex(contentOf(output)), "IN");
-  };
-  writeProgram(script, body);
-  EXPECT_THAT(printed(),
-              AllOf(StartsWith("\n🚀 FontGenerator.generateFont() called\n   Project: My Font\n"),
-                    HasSubstr("\n✓ JSON written to: IN\nUsing bundled Python script: "),
-                    EndsWith("\nInput: IN\nOutput: " + output +
-                             "\n=== Python stdout ===\nfine\n\n=== Python stderr ===\noops\n")));
-  writeProgram(packaged, body);
-  EXPECT_THAT(printed(), EndsWith("=== Process Info ===\nTermination status: 4\n"
-                                  "Termination reason: 1 (exit)\nOutput data size: 5 bytes\n"
-                                  "Error data size: 4 bytes\n=== Executable stdout ===\nfine\n\n"
-                                  "=== Executable stderr ===\noops\n"));
+    outcomeOf(folder / "font.otf");
+    EXPECT_THAT(console.text(),
+                AllOf(HasSubstr("Output: " + (folder / "font.otf").string()),
+                      HasSubstr(" stdout ===\nfine\n"), HasSubstr(" stderr ===\noops\n")));
+  }
 }
 
 TEST_F(FontGeneratorTest, MakesSeveralFontsAtOnceOfAnyName) {

@@ -67,23 +67,16 @@ TEST(GeneratorInput, HoldsManyGlyphsInTheirOrder) {
   EXPECT_EQ(createJSONData(project).error().place, "glyphs[900].advanceWidth of glyph \"g900\"");
 }
 
-TEST(GeneratorInput, PrintsThePairsAndTheBeginningOfTheDocument) {
+TEST(GeneratorInput, ShowsItsFirstFiveHundredCharactersWhole) {
   FontProject project = sample();
-  project.glyphs.clear();
-  std::string accented; // letters of five bytes, each with two marks
-  for (int i = 0; i < 600; ++i) accented += "e\u0301\u0323";
-  const std::string beginning = "{\n  \"name\" : \"";
-  for (const bool isLong : {false, true}) {
-    if (isLong) project.name = accented;
-    ConsoleCapture console;
-    const auto document = createJSONData(project);
-    const std::size_t shown =
-        isLong ? beginning.size() + 5 * (500 - beginning.size()) : std::string::npos;
-    EXPECT_EQ(console.text(),
-              "\n=== Generator input document ===\nKerning pairs in project: 2\n"
-              "  A + V = -80.0\n  A + gone = 0.25\n\nJSON preview (first 500 chars):\n" +
-                  document.value().substr(0, shown) + "\n");
-  }
+  project.name.clear();
+  for (int i = 0; i < 600; ++i) project.name += "e\u0301\u0323"; // a letter of five bytes
+  ConsoleCapture console;
+  const std::string document = createJSONData(project).value();
+  const std::size_t letters = 500 - document.find("e\u0301");
+  EXPECT_TRUE(console.text().ends_with("\n  A + gone = 0.25\n\nJSON preview (first 500 chars):\n" +
+                                       document.substr(0, document.find("e\u0301") + 5 * letters) +
+                                       "\n"));
 }
 
 TEST(GeneratorInput, IsRefusedForANumberThatIsNotFinite) {
