@@ -162,6 +162,12 @@ TEST(PreviewDocument, PlacesTheGlyphsOfATextAsLaidOut) {
               {{square, {20, 24'020}, 30}});
 }
 
+TEST(PreviewDocument, LeavesOutWhatLiesBeyondAllNumbers) {
+  const Outline dot{PathCommand::moveTo({0, 0}), PathCommand::lineTo({9, 0})};
+  const Preview preview({dot}, "00000", 1e308); // 6e307 points each
+  EXPECT_EQ(drawnBySvg(preview.svg()).size(), 3U);
+}
+
 TEST(PreviewDocument, ListsWhatCanBePicked) {
   const Preview preview({{}, {}, {}}, "01\n2");
   simdjson::dom::parser parser;
