@@ -14,9 +14,12 @@ NO_BREAK_SPACE = 0xA0
 # The end mark of a format 4 character map can't be a character of it.
 _UNMAPPABLE = {0xFFFF}
 
-# The blocks in which Unicode has characters that are canonically one other character.
-_EQUIVALENT_BLOCKS = ((0x0340, 0x0387), (0x1F71, 0x1FFD), (0x2000, 0x2001), (0x2126, 0x212B),
-                      (0x2329, 0x232A), (0xF900, 0xFAD9), (0x2F800, 0x2FA1D))
+# The blocks in which Unicode has characters that are canonically another one, or several others
+# that are never composed.
+_EQUIVALENT_BLOCKS = ((0x0340, 0x0387), (0x0958, 0x095F), (0x09DC, 0x0A5E), (0x0B5C, 0x0B5D),
+                      (0x0F43, 0x0FB9), (0x1F71, 0x1FFD), (0x2000, 0x2001), (0x2126, 0x212B),
+                      (0x2329, 0x232A), (0x2ADC, 0x2ADC), (0xF900, 0xFAD9), (0xFB1D, 0xFB4E),
+                      (0x1D15E, 0x1D1C0), (0x2F800, 0x2FA1D))
 
 
 @dataclass(slots=True)
@@ -57,11 +60,14 @@ def map_characters(texts: Sequence[str | None]) -> CharacterMap:
     result.scalars = dict(result.drawn)
     composed = {normalize("NFC", text): glyph for text, glyph in long_texts}
     for text, glyph in composed.items():
-        if len(text) == 1:
-            result.scalars.setdefault(ord(text), glyph)
+        for scalar in _singles(text):
+            result.scalars.setdefault(scalar, glyph)
     if SPACE in result.scalars:
         result.scalars.setdefault(NO_BREAK_SPACE, result.scalars[SPACE])
     _map_equivalents(result.scalars)
+    # Text engines take these apart wherever the font has glyphs for their parts.
+    long_texts += [(text, result.drawn[scalar]) for text, scalars in _equivalents().items()
+                   for scalar in scalars if len(text) > 1 and scalar in result.drawn]
     for text, glyph in long_texts:
         _map_long_text(text, glyph, result)
     return result
@@ -79,18 +85,23 @@ def _map_long_text(text: str, glyph: int, result: CharacterMap) -> None:
              if len(spelling) > 1 and all(scalar in result.scalars for scalar in spelling)]
     for spelling in typed:
         result.sequences.setdefault(spelling, glyph)
-    if not typed and (len(reached) > 1 or result.scalars[ord(reached)] != glyph):
+    if not typed and all(result.scalars[scalar] != glyph for scalar in _singles(reached)):
         result.unmapped.append(glyph)
+
+
+def _singles(composed: str) -> list[int]:
+    """The characters that are by themselves a text, which is given in composed form."""
+    return [ord(composed)] if len(composed) == 1 else _equivalents().get(composed, [])
 
 
 @cache
 def _equivalents() -> dict[str, list[int]]:
-    """The characters that are canonically one other character, by that one."""
+    """The characters that are canonically others, by those others in composed form."""
     equivalents: dict[str, list[int]] = {}
     for first, last in _EQUIVALENT_BLOCKS:
         for scalar in range(first, last + 1):
             composed = normalize("NFC", chr(scalar))
-            if len(composed) == 1 and composed != chr(scalar):
+            if composed != chr(scalar):
                 equivalents.setdefault(composed, []).append(scalar)
     return equivalents
 

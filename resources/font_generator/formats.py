@@ -10,6 +10,9 @@ def encoder_for(extension: str) -> Encoder:
     if extension == "otf":
         from .charstrings import encode_charstring
         return lambda units_per_em: encode_charstring
-    from .glyf import encode_shape
-    for_woff2 = extension == "woff2"
-    return lambda units_per_em: lambda outline: encode_shape(outline, units_per_em, for_woff2)
+    from .glyf import Pack, encode_shape
+    pack: Pack | None = None
+    if extension == "woff2":
+        from .woff2 import pack_outline
+        pack = pack_outline
+    return lambda units_per_em: lambda outline: encode_shape(outline, units_per_em, pack)

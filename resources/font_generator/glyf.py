@@ -1,5 +1,6 @@
 """Encodes outlines as the simple glyphs of a glyf table, made of lines and quadratic curves."""
 
+from collections.abc import Callable
 from dataclasses import dataclass
 from math import floor
 from struct import pack
@@ -23,36 +24,6 @@ _X_SAME_OR_POSITIVE, _Y_SAME_OR_POSITIVE, _OVERLAP = 0x10, 0x20, 0x40
 _MOST_POINTS, _MOST_CONTOURS = 65535, 32767
 
 
-class GlyfShape(NamedTuple):
-    """A glyph's entry of a glyf table, and how many points and contours are in it. `packed` are
-    the streams that WOFF2 has for it: point counts, flags, points; they are for such fonts only."""
-
-    entry: bytes
-    box: Box | None
-    points: int
-    contours: int
-    packed: tuple[bytes, bytes, bytes] | None
-
-
-def encode_shape(drawing: Outline, units_per_em: float, for_woff2: bool) -> GlyfShape:
-    """The shape of a drawing; raises UnfitOutline for one that a glyf table can't hold."""
-    outline = quadratic_outline(drawing, units_per_em)
-    box = outline.box()
-    if len(outline.xs) > _MOST_POINTS or len(outline.ends) > _MOST_CONTOURS:
-        raise UnfitOutline(f"makes {len(outline.xs):,} points in {len(outline.ends):,} contours, and a "
-                           f"font holds {_MOST_POINTS:,} in {_MOST_CONTOURS:,} for a glyph")
-    # Off-curve points can lie farther out than the controls of the curve that they stand for.
-    if box and (min(box) < LEAST_COORDINATE or max(box) > GREATEST_COORDINATE
-                or max(box[2] - box[0], box[3] - box[1]) > GREATEST_COORDINATE):
-        raise UnfitOutline("with quadratic curves is larger than the 16 bits that a font has for "
-                           "coordinates")
-    packed = None
-    if for_woff2:
-        from .woff2 import pack_outline
-        packed = pack_outline(outline)
-    return GlyfShape(encode_glyf(outline), box, len(outline.xs), len(outline.ends), packed)
-
-
 @dataclass(slots=True)
 class GlyfOutline:
     """Points in font units, contour by contour; `ends` are the indices of their last points.
@@ -71,6 +42,37 @@ class GlyfOutline:
         if not self.xs:
             return None
         return min(self.xs), min(self.ys), max(self.xs), max(self.ys)
+
+
+# What a format stores of an outline besides the entry of the glyf table.
+Pack = Callable[[GlyfOutline], tuple[bytes, ...]]
+
+
+class GlyfShape(NamedTuple):
+    """A glyph's entry of a glyf table, and how many points and contours are in it. `packed` is
+    what `Pack` made of it, if anything was wanted."""
+
+    entry: bytes
+    box: Box | None
+    points: int
+    contours: int
+    packed: tuple[bytes, ...] | None
+
+
+def encode_shape(drawing: Outline, units_per_em: float, pack_outline: Pack | None) -> GlyfShape:
+    """The shape of a drawing; raises UnfitOutline for one that a glyf table can't hold."""
+    outline = quadratic_outline(drawing, units_per_em)
+    box = outline.box()
+    if len(outline.xs) > _MOST_POINTS or len(outline.ends) > _MOST_CONTOURS:
+        raise UnfitOutline(f"makes {len(outline.xs):,} points in {len(outline.ends):,} contours, and a "
+                           f"font holds {_MOST_POINTS:,} in {_MOST_CONTOURS:,} for a glyph")
+    # Off-curve points can lie farther out than the controls of the curve that they stand for.
+    if box and (min(box) < LEAST_COORDINATE or max(box) > GREATEST_COORDINATE
+                or max(box[2] - box[0], box[3] - box[1]) > GREATEST_COORDINATE):
+        raise UnfitOutline("with quadratic curves is larger than the 16 bits that a font has for "
+                           "coordinates")
+    packed = pack_outline(outline) if pack_outline else None
+    return GlyfShape(encode_glyf(outline), box, len(outline.xs), len(outline.ends), packed)
 
 
 def quadratic_outline(drawing: Outline, units_per_em: float) -> GlyfOutline:

@@ -1,8 +1,10 @@
 #include "desktop/outline_painting.h"
 
+#include "model/contours.h"
+
 #include <QCache>
 #include <QPainter>
-#include <cmath>
+#include <algorithm>
 
 namespace quillery {
 namespace {
@@ -60,9 +62,8 @@ QPainterPath makePath(const Outline& outline) {
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
   const auto qt = [](Point p) { return QPointF(p.x, p.y); };
-  for (const PathCommand& command : outline.commands()) {
+  for (const PathCommand& command : contoursOf(outline)) {
     const auto& p = command.points;
-    if (!isFinite(p[0]) || !isFinite(p[1]) || !isFinite(p[2])) return {};
     switch (command.kind) {
     case PathCommand::Kind::moveTo:
       path.moveTo(qt(p[0]));

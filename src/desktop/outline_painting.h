@@ -8,8 +8,7 @@
 
 namespace quillery {
 
-/// The outline as a path in font units, y upwards; contours that overlap are filled by winding.
-/// Empty when a coordinate is not finite: nothing is drawn rather than something wrong. Built once
+/// The contours of the outline as a path in font units, y upwards, filled by winding. Built once
 /// for an outline and its copies, as long as there is room, for all views together.
 QPainterPath painterPath(const Outline& outline);
 

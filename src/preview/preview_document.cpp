@@ -2,9 +2,9 @@
 
 #include "base/json_writer.h"
 #include "base/numbers.h"
+#include "model/contours.h"
 
-#include <cmath>
-#include <set>
+#include <map>
 
 namespace quillery {
 namespace {
@@ -35,9 +35,10 @@ std::string coordinates(Point p) {
   return formatShortest(p.x) + " " + formatShortest(p.y);
 }
 
+// Empty when there is nothing to draw.
 std::string pathData(const Outline& outline) {
   std::string data;
-  for (const PathCommand& command : outline.commands()) {
+  for (const PathCommand& command : contoursOf(outline)) {
     const auto& p = command.points;
     switch (command.kind) {
     case PathCommand::Kind::moveTo:
@@ -58,13 +59,6 @@ std::string pathData(const Outline& outline) {
 }
 
 } // namespace
-
-bool isDrawable(const Outline& outline) {
-  for (const PathCommand& command : outline.commands())
-    for (const Point p : command.points)
-      if (!std::isfinite(p.x) || !std::isfinite(p.y)) return false;
-  return !outline.empty();
-}
 
 std::string previewJson(const TextLayout& layout, const FontProject& project) {
   std::string json;
@@ -106,18 +100,20 @@ std::string previewSvg(const TextLayout& layout, const FontProject& project) {
   std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" +
                     height + "\" viewBox=\"0 0 " + width + " " + height + "\">\n" +
                     "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n<defs>\n";
-  std::set<std::size_t> drawn;
+  std::map<std::size_t, bool> isDrawn; // by glyph
   for (const SetCharacter& set : layout.characters) {
-    const Outline& outline = project.glyphs[set.glyph].fontPath();
-    if (!isDrawable(outline) || !drawn.insert(set.glyph).second) continue;
-    svg += "<path id=\"g" + std::to_string(set.glyph) + "\" d=\"" + pathData(outline) + "\"/>\n";
+    const auto [glyph, added] = isDrawn.try_emplace(set.glyph, false);
+    if (!added) continue;
+    const std::string data = pathData(project.glyphs[set.glyph].fontPath());
+    if (data.empty()) continue;
+    glyph->second = true;
+    svg += "<path id=\"g" + std::to_string(set.glyph) + "\" d=\"" + data + "\"/>\n";
   }
   svg += "</defs>\n<g fill=\"#111\">\n";
   const std::string scale = formatShortest(layout.scale);
   for (const SetCharacter& set : layout.characters) {
     const Point origin{set.penX, layout.baseline(set.line)};
-    if (!drawn.contains(set.glyph) || !std::isfinite(origin.x) || !std::isfinite(origin.y))
-      continue;
+    if (!isDrawn.at(set.glyph) || !isFinite(origin)) continue;
     svg.append("<use href=\"#g").append(std::to_string(set.glyph));
     svg.append("\" transform=\"translate(").append(coordinates(origin));
     svg.append(") scale(").append(scale).append(" -").append(scale).append(")\"/>\n");

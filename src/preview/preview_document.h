@@ -18,7 +18,4 @@ std::string previewSvg(const TextLayout& layout, const FontProject& project);
 /// once.
 std::string previewPdf(const TextLayout& layout, const FontProject& project);
 
-/// Every coordinate is a number: a picture can be made of it.
-bool isDrawable(const Outline& outline);
-
 } // namespace quillery

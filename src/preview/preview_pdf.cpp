@@ -1,3 +1,4 @@
+#include "model/contours.h"
 #include "preview/preview_document.h"
 
 #include <algorithm>
@@ -6,6 +7,8 @@
 #include <cmath>
 #include <initializer_list>
 #include <map>
+#include <utility>
+#include <vector>
 
 namespace quillery {
 namespace {
@@ -30,9 +33,10 @@ std::string row(std::initializer_list<double> numbers) {
   return text;
 }
 
+// Empty when there is nothing to draw.
 std::string pathData(const Outline& outline) {
   std::string data;
-  for (const PathCommand& command : outline.commands()) {
+  for (const PathCommand& command : contoursOf(outline)) {
     const auto& p = command.points;
     switch (command.kind) {
     case PathCommand::Kind::moveTo:
@@ -49,7 +53,7 @@ std::string pathData(const Outline& outline) {
       break;
     }
   }
-  return data + "f\n";
+  return data.empty() ? data : data + "f\n";
 }
 
 // Objects written one after the other, and the table that says where each begins.
@@ -89,16 +93,22 @@ std::string previewPdf(const TextLayout& layout, const FontProject& project) {
   const std::string paper = row({0, 0, page.width / unit, page.height / unit});
 
   constexpr std::size_t kFirstOutline = 5;
-  std::map<std::size_t, std::size_t> objects; // by glyph
-  std::vector<std::size_t> outlines;          // glyphs, in the order of their objects
+  std::map<std::size_t, std::size_t> objects;      // by glyph; 0 for one that draws nothing
+  std::vector<std::pair<Rect, std::string>> forms; // boxes and path data of the objects
   std::string content = "1 g " + paper + "re f 0.067 g\n";
   for (const SetCharacter& set : layout.characters) {
     const Point origin{set.penX, page.height - layout.baseline(set.line)};
-    if (!std::isfinite(origin.x) || !std::isfinite(origin.y) ||
-        !isDrawable(project.glyphs[set.glyph].fontPath()))
-      continue;
-    const auto [object, added] = objects.try_emplace(set.glyph, kFirstOutline + outlines.size());
-    if (added) outlines.push_back(set.glyph);
+    if (!isFinite(origin)) continue;
+    const auto [object, added] = objects.try_emplace(set.glyph, 0);
+    if (added) {
+      const Outline& outline = project.glyphs[set.glyph].fontPath();
+      std::string data = pathData(outline);
+      if (!data.empty()) {
+        object->second = kFirstOutline + forms.size();
+        forms.emplace_back(controlBox(outline), std::move(data));
+      }
+    }
+    if (object->second == 0) continue;
     const double scale = layout.scale / unit;
     content += "q " + row({scale, 0, 0, scale, origin.x / unit, origin.y / unit}) + "cm /G" +
                std::to_string(object->second) + " Do Q\n";
@@ -108,18 +118,17 @@ std::string previewPdf(const TextLayout& layout, const FontProject& project) {
   file.add("<</Type /Catalog /Pages 2 0 R>>");
   file.add("<</Type /Pages /Kids [3 0 R] /Count 1>>");
   std::string resources;
-  for (const auto& [glyph, object] : objects)
-    resources += "/G" + std::to_string(object) + " " + std::to_string(object) + " 0 R ";
+  for (std::size_t i = 0; i < forms.size(); ++i) {
+    const std::string object = std::to_string(kFirstOutline + i);
+    resources += "/G" + object + " " + object + " 0 R ";
+  }
   file.add("<</Type /Page /Parent 2 0 R /MediaBox [" + paper + "] /UserUnit " + plain(unit) +
            " /Contents 4 0 R /Resources <</XObject <<" + resources + ">>>>>>");
   file.addStream("", content);
-  for (const std::size_t glyph : outlines) {
-    const Outline& outline = project.glyphs[glyph].fontPath();
-    const Rect box = controlBox(outline);
+  for (const auto& [box, data] : forms)
     file.addStream("/Type /XObject /Subtype /Form /BBox [" +
                        row({box.minX(), box.minY(), box.maxX(), box.maxY()}) + "]",
-                   pathData(outline));
-  }
+                   data);
   return file.finish();
 }
 

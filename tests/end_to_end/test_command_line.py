@@ -38,7 +38,7 @@ def test_drawings_become_a_font(quillery, draw, tmp_path):
     assert quillery("check", saved, "--fix").status == 0
     assert [g["name"] for g in project(saved)["glyphs"]][:3] == [".notdef", "space", "A"]
 
-    fonts = [tmp_path / f"out.{extension}" for extension in ("otf", "ttf", "woff", "woff2")]
+    fonts = [tmp_path / f"out.{extension}" for extension in ("otf", "ttf", "woff", "WOFF2")]
     assert quillery("export", saved, *fonts).status == 0
     for font in fonts:
         subprocess.run(["ots-sanitize", font], check=True, capture_output=True)

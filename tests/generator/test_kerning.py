@@ -137,7 +137,9 @@ def test_kerning_holds_in_every_script_that_occurs(make):
     assert tags == sorted(tags) and set(tags) >= {"DFLT", "latn", "cyrl", "dev2"}
     for record in table.ScriptList.ScriptRecord:
         assert record.Script.DefaultLangSys.FeatureIndex == [0]
-    assert "GPOS" not in make(document(glyphs, [pair("A", "be", 0.4), pair("A", "gone", 5)]))
+    unkerned = make(document(glyphs, [pair("A", "be", 0.4), pair("A", "gone", 5)]))
+    assert "GPOS" not in unkerned
+    assert (font["OS/2"].usMaxContext, unkerned["OS/2"].usMaxContext) == (2, 1)
 
 
 @pytest.mark.parametrize("kerned", [False, True])

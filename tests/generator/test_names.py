@@ -2,6 +2,7 @@
 
 import json
 import math
+from unicodedata import normalize
 
 import pytest
 from conftest import shape
@@ -98,6 +99,29 @@ def test_characters_map_with_what_they_imply():
     assert layered.sequences == {(0x65, 0x302, 0x323): 4, (0x65, 0x323, 0x302): 4}
 
 
+def test_every_character_that_is_canonically_others_maps_to_their_glyph():
+    """As projects hold it after they were opened, which composes it."""
+    found = 0
+    for scalar in {*range(0x110000)} - {*range(0xD800, 0xE000)}:
+        composed = normalize("NFC", chr(scalar))
+        if composed != chr(scalar):
+            characters = map_characters([None, composed])
+            assert characters.scalars[scalar] == 1 and not characters.unmapped, hex(scalar)
+            found += 1
+    assert found > 1000
+
+
+@pytest.mark.parametrize("single", "\u0344\u0958\u09dc\u0f43\u2adc\ufb1d\U0001d15e")
+def test_characters_that_are_never_composed_can_be_typed(make, single):
+    parts = normalize("NFC", single)
+    for drawn in (single, parts):
+        for others in ("", parts[0], parts):
+            glyphs = [glyph("drawn", drawn, advance=777), *(glyph(f"part {part}", part) for part in others)]
+            font = make(document(glyphs))
+            for typed in {single, parts if others == parts else single}:
+                assert [advance for _, advance in shape(font, typed)] == [777], (drawn, others, typed)
+
+
 def test_the_longest_text_of_several_characters_wins(make):
     glyphs = [glyph(name, name) for name in ("f", "i", "ff", "ffi", "fi")]
     for target in ("f.otf", "f.ttf"):
@@ -128,7 +152,7 @@ def test_texts_are_read_alike_escaped_and_plain(tmp_path, escaped):
 
 
 @pytest.mark.parametrize("name, lean, angle", [
-    ("Brush Italic", 123, -10), ("Brush Oblique", -123, 10), ("Brush Italic", 0, 0), ("Brush", 123, 0)])
+    ("Brush Italic", 129, -10.5), ("Brush Oblique", -123, 10), ("Brush Italic", 0, 0), ("Brush", 123, 0)])
 def test_an_italic_leans_as_its_stems_do(make, name, lean, angle):
     stem = [move(0, 0), line(80, 0), line(80 + lean, 700), line(lean, 700), CLOSE]
     for target in ("f.otf", "f.ttf"):

@@ -72,6 +72,7 @@ REFUSED = {
     "a high ascender": (with_(ascender=40000), "ascender"),
     "no advance": (document([{"name": "bad", "fontPath": []}]), '"bad"'),
     "a negative advance": (with_glyph(advanceWidth=-1), '"bad" is -1'),
+    "a name of several lines": (with_glyph(name="bä\nd\u202e", advanceWidth=-1), '"bä\\nd\\u202e" is -1'),
     "a wide advance": (with_glyph(advanceWidth=1e300), '"bad"'),
     "text as advance": (with_glyph(advanceWidth="600"), '"bad"'),
     "a number as character": (with_glyph(unicode=65), '"unicode"'),
@@ -175,6 +176,19 @@ def test_a_full_disk_leaves_the_old_font(tmp_path, monkeypatch):
     with pytest.raises(GeneratorError, match="No space left"):
         output.write_whole(str(target), b"new")
     assert target.read_bytes() == b"old" and os.listdir(tmp_path) == ["font.otf"]
+
+
+def test_a_request_to_end_leaves_the_old_font(tmp_path):
+    os.mkfifo(tmp_path / "d.json")
+    (tmp_path / "f.otf").write_bytes(b"old")
+    process = subprocess.Popen([sys.executable, str(SCRIPT), str(tmp_path / "d.json"),
+                                str(tmp_path / "f.otf")], stderr=subprocess.PIPE, text=True)
+    with open(tmp_path / "d.json", "wb"):  # waits for the generator to read
+        process.terminate()
+        error = process.communicate(timeout=60)[1]
+    assert (process.returncode, error) == (1, "The font was not made: it was interrupted.\n")
+    assert (tmp_path / "f.otf").read_bytes() == b"old"
+    assert sorted(os.listdir(tmp_path)) == ["d.json", "f.otf"]
 
 
 def test_nobody_reading_the_warnings_is_no_failure(tmp_path):

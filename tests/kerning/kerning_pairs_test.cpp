@@ -28,6 +28,23 @@ struct KerningTest : ::testing::Test {
   }
 };
 
+TEST(CommonKerningPairs, AreThoseOfSlantedAndOverhangingLetters) {
+  std::vector<std::string> expected;
+  const auto add = [&](std::string_view lefts, const std::vector<std::string>& rights) {
+    for (const char left : lefts)
+      for (const std::string& right : rights) expected.push_back(left + ("/" + right));
+  };
+  add("A", {"v", "w", "y", "T", "V", "W", "Y"});
+  add("TVWY", {"a", "e", "o", "A"});
+  add("L", {"T", "V", "W", "Y"});
+  add("rvwy", {"a", "e", "o"});
+  add("AFPTVWY", {"period", "comma"});
+  std::vector<std::string> found;
+  for (const auto& [left, right] : kCommonKerningPairs)
+    found.push_back(std::string(left) + "/" + std::string(right));
+  EXPECT_THAT(found, ::testing::UnorderedElementsAreArray(expected));
+}
+
 TEST_F(KerningTest, AddsTheCommonPairsOfGlyphsThatAreThere) {
   generateCommonKerningPairs(d.manager);
   EXPECT_FALSE(d.manager.selectedKerningPairId());

@@ -20,13 +20,18 @@ Glyph placedGlyph() {
 }
 
 TEST(FontProject, SortsGlyphsByNameKeepingTheOrderOfEquals) {
+  const char* const names[] = {"b", "a", "\u00C4", "B", "A\u0308", ".notdef", "a", "\u00C4"};
   std::vector<Glyph> glyphs;
-  for (const char* name : {"b", "a", "\u00C4", "B", "A\u0308", ".notdef", "a", "\u00C4"})
-    glyphs.push_back(makeGlyph(name, std::to_string(glyphs.size())));
+  for (std::size_t i = 0; i < 40; ++i) // more than are sorted one by one
+    glyphs.push_back(makeGlyph(names[i % 8], std::string(1, static_cast<char>('0' + i))));
   sortByName(glyphs);
   std::string order;
   for (const Glyph& glyph : glyphs) order += *glyph.unicode();
-  EXPECT_EQ(order, "53160247");
+  EXPECT_EQ(order, "5=EMU"
+                   "3;CKS"
+                   "169>AFINQV"
+                   "08@HP"
+                   "247:<?BDGJLORTW");
 }
 
 // The metrics, the box and the end of the curve.
@@ -51,6 +56,8 @@ TEST(Glyph, KeepsOutlineAndMetricsInStep) {
       {[](Glyph& g) { g.setVerticalOffset(40); }, "550 50 50 40 1 100 40 400 700 100 90"},
       {[](Glyph& g) { g.setScale(2); }, "950 50 50 0 2 100 0 800 1400 100 100"},
       {[](Glyph& g) { g.setScale(1.0005); }, "550 50 50 0 1.0005 100 0 400 700 100 50"},
+      {[](Glyph& g) { g.setScale(1.001953125); },
+       "550.78125 50 50 0 1.001953125 100 0 400.78125 701.3671875 100 50.09765625"},
       // The offset in the outline is scaled with it.
       {[](Glyph& g) { g.setVerticalOffset(40), g.setScale(0.5); },
        "350 50 50 40 0.5 100 20 200 350 100 45"},

@@ -1,5 +1,4 @@
 #include "base/numbers.h"
-#include "preview/preview_document.h"
 #include "preview/text_layout.h"
 #include "support/testing.h"
 
@@ -114,66 +113,6 @@ TEST(HitRectangles, AreAtLeastAPointWideAndHigh) {
   const auto pairs = characterPairInfos(set.layout, set.project);
   ASSERT_EQ(pairs.size(), 1U);
   EXPECT_EQ(pairs[0].bounds, (Rect{20, 20, 1, 1}));
-}
-
-TEST(PreviewDocument, ListsWhatIsDrawn) {
-  const Set set("AV");
-  EXPECT_EQ(previewJson(set.layout, set.project), R"({
-  "width": 152,
-  "height": 140,
-  "glyphs": [
-    {"char": "A", "glyphName": "A", "x": 20, "baseline": 100, "bounds": [20, 20, 60, 100]},
-    {"char": "V", "glyphName": "V", "x": 72, "baseline": 100, "bounds": [72, 20, 60, 100]}
-  ],
-  "pairs": [
-    {"leftGlyph": "A", "rightGlyph": "V", "bounds": [20, 20, 112, 100]}
-  ]
-}
-)");
-  FontProject project = sampleProject();
-  project.glyphs[0].placeOutline({PathCommand::moveTo({0, 0.5}),
-                                  PathCommand::curveTo({1, 2}, {3, 4}, {5, 6}),
-                                  PathCommand::closePath()},
-                                 {});
-  project.glyphs[1].placeOutline({PathCommand::lineTo({1e308 * 10, 0})}, {});
-  const Set drawn("AAVB", project);
-  EXPECT_EQ(
-      previewSvg(drawn.layout, drawn.project),
-      R"svg(<svg xmlns="http://www.w3.org/2000/svg" width="262" height="140" viewBox="0 0 262 140">
-<rect width="100%" height="100%" fill="#fff"/>
-<defs>
-<path id="g0" d="M0 0.5C1 2 3 4 5 6Z"/>
-</defs>
-<g fill="#111">
-<use href="#g0" transform="translate(20 100) scale(0.1 -0.1)"/>
-<use href="#g0" transform="translate(80 100) scale(0.1 -0.1)"/>
-</g>
-</svg>
-)svg");
-}
-
-TEST(PreviewDocument, FillsAPageOfTheSizeOfTheText) {
-  FontProject project = sampleProject();
-  const Outline triangle{PathCommand::moveTo({0, 0.5}), PathCommand::lineTo({1e-7, -3}),
-                         PathCommand::curveTo({1, 2}, {3, 4}, {5, 6e20}), PathCommand::closePath()};
-  for (Glyph& glyph : project.glyphs) glyph.placeOutline(triangle, {});
-  project.glyphs[1].placeOutline({PathCommand::lineTo({1e308 * 10, 0})}, {});
-  const Set set("AAVB", project);
-  const std::string pdf = previewPdf(set.layout, project);
-  for (const char* part :
-       {"/MediaBox [0 0 262 140 ] /UserUnit 1 ", "q 0.1 0 0 0.1 80 40 cm /G5 Do Q",
-        "0 0.5 m\n0.0000001 -3 l\n1 2 3 4 5 600000000000000000000 c\nh\nf\n"})
-    EXPECT_NE(pdf.find(part), std::string::npos) << part;
-  EXPECT_EQ(pdf.find("nan") & pdf.find("inf") & pdf.find("7 0 obj"), std::string::npos);
-  // Readers jump to where the table says that the objects begin.
-  std::size_t entry = pdf.find("0000000000 65535 f \n");
-  for (int object = 1; object <= 6; ++object) {
-    entry += 20;
-    const std::string begin = std::to_string(object) + " 0 obj";
-    EXPECT_EQ(pdf.substr(std::stoul(pdf.substr(entry, 10)), begin.size()), begin);
-  }
-  EXPECT_NE(previewPdf(Set("A", project, 30'000).layout, project).find(" /UserUnit 3 "),
-            std::string::npos);
 }
 
 } // namespace

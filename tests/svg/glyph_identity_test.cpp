@@ -3,8 +3,6 @@
 #include "svg/glyph_identity.h"
 #include "svg/glyph_name_tables.h"
 
-#include <sstream>
-
 namespace quillery::test {
 namespace {
 
@@ -65,18 +63,6 @@ TEST(GlyphNameTables, LeadFromEveryCharacterToItsNameAndBack) {
       EXPECT_EQ(characterForGlyphName(*name), byNameToo ? std::optional(c) : std::nullopt);
     }
   EXPECT_EQ(names, 28);
-  // Accented letters: the capital's name begins with a capital.
-  std::istringstream letters(
-      "aacute acircumflex adieresis agrave aring atilde ccedilla eacute ecircumflex edieresis "
-      "egrave eth iacute icircumflex idieresis igrave ntilde oacute ocircumflex odieresis ograve "
-      "oslash otilde thorn uacute ucircumflex udieresis ugrave yacute");
-  for (std::string letter; letters >> letter;) {
-    std::string capital = letter;
-    capital[0] = static_cast<char>(capital[0] - 'a' + 'A');
-    ASSERT_TRUE(characterForGlyphName(letter) && characterForGlyphName(capital)) << letter;
-    EXPECT_EQ(uppercased(scalarText(*characterForGlyphName(letter))),
-              scalarText(*characterForGlyphName(capital)));
-  }
   for (const char* name : {"divide", "ydieresis", "nbspace", "Euro", "", "a"})
     EXPECT_FALSE(characterForGlyphName(name)) << name;
 }

@@ -42,10 +42,16 @@ TEST(ParsePathData, PassesOverWhatItCannotRead) {
   for (const auto& [data, expected] : rows)
     EXPECT_EQ(text(PathConverter::parsePathData(data)), expected) << data;
   const std::pair<const char*, const char*> longer[] = {
-      {"M0 0 C1 2 3 4 5 L6 7", "M0,0 L6,7"},  {"M0 0 H50 V50 L0 0", "M0,0 L0,0"},
-      {"M1 2 Z 3 4 5 6 L7 8", "M1,2 Z L7,8"}, {"M1 2 \u00E9 3 4 L5 6", "M1,2 L5,6"},
-      {"M\u00A01 2\u3000L3 4", "M1,2 L3,4"},  {"M1 2 \u20AC3 4 5", "M1,2 M4,5"},
-      {"M\u0308 1 2 L3 4", "L3,4"},           {"M10 20\r\n30 40 50", "M40,50"}};
+      {"M0 0 C1 2 3 4 5 L6 7", "M0,0 L6,7"},
+      {"M0 0 H50 V50 L0 0", "M0,0 L0,0"},
+      {"M1 2 Z 3 4 5 6 L7 8", "M1,2 Z L7,8"},
+      {"M1 2 \u00E9 3 4 L5 6", "M1,2 L5,6"},
+      {"M\u00A01 2\u3000L3 4", "M1,2 L3,4"},
+      {"M1 2 \u20AC3 4 5", "M1,2 M4,5"},
+      {"M\u0308 1 2 L3 4", "L3,4"},
+      {"M10 20\r\n30 40 50", "M40,50"},
+      {"M1e2 5 L3 4", "L3,4"},
+      {"L1 2 3 4E1 5 6 C7 L8 9", "L1,2 L3,4 L8,9"}};
   for (const auto& [data, expected] : longer)
     EXPECT_EQ(text(PathConverter::parsePathData(data)), expected) << data;
 }
