@@ -47,8 +47,10 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
                                         places.developmentScript};
   const FontGenerator generator(session.desktop(), generatorPlaces);
   // The check waits for Python; the project loads meanwhile.
-  auto check =
-      std::async(std::launch::async, [&] { return generator.checkGeneratorAvailability(); });
+  const auto task = std::make_shared<std::packaged_task<GeneratorAvailability()>>(
+      [generator] { return generator.checkGeneratorAvailability(); });
+  auto check = task->get_future();
+  session.desktop().runInBackground([task] { (*task)(); });
   if (!session.open(command.project)) return ExitStatus::failed;
   if (const auto availability = check.get(); !availability.available) {
     printError("Cannot generate font: " + availability.message);

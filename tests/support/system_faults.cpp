@@ -7,6 +7,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,7 +36,8 @@ SystemFaults::~SystemFaults() {
 
 bool SystemFaults::strikes(const char* call) {
   if (plan_.only && std::strcmp(plan_.only, call) != 0) return false;
-  if (struck_ || ++counted_ != plan_.failNth) return false;
+  if (struck_ && !plan_.goesOn) return false;
+  if (!struck_ && ++counted_ != plan_.failNth) return false;
   struck_ = call;
   errno = plan_.code;
   return true;
@@ -116,6 +118,12 @@ int fchmod(int descriptor, mode_t mode) noexcept {
 int ftruncate(int descriptor, off_t size) noexcept {
   NEXT(ftruncate);
   return strikes("ftruncate") ? -1 : next(descriptor, size);
+}
+
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*),
+                   void* argument) noexcept {
+  NEXT(pthread_create);
+  return strikes("pthread_create") ? errno : next(thread, attributes, start, argument);
 }
 
 int rename(const char* from, const char* to) noexcept {
