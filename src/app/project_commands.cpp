@@ -126,6 +126,7 @@ void apply(const MetricsCommand::Change& change, Glyph& glyph) {
 
 // Columns padded to their widest cell.
 void printTable(const std::vector<std::vector<std::string>>& rows) {
+  const LineBatch batch;
   std::vector<std::size_t> widths(rows.front().size());
   for (const auto& row : rows)
     for (std::size_t i = 0; i < row.size(); ++i)
@@ -191,6 +192,7 @@ ExitStatus run(const KernCommand& command, const ProgramPlaces& places) {
   Session session(places);
   if (!session.open(command.project)) return ExitStatus::failed;
   if (command.changes.empty()) {
+    const LineBatch batch;
     for (const KerningPair* pair : filteredKerningPairs(session.project(), command.filter))
       printLine(pair->leftGlyph + " " + pair->rightGlyph + " " + formatShortest(pair->value));
     return ExitStatus::done;

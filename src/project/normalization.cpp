@@ -19,6 +19,7 @@ std::string hexList(const std::vector<char32_t>& values) {
 } // namespace
 
 void normalizeGlyphCharacters(FontProject& project) {
+  const LineBatch batch;
   printLine("🔍 Starting unicode normalization check for " + std::to_string(project.glyphs.size()) +
             " glyphs...");
   long long normalizedCount = 0;
