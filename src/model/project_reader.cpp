@@ -9,14 +9,6 @@
 
 namespace quillery {
 
-std::string ProjectFormatError::description() const {
-  return place.empty() ? reason : place + ": " + reason;
-}
-
-std::string ProjectFileError::description() const {
-  return path.string() + ": " + reason;
-}
-
 namespace {
 
 namespace dom = simdjson::dom;
@@ -275,10 +267,10 @@ public:
     }
   }
 
-  Result<FontProject, ProjectFormatError> decode() {
+  Result<FontProject, Problem> decode() {
     FontProject project;
     if (size_ > kSliceSize && decodeSlices(project)) return project;
-    if (!fault_.reason.empty()) return Failure{ProjectFormatError{fault_.place, fault_.reason}};
+    if (!fault_.reason.empty()) return Failure{Problem{fault_.place, fault_.reason}};
     project = FontProject();
     return decodeWhole(project);
   }
@@ -313,7 +305,7 @@ private:
     return readAppending(items, out, fault_) || fault_.in(member);
   }
 
-  Result<FontProject, ProjectFormatError> decodeWhole(FontProject& project) {
+  Result<FontProject, Problem> decodeWhole(FontProject& project) {
     dom::element root;
     auto error = parser_.parse(text_, size_, false).get(root);
     std::string patched;
@@ -324,11 +316,11 @@ private:
     if (error != simdjson::SUCCESS) {
       const std::string_view text(text_, size_);
       if (error == simdjson::DEPTH_ERROR)
-        return Failure{ProjectFormatError{"", "The document is nested deeper than 1024 levels"}};
+        return Failure{Problem{"", "The document is nested deeper than 1024 levels"}};
       return Failure{diagnoseJson(text, simdjson::error_message(error))};
     }
     if (read(root, project, fault_)) return std::move(project);
-    return Failure{ProjectFormatError{fault_.place, fault_.reason}};
+    return Failure{Problem{fault_.place, fault_.reason}};
   }
 
   // The parser refuses whole numbers past 64 bits unless they are written as decimals.
@@ -370,16 +362,15 @@ private:
 
 } // namespace
 
-Result<FontProject, ProjectFormatError> decodeProject(FileBytes& bytes) {
+Result<FontProject, Problem> decodeProject(FileBytes& bytes) {
   return Decoder(bytes).decode();
 }
 
-Result<FontProject, ProjectFileError> readProjectFile(const std::filesystem::path& path) {
+Result<FontProject, Problem> readProjectFile(const std::filesystem::path& path) {
   FileBytes bytes;
-  if (const auto done = readFile(path, bytes); !done)
-    return Failure{ProjectFileError{path, done.error().reason}};
+  if (const auto done = readFile(path, bytes); !done) return Failure{done.error()};
   auto project = decodeProject(bytes);
-  if (!project) return Failure{ProjectFileError{path, project.error().description()}};
+  if (!project) return Failure{Problem{path.string(), project.error().description()}};
   return std::move(project).value();
 }
 

@@ -25,7 +25,7 @@ void ProjectManager::newProject() {
   install(FontProject(), std::nullopt);
 }
 
-Result<void, ProjectFileError> ProjectManager::loadProject(const fs::path& file) {
+Result<void, Problem> ProjectManager::loadProject(const fs::path& file) {
   auto project = readProjectFile(file);
   if (!project) return Failure{project.error()};
   normalizeGlyphCharacters(project.value());
@@ -93,7 +93,7 @@ void ProjectManager::saveProjectAs() {
   }));
 }
 
-Result<void, ProjectFileError> ProjectManager::saveProjectTo(const fs::path& file) {
+Result<void, Problem> ProjectManager::saveProjectTo(const fs::path& file) {
   if (auto written = writeProjectFile(file, project_); !written) return written;
   recentProjects_.addRecentProject(file);
   url_ = file;
