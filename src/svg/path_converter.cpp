@@ -143,19 +143,23 @@ Outline parsePathData(std::string_view pathData) {
   return Interpreter(folded).run();
 }
 
-PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& viewBox,
-                                       double unitsPerEm) {
+PlacedOutline placeInEm(Outline outline, const Rect& viewBox, double unitsPerEm) {
   constexpr double kDrawingUnitsPerEm = 100;
   const double scale = unitsPerEm / kDrawingUnitsPerEm;
   const double left = viewBox.minX();
   const double bottom = viewBox.maxY();
   PlacedOutline placed;
-  placed.fontPath = parsePathData(pathData);
+  placed.fontPath = std::move(outline);
   placed.fontPath.transform([=](Point p) {
     return Point{scale * (p.x - left), scale * (bottom - p.y)};
   });
   placed.boundingBox = controlBox(placed.fontPath);
   return placed;
+}
+
+PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& viewBox,
+                                       double unitsPerEm) {
+  return placeInEm(parsePathData(pathData), viewBox, unitsPerEm);
 }
 
 } // namespace quillery::PathConverter
