@@ -26,14 +26,14 @@ constexpr NumberMember<GlyphRecord> kGlyphNumbers[] = {
     {"rightSideBearing", &GlyphRecord::rightSideBearing},
 };
 
-void writePoint(PieceWriter& out, std::string_view key, Point p) {
+void writePoint(JsonWriter& out, std::string_view key, Point p) {
   out.raw(key);
   out.number(" : { \"x\" : ", p.x);
   out.number(", \"y\" : ", p.y);
   out.raw(" }");
 }
 
-void writeCommand(PieceWriter& out, const PathCommand& command) {
+void writeCommand(JsonWriter& out, const PathCommand& command) {
   switch (command.kind) {
   case PathCommand::Kind::moveTo:
     writePoint(out, "        { \"type\" : \"moveTo\", \"point\"", command.points[0]);
@@ -53,31 +53,32 @@ void writeCommand(PieceWriter& out, const PathCommand& command) {
   out.raw(" }");
 }
 
-void writeGlyph(PieceWriter& out, const GlyphRecord& glyph) {
-  out.text("    {\n      \"name\" : ", glyph.name);
-  if (glyph.unicode) out.text(",\n      \"unicode\" : ", *glyph.unicode);
-  out.numbers(",\n      \"", glyph, kGlyphNumbers);
+void writeGlyph(JsonWriter& out, const GlyphRecord& glyph) {
+  out.string("    {\n      \"name\" : ", glyph.name);
+  if (glyph.unicode) out.string(",\n      \"unicode\" : ", *glyph.unicode);
+  writeNumbers(out, ",\n      \"", glyph, kGlyphNumbers);
   out.raw(",\n      \"fontPath\" : [");
-  out.items(glyph.fontPath, true, [&](const PathCommand& command) { writeCommand(out, command); });
+  writeItems(out, glyph.fontPath, true,
+             [&](const PathCommand& command) { writeCommand(out, command); });
   out.raw(glyph.fontPath.empty() ? "]\n    }" : "\n      ]\n    }");
 }
 
-void writeKerningPair(PieceWriter& out, const KerningPair& pair) {
-  out.text("    { \"leftGlyph\" : ", pair.leftGlyph);
-  out.text(", \"rightGlyph\" : ", pair.rightGlyph);
+void writeKerningPair(JsonWriter& out, const KerningPair& pair) {
+  out.string("    { \"leftGlyph\" : ", pair.leftGlyph);
+  out.string(", \"rightGlyph\" : ", pair.rightGlyph);
   out.number(", \"value\" : ", pair.value);
   out.raw(" }");
 }
 
-PieceWriter::Piece fontInfo(const FontInfo& font) {
-  PieceWriter out;
-  out.text("{\n  \"name\" : ", font.name);
-  out.text(",\n  \"designer\" : ", font.designer);
-  out.text(",\n  \"version\" : ", font.version);
-  out.text(",\n  \"copyright\" : ", font.copyright);
+JsonWriter fontInfo(const FontInfo& font) {
+  JsonWriter out;
+  out.string("{\n  \"name\" : ", font.name);
+  out.string(",\n  \"designer\" : ", font.designer);
+  out.string(",\n  \"version\" : ", font.version);
+  out.string(",\n  \"copyright\" : ", font.copyright);
   out.integer(",\n  \"unitsPerEm\" : ", font.unitsPerEm);
-  out.numbers(",\n  \"", font, kFontNumbers);
-  return out.finish();
+  writeNumbers(out, ",\n  \"", font, kFontNumbers);
+  return out;
 }
 
 Result<std::string, Problem> documentOf(const FontProject& project) {
@@ -89,7 +90,7 @@ Result<std::string, Problem> documentOf(const FontProject& project) {
   DocumentWriter document(sink);
   document.take(fontInfo(project));
   document.list(",\n  \"glyphs\" : ", project.glyphs,
-                [](PieceWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
+                [](JsonWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
   document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, writeKerningPair);
   document.take("\n}");
   if (document.isFinite()) return text;

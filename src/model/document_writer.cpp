@@ -38,29 +38,13 @@ std::string placeOfNonFinite(const FontProject& project, const NumberMembers& me
   return {};
 }
 
-void PieceWriter::text(std::string_view key, std::string_view value) {
-  out_.raw(key);
-  out_.string(value);
+bool DocumentWriter::take(const JsonWriter& piece) {
+  finite_ = finite_ && piece.isFinite();
+  return take(piece.view());
 }
 
-void PieceWriter::integer(std::string_view key, long long value) {
-  out_.raw(key);
-  out_.integer(value);
-}
-
-void PieceWriter::number(std::string_view key, double value) {
-  out_.raw(key);
-  out_.number(value);
-}
-
-PieceWriter::Piece PieceWriter::finish() {
-  out_.finish();
-  return {std::move(text_), out_.isFinite()};
-}
-
-bool DocumentWriter::take(const PieceWriter::Piece& piece) {
-  finite_ = finite_ && piece.isFinite;
-  goesOn_ = goesOn_ && sink_(piece.text);
+bool DocumentWriter::take(std::string_view text) {
+  goesOn_ = goesOn_ && sink_(text);
   return goesOn_ && finite_;
 }
 

@@ -41,50 +41,25 @@ struct NumberMembers {
 /// when there is none. The boxes of a glyph come first: its metrics follow an infinite box.
 std::string placeOfNonFinite(const FontProject& project, const NumberMembers& members);
 
-/// Writes one run of a document into a text of its own. A `key` is all that stands before a value:
-/// comma, line break, indentation, name and colon.
-class PieceWriter {
-public:
-  struct Piece {
-    std::string text;
-    bool isFinite = true;
-  };
-
-  void raw(std::string_view text) { out_.raw(text); }
-  void number(double value) { out_.number(value); }
-  void text(std::string_view key, std::string_view value);
-  void integer(std::string_view key, long long value);
-  void number(std::string_view key, double value);
-  /// Members of a record, all behind the same key up to their name.
-  template <typename Record>
-  void numbers(std::string_view key, const Record& record,
-               std::span<const NumberMember<std::type_identity_t<Record>>> members) {
-    for (const auto& member : members) {
-      out_.raw(key);
-      out_.raw(member.name);
-      number("\" : ", record.*member.value);
-    }
+/// Members of a record, all behind the same key up to their name.
+template <typename Record>
+void writeNumbers(JsonWriter& out, std::string_view key, const Record& record,
+                  std::span<const NumberMember<std::type_identity_t<Record>>> members) {
+  for (const auto& member : members) {
+    out.raw(key);
+    out.raw(member.name);
+    out.number("\" : ", record.*member.value);
   }
+}
 
-  /// Some items of a list, each on a line of its own that `write` begins with its indentation.
-  template <typename Items, typename Write>
-  void items(const Items& items, bool isFirst, Write write) {
-    for (const auto& item : items) {
-      out_.raw(std::exchange(isFirst, false) ? "\n" : ",\n");
-      write(item);
-    }
+/// Items of a list, each on a line of its own that `write(item)` begins with its indentation.
+template <typename Items, typename Write>
+void writeItems(JsonWriter& out, const Items& items, bool isFirst, Write write) {
+  for (const auto& item : items) {
+    out.raw(std::exchange(isFirst, false) ? "\n" : ",\n");
+    write(item);
   }
-
-  /// Ends the run.
-  Piece finish();
-
-private:
-  std::string text_;
-  JsonWriter out_{[this](std::string_view piece) {
-    text_ += piece;
-    return true;
-  }};
-};
+}
 
 /// Hands the pieces of a document to a sink, in their order.
 class DocumentWriter {
@@ -93,24 +68,25 @@ public:
   explicit DocumentWriter(const ByteSink& sink) : sink_(sink) {}
 
   /// False when nothing more is wanted: the sink stopped, or a number was not finite.
-  bool take(const PieceWriter::Piece& piece);
-  bool take(std::string_view text) { return take({std::string(text), true}); }
+  bool take(const JsonWriter& piece);
+  bool take(std::string_view text);
 
-  /// A list at the end of `key`, whose items `write(PieceWriter&, item)` writes on any thread.
+  /// A list behind `key`, whose items `write(JsonWriter&, item)` writes on any thread.
   template <typename Item, typename Write>
   void list(std::string_view key, const std::vector<Item>& items, Write write) {
     constexpr std::size_t kItemsPerPiece = 32;
-    take(std::string(key) + "[");
+    take(key);
+    take("[");
     produceInOrder((items.size() + kItemsPerPiece - 1) / kItemsPerPiece,
                    [&](std::size_t piece) {
                      const std::size_t first = piece * kItemsPerPiece;
                      const auto some = std::span(items).subspan(
                          first, std::min(kItemsPerPiece, items.size() - first));
-                     PieceWriter out;
-                     out.items(some, first == 0, [&](const Item& item) { write(out, item); });
-                     return out.finish();
+                     JsonWriter out;
+                     writeItems(out, some, first == 0, [&](const Item& item) { write(out, item); });
+                     return out;
                    },
-                   [&](std::size_t, const PieceWriter::Piece& piece) { return take(piece); });
+                   [&](std::size_t, const JsonWriter& piece) { return take(piece); });
     take(items.empty() ? "]" : "\n  ]");
   }
 

@@ -21,25 +21,25 @@ constexpr NumberMember<GlyphRecord> kGlyphNumbers[] = {
     {"scale", &GlyphRecord::scale},
 };
 
-void writePair(PieceWriter& out, std::string_view key, double a, double b) {
+void writePair(JsonWriter& out, std::string_view key, double a, double b) {
   out.raw(key);
   out.number("[", a);
   out.number(", ", b);
   out.raw("]");
 }
 
-void writeBox(PieceWriter& out, std::string_view key, const Rect& box) {
+void writeBox(JsonWriter& out, std::string_view key, const Rect& box) {
   out.raw(key);
   writePair(out, "[", box.x, box.y);
   writePair(out, ", ", box.width, box.height);
   out.raw("]");
 }
 
-void writePoint(PieceWriter& out, std::string_view key, Point p) {
+void writePoint(JsonWriter& out, std::string_view key, Point p) {
   writePair(out, key, p.x, p.y);
 }
 
-void writeCommand(PieceWriter& out, const PathCommand& command) {
+void writeCommand(JsonWriter& out, const PathCommand& command) {
   switch (command.kind) {
   case PathCommand::Kind::moveTo:
     writePoint(out, "        { \"moveTo\" : { \"_0\" : ", command.points[0]);
@@ -58,37 +58,38 @@ void writeCommand(PieceWriter& out, const PathCommand& command) {
   out.raw(" } }");
 }
 
-void writeGlyph(PieceWriter& out, const GlyphRecord& glyph) {
-  out.text("    {\n      \"id\" : ", glyph.id.toString());
-  if (glyph.unicode) out.text(",\n      \"unicode\" : ", *glyph.unicode);
-  out.text(",\n      \"name\" : ", glyph.name);
-  out.text(",\n      \"svgPath\" : ", glyph.svgPath.view());
+void writeGlyph(JsonWriter& out, const GlyphRecord& glyph) {
+  out.string("    {\n      \"id\" : ", glyph.id.toString());
+  if (glyph.unicode) out.string(",\n      \"unicode\" : ", *glyph.unicode);
+  out.string(",\n      \"name\" : ", glyph.name);
+  out.string(",\n      \"svgPath\" : ", glyph.svgPath.view());
   writeBox(out, ",\n      \"viewBox\" : ", glyph.viewBox);
-  out.numbers(",\n      \"", glyph, kGlyphNumbers);
+  writeNumbers(out, ",\n      \"", glyph, kGlyphNumbers);
   writeBox(out, ",\n      \"boundingBox\" : ", glyph.boundingBox);
   out.raw(",\n      \"fontPath\" : [");
-  out.items(glyph.fontPath, true, [&](const PathCommand& command) { writeCommand(out, command); });
+  writeItems(out, glyph.fontPath, true,
+             [&](const PathCommand& command) { writeCommand(out, command); });
   out.raw(glyph.fontPath.empty() ? "]\n    }" : "\n      ]\n    }");
 }
 
-void writeKerningPair(PieceWriter& out, const KerningPair& pair) {
-  out.text("    {\n      \"id\" : ", pair.id.toString());
-  out.text(",\n      \"leftGlyph\" : ", pair.leftGlyph);
-  out.text(",\n      \"rightGlyph\" : ", pair.rightGlyph);
+void writeKerningPair(JsonWriter& out, const KerningPair& pair) {
+  out.string("    {\n      \"id\" : ", pair.id.toString());
+  out.string(",\n      \"leftGlyph\" : ", pair.leftGlyph);
+  out.string(",\n      \"rightGlyph\" : ", pair.rightGlyph);
   out.number(",\n      \"value\" : ", pair.value);
   out.raw("\n    }");
 }
 
-PieceWriter::Piece fontInfo(const FontInfo& font) {
-  PieceWriter out;
-  out.text("{\n  \"id\" : ", font.id.toString());
-  out.text(",\n  \"name\" : ", font.name);
-  out.text(",\n  \"designer\" : ", font.designer);
-  out.text(",\n  \"version\" : ", font.version);
-  out.text(",\n  \"copyright\" : ", font.copyright);
+JsonWriter fontInfo(const FontInfo& font) {
+  JsonWriter out;
+  out.string("{\n  \"id\" : ", font.id.toString());
+  out.string(",\n  \"name\" : ", font.name);
+  out.string(",\n  \"designer\" : ", font.designer);
+  out.string(",\n  \"version\" : ", font.version);
+  out.string(",\n  \"copyright\" : ", font.copyright);
   out.integer(",\n  \"unitsPerEm\" : ", font.unitsPerEm);
-  out.numbers(",\n  \"", font, kFontNumbers);
-  return out.finish();
+  writeNumbers(out, ",\n  \"", font, kFontNumbers);
+  return out;
 }
 
 } // namespace
@@ -97,7 +98,7 @@ Result<void, Problem> encodeProject(const FontProject& project, const ByteSink& 
   DocumentWriter document(sink);
   document.take(fontInfo(project));
   document.list(",\n  \"glyphs\" : ", project.glyphs,
-                [](PieceWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
+                [](JsonWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
   document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, writeKerningPair);
   document.take("\n}\n");
   if (document.isFinite()) return {};
