@@ -1,6 +1,7 @@
-// Importing a folder of drawings and saving the project, beside reading the same files and looking
-// at each byte once.
+// Importing a folder of drawings and writing the project, beside reading the same files and looking
+// at each byte once. Waiting for the disk at the end of a save is left out: it measures the disk.
 
+#include "base/descriptor.h"
 #include "made_projects.h"
 #include "model/project_file.h"
 #include "project/headless_desktop.h"
@@ -11,7 +12,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fcntl.h>
 #include <memory>
+#include <unistd.h>
 
 namespace quillery::bench {
 namespace {
@@ -42,7 +45,7 @@ void readAndScan(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-void importAndSave(benchmark::State& state) {
+void importAndWrite(benchmark::State& state) {
   const DrawingFolder& folder = folderOf(state.range(0));
   const auto project = folder.path() / "out.fontproj";
   for (auto _ : state) {
@@ -50,7 +53,13 @@ void importAndSave(benchmark::State& state) {
     RecentProjectsManager recent(desktop);
     ProjectManager manager(desktop, recent);
     importSVGFiles(manager, drawingsInFolder(folder.path()).value());
-    if (!manager.saveProjectTo(project)) std::abort();
+    const Descriptor file(open(project.c_str(), O_WRONLY | O_CREAT, 0600));
+    off_t written = 0;
+    const auto encoded = encodeProject(manager.currentProject(), [&](std::string_view piece) {
+      written += pwrite(file.get(), piece.data(), piece.size(), written);
+      return true;
+    });
+    if (!encoded) std::abort();
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
@@ -71,7 +80,7 @@ const bool registered = [] {
   for (const std::int64_t drawings : {100, 1000, 5000, 20000}) {
     for (const auto& [name, run] :
          {std::pair{"readAndScan", &readAndScan}, std::pair{"importOnly", &importOnly},
-          std::pair{"importAndSave", &importAndSave}})
+          std::pair{"importAndWrite", &importAndWrite}})
       benchmark::RegisterBenchmark(name, run)
           ->Arg(drawings)
           ->Unit(benchmark::kMillisecond)

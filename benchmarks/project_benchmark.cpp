@@ -48,7 +48,7 @@ void openProject(benchmark::State& state) {
     auto project = readProjectFile(largeFile().path());
     benchmark::DoNotOptimize(project.value().glyphs.size());
     state.PauseTiming();
-    project = Failure{ProjectFileError{}};
+    project = Failure{Problem{}};
     state.ResumeTiming();
   }
   state.SetBytesProcessed(state.iterations() * largeFile().size());

@@ -87,6 +87,8 @@ public:
     app_.add_option("project", window_, "Project to open in the window")
         ->type_name("FILE.fontproj");
     app_.require_subcommand(0, 1);
+    app_.footer("Exit status: 0 done; 1 finished, but something was skipped or found, or only some "
+                "of the files\ncould be written; 2 wrong usage; 3 failed, nothing written.");
     addImport();
     addExport();
     addCheck();

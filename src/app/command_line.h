@@ -23,7 +23,7 @@ struct ProgramPlaces {
 /// Exit statuses of the program.
 enum class ExitStatus : int {
   done = 0,
-  /// Finished, but something was skipped or found.
+  /// Finished, but something was skipped or found, or only some of the files could be written.
   incomplete = 1,
   wrongUsage = 2,
   /// Nothing was written.

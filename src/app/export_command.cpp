@@ -19,6 +19,12 @@ bool isFontFile(const std::filesystem::path& file) {
   });
 }
 
+std::string listed(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
+  return list;
+}
+
 // Runs the desktop's loop until `done`, telling every moment how long it has taken.
 void waitFor(HeadlessDesktop& desktop, const std::function<bool()>& done) {
   ProgressLine line;
@@ -47,25 +53,31 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
                                         places.developmentScript};
   const FontGenerator generator(session.desktop(), generatorPlaces);
   // The check waits for Python; the project loads meanwhile.
-  auto check =
-      std::async(std::launch::async, [&] { return generator.checkGeneratorAvailability(); });
+  const auto task = std::make_shared<std::packaged_task<GeneratorAvailability()>>(
+      [generator] { return generator.checkGeneratorAvailability(); });
+  auto check = task->get_future();
+  session.desktop().runInBackground([task] { (*task)(); });
   if (!session.open(command.project)) return ExitStatus::failed;
   if (const auto availability = check.get(); !availability.available) {
     printError("Cannot generate font: " + availability.message);
     return ExitStatus::failed;
   }
-  auto status = ExitStatus::done;
-  std::size_t running = command.fonts.size();
+  std::vector<std::string> written, failed;
   for (const auto& font : command.fonts)
     generator.generateFont(session.project(), font,
                            [&, font](const Result<void, GenerationError>& result) {
-                             --running;
-                             if (result) return;
-                             printError(font.string() + ": " + result.error().description);
-                             status = ExitStatus::failed;
+                             (result ? written : failed).push_back(font.string());
+                             if (!result)
+                               printError(font.string() + ": " + result.error().description);
                            });
-  waitFor(session.desktop(), [&] { return running == 0; });
-  if (!command.report || status != ExitStatus::done) return status;
+  waitFor(session.desktop(),
+          [&] { return written.size() + failed.size() == command.fonts.size(); });
+  if (written.empty()) return ExitStatus::failed;
+  if (!failed.empty()) {
+    printError("Written: " + listed(written) + "; not written: " + listed(failed));
+    return ExitStatus::incomplete;
+  }
+  if (!command.report) return ExitStatus::done;
   const auto report =
       makeFontReport(session.project(), command.fonts.front(), *command.report, generatorPlaces);
   if (report) return ExitStatus::done;

@@ -31,6 +31,7 @@ void printError(const std::string& message) {
 namespace {
 
 void print(const Table& table, TableForm form) {
+  const LineBatch batch;
   if (form == TableForm::lines)
     for (const std::string& line : table.lines()) printLine(line);
   else
@@ -191,6 +192,7 @@ ExitStatus run(const KernCommand& command, const ProgramPlaces& places) {
   if (command.changes.empty()) {
     const auto pairs = filteredKerningPairs(session.project(), command.filter);
     if (command.form == TableForm::lines) {
+      const LineBatch batch;
       for (const KerningPair* pair : pairs)
         printLine(pair->leftGlyph + " " + pair->rightGlyph + " " + formatShortest(pair->value));
       return ExitStatus::done;

@@ -80,31 +80,24 @@ std::string Table::tsv() const {
 }
 
 std::string Table::json() const {
-  std::string text;
-  JsonWriter out([&](std::string_view piece) {
-    text += piece;
-    return true;
-  });
+  JsonWriter out;
   out.raw("[");
   for (std::size_t row = 0; row < rows_.size(); ++row) {
     out.raw(row == 0 ? "\n  {" : ",\n  {");
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-      if (i > 0) out.raw(", ");
-      out.string(columns_[i]);
-      out.raw(": ");
+      out.string(i == 0 ? "" : ", ", columns_[i]);
       const Cell& cell = rows_[row][i];
       if (const auto* content = std::get_if<std::string>(&cell))
-        out.string(*content);
+        out.string(": ", *content);
       else if (const auto* number = std::get_if<double>(&cell))
-        out.number(*number);
+        out.number(": ", *number);
       else
-        out.raw("null");
+        out.raw(": null");
     }
     out.raw("}");
   }
   out.raw(rows_.empty() ? "]\n" : "\n]\n");
-  out.finish();
-  return text;
+  return std::string(out.view());
 }
 
 } // namespace quillery

@@ -1,24 +1,43 @@
 #include "base/console.h"
 
+#include <atomic>
 #include <cstdio>
 #include <string>
 
 namespace quillery {
-
 namespace {
 
-std::FILE* lines = stdout;
+thread_local int batches = 0;
+std::atomic<bool> linesAreErrors = false;
+
+std::FILE* lineStream() {
+  return linesAreErrors ? stderr : stdout;
+}
+
+void flushUnlessBatched() {
+  if (batches == 0) std::fflush(lineStream());
+}
 
 } // namespace
 
 void printLine(std::string_view line) {
   std::string text(line);
   text += '\n';
-  std::fwrite(text.data(), 1, text.size(), lines);
+  std::fwrite(text.data(), 1, text.size(), lineStream());
+  flushUnlessBatched();
+}
+
+LineBatch::LineBatch() {
+  ++batches;
+}
+
+LineBatch::~LineBatch() {
+  --batches;
+  flushUnlessBatched();
 }
 
 void printLinesToStandardError(bool redirected) {
-  lines = redirected ? stderr : stdout;
+  linesAreErrors = redirected;
 }
 
 void printData(std::string_view data) {

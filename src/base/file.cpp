@@ -1,6 +1,7 @@
 #include "base/file.h"
 
 #include "base/descriptor.h"
+#include "base/file_attributes.h"
 #include "base/uuid.h"
 
 #include <cerrno>
@@ -40,11 +41,9 @@ int flush(int descriptor) {
   return fsync(descriptor) == 0 ? 0 : errno;
 }
 
-int flushFolder(const fs::path& folder) {
+void flushFolder(const fs::path& folder) {
   const Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (descriptor.get() < 0) return 0; // a folder that may be written but not read
-  const int code = flush(descriptor.get());
-  return code == EINVAL || code == ENOTSUP ? 0 : code; // not every file system can
+  if (descriptor.get() >= 0) flush(descriptor.get());
 }
 
 // The file that `path` names once links are followed, also when that file is not there yet.
@@ -65,10 +64,6 @@ fs::path folderOf(const fs::path& path) {
 
 } // namespace
 
-std::string FileError::description() const {
-  return path.string() + ": " + reason;
-}
-
 void FileBytes::reserve(std::size_t capacity) {
   if (capacity <= capacity_) return;
   auto larger = std::make_unique_for_overwrite<char[]>(capacity + kPadding);
@@ -77,14 +72,14 @@ void FileBytes::reserve(std::size_t capacity) {
   capacity_ = capacity;
 }
 
-Result<void, FileError> readFile(const fs::path& path, FileBytes& bytes) {
+Result<void, Problem> readFile(const fs::path& path, FileBytes& bytes) {
   bytes.size_ = 0;
   // Without O_NONBLOCK, opening a pipe waits for somebody to write into it.
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat info {};
   if (file.get() < 0 || fstat(file.get(), &info) != 0)
-    return Failure{FileError{path, reasonFor(errno)}};
-  if (!S_ISREG(info.st_mode)) return Failure{FileError{path, notRegular(info)}};
+    return Failure{Problem{path.string(), reasonFor(errno)}};
+  if (!S_ISREG(info.st_mode)) return Failure{Problem{path.string(), notRegular(info)}};
 
   // One byte more than the size, so that the end of the file shows without a second read.
   bytes.reserve(static_cast<std::size_t>(info.st_size) + 1);
@@ -92,7 +87,7 @@ Result<void, FileError> readFile(const fs::path& path, FileBytes& bytes) {
     const std::size_t room = bytes.capacity_ - bytes.size_;
     const ssize_t count = read(file.get(), bytes.data_.get() + bytes.size_, room);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return Failure{FileError{path, reasonFor(errno)}};
+    if (count < 0) return Failure{Problem{path.string(), reasonFor(errno)}};
     bytes.size_ += static_cast<std::size_t>(count);
     if (static_cast<std::size_t>(count) < room) {
       if (count == 0 || bytes.size_ >= static_cast<std::size_t>(info.st_size)) return {};
@@ -102,18 +97,18 @@ Result<void, FileError> readFile(const fs::path& path, FileBytes& bytes) {
   }
 }
 
-Failure<FileError> FileReplacement::failure(int code) const {
-  return {FileError{path_, reasonFor(code)}};
+Failure<Problem> FileReplacement::failure(int code) const {
+  return {Problem{path_.string(), reasonFor(code)}};
 }
 
-Result<FileReplacement, FileError> FileReplacement::begin(const fs::path& path) {
+Result<FileReplacement, Problem> FileReplacement::begin(const fs::path& path) {
   FileReplacement replacement;
   replacement.path_ = path;
   replacement.target_ = resolveLinks(path);
   struct stat old {};
   const bool exists = stat(replacement.target_.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) return replacement.failure(errno);
-  if (exists && !S_ISREG(old.st_mode)) return Failure{FileError{path, notRegular(old)}};
+  if (exists && !S_ISREG(old.st_mode)) return Failure{Problem{path.string(), notRegular(old)}};
   if (exists && access(replacement.target_.c_str(), W_OK) != 0) return replacement.failure(errno);
   if (exists && old.st_nlink > 1) return replacement;
 
@@ -130,10 +125,7 @@ Result<FileReplacement, FileError> FileReplacement::begin(const fs::path& path) 
     return replacement.failure(code);
   }
   if (!exists) return replacement;
-  const bool sameOwner = old.st_uid == geteuid() && old.st_gid == getegid();
-  if ((sameOwner || fchown(replacement.descriptor_.get(), old.st_uid, old.st_gid) == 0) &&
-      fchmod(replacement.descriptor_.get(), old.st_mode & 07777) == 0)
-    return replacement;
+  if (takeAttributes(replacement.descriptor_.get(), replacement.target_, old)) return replacement;
   // The sibling can't become what the file is: keep the file and write into it.
   replacement.descriptor_.close();
   unlink(replacement.temporary_.c_str());
@@ -150,7 +142,7 @@ FileReplacement::~FileReplacement() {
   if (!temporary_.empty()) unlink(temporary_.c_str());
 }
 
-Result<void, FileError> FileReplacement::append(std::string_view content) {
+Result<void, Problem> FileReplacement::append(std::string_view content) {
   if (temporary_.empty()) {
     collected_ += content;
     return {};
@@ -163,17 +155,17 @@ Result<void, FileError> FileReplacement::append(std::string_view content) {
   return {};
 }
 
-Result<void, FileError> FileReplacement::commit() {
+Result<void, Problem> FileReplacement::commit() {
   if (temporary_.empty()) return commitInPlace();
   if (const int code = flush(descriptor_.get())) return failure(code);
   if (!descriptor_.close()) return failure(errno);
   if (rename(temporary_.c_str(), target_.c_str()) != 0) return failure(errno);
   temporary_.clear();
-  if (const int code = flushFolder(folderOf(target_))) return failure(code);
+  flushFolder(folderOf(target_)); // whatever comes of it, the name stands for the new content
   return {};
 }
 
-Result<void, FileError> FileReplacement::commitInPlace() {
+Result<void, Problem> FileReplacement::commitInPlace() {
   FileBytes old;
   if (auto read = readFile(target_, old); !read) return read;
   const Descriptor file(open(target_.c_str(), O_WRONLY | O_CLOEXEC));
@@ -194,7 +186,24 @@ Result<void, FileError> FileReplacement::commitInPlace() {
   return failure(code);
 }
 
-Result<void, FileError> replaceFile(const fs::path& path, std::string_view content) {
+Result<fs::path, Problem> temporaryFolder() {
+  std::error_code error;
+  fs::path folder = fs::temp_directory_path(error);
+  if (!error && folder.is_absolute()) return folder;
+  return Failure{Problem{"The folder for temporary files",
+                         error ? error.message() : "Is not an absolute path: " + folder.string()}};
+}
+
+Result<void, Problem> writeNewFile(const fs::path& path, std::string_view content) {
+  const auto failure = [&](int code) { return Failure{Problem{path.string(), reasonFor(code)}}; };
+  Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+  if (file.get() < 0) return failure(errno);
+  if (const int code = writeAll(file.get(), content, 0)) return failure(code);
+  if (!file.close()) return failure(errno);
+  return {};
+}
+
+Result<void, Problem> replaceFile(const fs::path& path, std::string_view content) {
   auto replacement = FileReplacement::begin(path);
   if (!replacement) return Failure{replacement.error()};
   if (auto appended = replacement.value().append(content); !appended) return appended;

@@ -2,9 +2,11 @@
 
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace quillery {
 namespace {
@@ -42,21 +44,17 @@ std::size_t plainBlocks(std::string_view text) {
 
 } // namespace
 
-JsonWriter::JsonWriter(ByteSink sink)
-    : buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize)), sink_(std::move(sink)) {}
-
-void JsonWriter::flush() {
-  if (used_ > 0 && !stopped_) stopped_ = !sink_({buffer_.get(), used_});
-  used_ = 0;
+void JsonWriter::grow(std::size_t more) {
+  constexpr std::size_t kLeast = 4096;
+  const std::size_t capacity = std::max({size_ + more, 2 * capacity_, kLeast});
+  auto larger = std::make_unique_for_overwrite<char[]>(capacity);
+  view().copy(larger.get(), size_);
+  buffer_ = std::move(larger);
+  capacity_ = capacity;
 }
 
-void JsonWriter::rawSlowly(std::string_view text) {
-  flush();
-  if (text.size() < kBufferSize) return raw(text);
-  if (!stopped_) stopped_ = !sink_(text);
-}
-
-void JsonWriter::string(std::string_view text) {
+void JsonWriter::string(std::string_view key, std::string_view text) {
+  raw(key);
   raw("\"");
   std::size_t plain = 0; // start of the run not yet written
   for (std::size_t i = plainBlocks(text); i < text.size(); ++i) {
@@ -77,26 +75,23 @@ void JsonWriter::string(std::string_view text) {
   raw("\"");
 }
 
-void JsonWriter::number(double value) {
+void JsonWriter::number(std::string_view key, double value) {
+  raw(key);
   if (!std::isfinite(value)) {
     finite_ = false;
     return raw("null");
   }
-  ensure(kShortestCapacity);
-  char* begin = buffer_.get() + used_;
-  used_ += static_cast<std::size_t>(writeShortest(begin, value) - begin);
+  reserve(kShortestCapacity);
+  char* const begin = buffer_.get() + size_;
+  size_ += static_cast<std::size_t>(writeShortest(begin, value) - begin);
 }
 
-void JsonWriter::integer(long long value) {
-  ensure(kShortestCapacity);
-  char* begin = buffer_.get() + used_;
-  used_ +=
+void JsonWriter::integer(std::string_view key, long long value) {
+  raw(key);
+  reserve(kShortestCapacity);
+  char* const begin = buffer_.get() + size_;
+  size_ +=
       static_cast<std::size_t>(std::to_chars(begin, begin + kShortestCapacity, value).ptr - begin);
-}
-
-bool JsonWriter::finish() {
-  flush();
-  return !stopped_;
 }
 
 } // namespace quillery

@@ -16,70 +16,62 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-struct Scan {
-  bool isNumber = false;
-  bool fitsExactly = false; // digits and scale small enough for one exact division
-  std::uint64_t digits = 0;
-  std::size_t fractionDigits = 0;
-};
-
 constexpr std::size_t kExactDigits = 15;
 constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-
-// `text` has no sign.
-Scan scan(std::string_view text) {
-  Scan result;
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  const auto digits = [&] {
-    const char* const begin = at;
-    // Past the exact digits the sum overflows, but is not used.
-    for (; at != end && isDigit(*at); ++at)
-      result.digits = result.digits * 10 + static_cast<std::uint64_t>(*at - '0');
-    return static_cast<std::size_t>(at - begin);
-  };
-  std::size_t count = digits();
-  if (at != end && *at == '.') {
-    ++at;
-    result.fractionDigits = digits();
-    count += result.fractionDigits;
-  }
-  if (count == 0) return result;
-  if (at == end) {
-    result.isNumber = true;
-    result.fitsExactly = count <= kExactDigits;
-    return result;
-  }
-  if (*at != 'e' && *at != 'E') return result;
-  if (++at != end && (*at == '+' || *at == '-')) ++at;
-  result.isNumber = digits() > 0 && at == end;
-  return result;
-}
 
 double convertInCLocale(const std::string& text, char** end) {
   static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
   return strtod_l(text.c_str(), end, cLocale);
 }
 
+double convertUnsigned(std::string_view number) {
+  double value = 0;
+  const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+  return error == std::errc() ? value : convertInCLocale(std::string(number), nullptr);
+}
+
 } // namespace
 
+const char* readPlainDecimal(const char* begin, const char* end, double& value) {
+  const char* at = begin;
+  const bool negative = at != end && *at == '-';
+  if (at != end && (*at == '-' || *at == '+')) ++at;
+  const char* const unsignedBegin = at;
+  // Past the exact digits the sum overflows, but is not used.
+  std::uint64_t digits = 0;
+  for (; at != end && isDigit(*at); ++at) digits = digits * 10 + static_cast<unsigned>(*at - '0');
+  auto count = static_cast<std::size_t>(at - unsignedBegin);
+  std::size_t fractionDigits = 0;
+  if (at != end && *at == '.') {
+    const char* const fraction = ++at;
+    for (; at != end && isDigit(*at); ++at) digits = digits * 10 + static_cast<unsigned>(*at - '0');
+    fractionDigits = static_cast<std::size_t>(at - fraction);
+    count += fractionDigits;
+  }
+  if (count == 0) return nullptr;
+  if (count <= kExactDigits)
+    // Both operands are exact doubles, so the one division rounds correctly (Clinger 1990).
+    value = static_cast<double>(static_cast<std::int64_t>(digits)) / kPowersOfTen[fractionDigits];
+  else
+    value = convertUnsigned({unsignedBegin, static_cast<std::size_t>(at - unsignedBegin)});
+  if (negative) value = -value;
+  return at;
+}
+
 std::optional<double> parseDecimal(std::string_view token) {
-  if (token.empty()) return std::nullopt;
+  const char* const begin = token.data();
+  const char* const end = begin + token.size();
+  double value = 0;
+  const char* at = readPlainDecimal(begin, end, value);
+  if (!at) return std::nullopt;
+  if (at == end) return value;
+  if (*at != 'e' && *at != 'E') return std::nullopt;
+  if (++at != end && (*at == '+' || *at == '-')) ++at;
+  if (at == end || !std::all_of(at, end, isDigit)) return std::nullopt;
   const bool negative = token.front() == '-';
   if (negative || token.front() == '+') token.remove_prefix(1);
-  const Scan number = scan(token);
-  if (!number.isNumber) return std::nullopt;
-  double value = 0;
-  if (number.fitsExactly) {
-    // Both operands are exact doubles, so the one division rounds correctly (Clinger 1990).
-    value = static_cast<double>(static_cast<std::int64_t>(number.digits)) /
-            kPowersOfTen[number.fractionDigits];
-  } else {
-    const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
-    if (error != std::errc()) value = convertInCLocale(std::string(token), nullptr);
-  }
-  return negative ? -value : value;
+  return negative ? -convertUnsigned(token) : convertUnsigned(token);
 }
 
 std::optional<double> parseAsC(const std::string& text) {

@@ -13,6 +13,11 @@ namespace quillery {
 /// is zero.
 std::optional<double> parseDecimal(std::string_view token);
 
+/// Reads the number without an exponent that stands at `begin`: optional sign, digits with at most
+/// one point among or beside them. Returns the end of it, null when there is none; `value` is as
+/// parseDecimal reads it.
+const char* readPlainDecimal(const char* begin, const char* end, double& value);
+
 /// Reads all that the C conversion reads in the C locale, so also "inf", "nan" and hexadecimal,
 /// from the whole of `text`. Nothing for any other text and for leading white space.
 std::optional<double> parseAsC(const std::string& text);

@@ -86,20 +86,30 @@ private:
   std::unique_ptr<Collator> collator_;
 };
 
-/// Finds one text in many, disregarding case by the rules of the user's language. An empty needle
-/// is contained in every text.
+/// Which letters differ in nothing but case.
+enum class CaseRules {
+  common,     ///< all languages but these
+  turkic,     ///< Turkish, Azeri: dotless ı has the capital I, and i has İ
+  lithuanian, ///< a small i or j keeps its dot below an accent
+};
+
+/// The rules of a language, which is named as in "tr" or "tr_TR"; of the user's when none is.
+CaseRules caseRules(const std::string& language = {});
+
+/// Finds one text in many, whatever the case of either (full case folding: "ß" is "ss"). Accents
+/// and width count. Canonically equivalent texts are the same, and letter and accent are not taken
+/// apart: "e" is not in "é", however that is encoded, nor a syllable of two Korean letters in one
+/// of three. Half of a letter that folds to two is found ("s" in "ß"). An empty needle is contained
+/// in every text.
 class LocalizedFinder {
 public:
-  explicit LocalizedFinder(std::string_view needle);
-  ~LocalizedFinder();
-  LocalizedFinder(const LocalizedFinder&) = delete;
-  LocalizedFinder& operator=(const LocalizedFinder&) = delete;
+  explicit LocalizedFinder(std::string_view needle, CaseRules rules = caseRules());
 
   bool isIn(std::string_view haystack) const;
 
 private:
-  struct Search;
-  std::unique_ptr<Search> search_;
+  CaseRules rules_;
+  std::string needle_; // folded
 };
 
 } // namespace quillery

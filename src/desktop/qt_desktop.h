@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/signal.h"
-#include "project/background_pool.h"
+#include "base/worker_pool.h"
 #include "project/desktop.h"
 
 #include <QObject>
@@ -57,7 +57,7 @@ private:
   std::vector<std::pair<std::string, QString>> folders_; ///< last used, by extension
   QObject main_;                                         ///< takes posted work
   Lifetime lifetime_;
-  BackgroundPool background_; // first to go: its work posts to the main thread
+  WorkerPool background_{kMostBackgroundThreads}; // first to go: its work posts to the main thread
 };
 
 } // namespace quillery

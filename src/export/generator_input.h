@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/problem.h"
 #include "base/result.h"
 #include "model/font_project.h"
 
@@ -12,22 +13,12 @@ namespace quillery {
 // (name, character, metrics and outline) and its kerning pairs. All values are those of the
 // project, unchecked and unrounded; nothing says where the font goes or in which format.
 
-/// Why there is no document for the generator.
-struct GeneratorInputError {
-  /// A member ("glyphs[3].advanceWidth of glyph \"A\"") or a file.
-  std::string place;
-  std::string reason;
-
-  /// The place, ": " and the reason.
-  std::string description() const;
-};
-
 /// The document as UTF-8 text. Prints the kerning pairs and the beginning of the document. Fails
 /// for a number that is not finite, which has no JSON form. May be called on any thread.
-Result<std::string, GeneratorInputError> createJSONData(const FontProject& project);
+Result<std::string, Problem> createJSONData(const FontProject& project);
 
 /// Writes the document into a new file in the user's temporary folder and returns its absolute
 /// path. Prints where. What could be written of it stays when that fails half way.
-Result<std::filesystem::path, GeneratorInputError> writeGeneratorInput(const FontProject& project);
+Result<std::filesystem::path, Problem> writeGeneratorInput(const FontProject& project);
 
 } // namespace quillery

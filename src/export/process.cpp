@@ -104,14 +104,11 @@ void drain(Descriptor& output, Descriptor& errorOutput, ProcessOutcome& outcome)
 
 } // namespace
 
-std::string ProcessError::description() const {
-  return "Could not run " + program.string() + ": " + reason;
-}
-
-Result<ProcessOutcome, ProcessError> runProcess(const std::filesystem::path& program,
-                                                const std::vector<std::string>& arguments) {
+Result<ProcessOutcome, Problem> runProcess(const std::filesystem::path& program,
+                                           const std::vector<std::string>& arguments) {
   const auto failure = [&](int code) {
-    return Failure{ProcessError{program, std::generic_category().message(code)}};
+    return Failure{
+        Problem{"Could not run " + program.string(), std::generic_category().message(code)}};
   };
   Pipe output;
   Pipe errorOutput;

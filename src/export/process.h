@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/problem.h"
 #include "base/result.h"
 
 #include <filesystem>
@@ -21,21 +22,13 @@ struct ProcessOutcome {
   bool succeeded() const { return ending == Ending::exited && status == 0; }
 };
 
-/// Why a program could not be started.
-struct ProcessError {
-  std::filesystem::path program;
-  std::string reason;
-
-  std::string description() const;
-};
-
 /// Runs a program to its end and collects what it prints; there is no time limit. May be called on
 /// any thread, on several at once.
 ///
 /// The program gets the arguments as they are (no shell reads them), our environment and working
 /// folder, an empty standard input and no other open file of ours. A file that is neither a program
 /// nor a script that names its interpreter can't be started.
-Result<ProcessOutcome, ProcessError> runProcess(const std::filesystem::path& program,
-                                                const std::vector<std::string>& arguments);
+Result<ProcessOutcome, Problem> runProcess(const std::filesystem::path& program,
+                                           const std::vector<std::string>& arguments);
 
 } // namespace quillery

@@ -54,7 +54,7 @@ std::string reasonIn(const std::string& message) {
 
 } // namespace
 
-ProjectFormatError diagnoseJson(std::string_view text, std::string_view fallback) {
+Problem diagnoseJson(std::string_view text, std::string_view fallback) {
   ErrorFinder finder;
   nlohmann::json::sax_parse(text.begin(), text.end(), &finder);
   // The finder takes a NUL for the end of the text.

@@ -8,6 +8,6 @@ namespace quillery {
 
 /// Finds where and why a text is not JSON. `fallback` is the reason when the text is JSON after
 /// all (nested too deeply, say); the place is empty then.
-ProjectFormatError diagnoseJson(std::string_view text, std::string_view fallback);
+Problem diagnoseJson(std::string_view text, std::string_view fallback);
 
 } // namespace quillery

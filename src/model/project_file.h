@@ -2,6 +2,7 @@
 
 #include "base/file.h"
 #include "base/json_writer.h"
+#include "base/problem.h"
 #include "base/result.h"
 #include "model/font_project.h"
 
@@ -17,38 +18,20 @@ namespace quillery {
 /// The file name extension of projects, without its dot.
 inline constexpr const char* kProjectExtension = "fontproj";
 
-/// Why a document can't be read or a project can't be written.
-struct ProjectFormatError {
-  /// Where: a member ("glyphs[3].fontPath[0]") or a place in the text ("line 7, column 12").
-  /// Empty when the whole document is meant.
-  std::string place;
-  std::string reason;
-
-  /// The place, ": " and the reason.
-  std::string description() const;
-};
-
-/// Why a project file can't be read or written; `description` begins with the file's path.
-struct ProjectFileError {
-  std::filesystem::path path;
-  std::string reason;
-
-  std::string description() const;
-};
-
 /// Reads a document. Values are stored as they are; no metric rule runs. Members may stand in any
 /// order, unknown ones are passed over, of equal ones the last counts; a byte-order mark is
-/// skipped. The bytes are used as scratch space and are the same again afterwards.
-Result<FontProject, ProjectFormatError> decodeProject(FileBytes& bytes);
+/// skipped. A problem lies at a member or at a place in the text. The bytes are used as scratch
+/// space and are the same again afterwards.
+Result<FontProject, Problem> decodeProject(FileBytes& bytes);
 
 /// Writes a document. Fails for a number that is not finite; the sink has seen a part of the
 /// document then. A sink that stops ends the writing without an error of its own.
-Result<void, ProjectFormatError> encodeProject(const FontProject& project, const ByteSink& sink);
+Result<void, Problem> encodeProject(const FontProject& project, const ByteSink& sink);
 
-Result<FontProject, ProjectFileError> readProjectFile(const std::filesystem::path& path);
+Result<FontProject, Problem> readProjectFile(const std::filesystem::path& path);
 
 /// Replaces the file whole or not at all.
-Result<void, ProjectFileError> writeProjectFile(const std::filesystem::path& path,
-                                                const FontProject& project);
+Result<void, Problem> writeProjectFile(const std::filesystem::path& path,
+                                       const FontProject& project);
 
 } // namespace quillery

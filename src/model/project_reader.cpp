@@ -10,14 +10,6 @@
 
 namespace quillery {
 
-std::string ProjectFormatError::description() const {
-  return place.empty() ? reason : place + ": " + reason;
-}
-
-std::string ProjectFileError::description() const {
-  return path.string() + ": " + reason;
-}
-
 namespace {
 
 namespace dom = simdjson::dom;
@@ -287,10 +279,10 @@ public:
     }
   }
 
-  Result<FontProject, ProjectFormatError> decode() {
+  Result<FontProject, Problem> decode() {
     FontProject project;
     if (size_ > kSliceSize && decodeSlices(project)) return project;
-    if (!fault_.reason.empty()) return Failure{ProjectFormatError{fault_.place, fault_.reason}};
+    if (!fault_.reason.empty()) return Failure{Problem{fault_.place, fault_.reason}};
     project = FontProject();
     return decodeWhole(project);
   }
@@ -328,7 +320,7 @@ private:
     return readAppending(items, out, fault_) || fault_.in(member);
   }
 
-  Result<FontProject, ProjectFormatError> decodeWhole(FontProject& project) {
+  Result<FontProject, Problem> decodeWhole(FontProject& project) {
     dom::element root;
     const std::string_view text(text_, size_);
     std::string patched;
@@ -340,11 +332,11 @@ private:
     }
     if (error != simdjson::SUCCESS) {
       if (error == simdjson::DEPTH_ERROR)
-        return Failure{ProjectFormatError{"", "The document is nested deeper than 1024 levels"}};
+        return Failure{Problem{"", "The document is nested deeper than 1024 levels"}};
       return Failure{diagnoseJson(text, simdjson::error_message(error))};
     }
     if (read(root, project, fault_)) return std::move(project);
-    return Failure{ProjectFormatError{fault_.place, fault_.reason}};
+    return Failure{Problem{fault_.place, fault_.reason}};
   }
 
   static bool fits64Bits(std::string_view literal) {
@@ -401,16 +393,15 @@ private:
 
 } // namespace
 
-Result<FontProject, ProjectFormatError> decodeProject(FileBytes& bytes) {
+Result<FontProject, Problem> decodeProject(FileBytes& bytes) {
   return Decoder(bytes).decode();
 }
 
-Result<FontProject, ProjectFileError> readProjectFile(const std::filesystem::path& path) {
+Result<FontProject, Problem> readProjectFile(const std::filesystem::path& path) {
   FileBytes bytes;
-  if (const auto done = readFile(path, bytes); !done)
-    return Failure{ProjectFileError{path, done.error().reason}};
+  if (const auto done = readFile(path, bytes); !done) return Failure{done.error()};
   auto project = decodeProject(bytes);
-  if (!project) return Failure{ProjectFileError{path, project.error().description()}};
+  if (!project) return Failure{Problem{path.string(), project.error().description()}};
   return std::move(project).value();
 }
 

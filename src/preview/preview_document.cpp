@@ -10,25 +10,11 @@ namespace quillery {
 namespace {
 
 void writeBounds(JsonWriter& out, const Rect& bounds) {
-  out.raw("\"bounds\": [");
-  out.number(bounds.x);
-  out.raw(", ");
-  out.number(bounds.y);
-  out.raw(", ");
-  out.number(bounds.width);
-  out.raw(", ");
-  out.number(bounds.height);
+  out.number("\"bounds\": [", bounds.x);
+  out.number(", ", bounds.y);
+  out.number(", ", bounds.width);
+  out.number(", ", bounds.height);
   out.raw("]}");
-}
-
-void writeText(JsonWriter& out, std::string_view key, std::string_view text) {
-  out.raw(key);
-  out.string(text);
-}
-
-void writeNumber(JsonWriter& out, std::string_view key, double number) {
-  out.raw(key);
-  out.number(number);
 }
 
 std::string coordinates(Point p) {
@@ -61,21 +47,17 @@ std::string pathData(const Outline& outline) {
 } // namespace
 
 std::string previewJson(const TextLayout& layout, const FontProject& project) {
-  std::string json;
-  JsonWriter out([&](std::string_view piece) {
-    json += piece;
-    return true;
-  });
-  writeNumber(out, "{\n  \"width\": ", layout.contentSize.width);
-  writeNumber(out, ",\n  \"height\": ", layout.contentSize.height);
+  JsonWriter out;
+  out.number("{\n  \"width\": ", layout.contentSize.width);
+  out.number(",\n  \"height\": ", layout.contentSize.height);
   out.raw(",\n  \"glyphs\": [");
   const auto glyphs = characterInfos(layout, project);
   for (std::size_t i = 0; i < glyphs.size(); ++i) {
     out.raw(i == 0 ? "\n" : ",\n");
-    writeText(out, "    {\"char\": ", glyphs[i].character);
-    writeText(out, ", \"glyphName\": ", glyphs[i].glyphName);
-    writeNumber(out, ", \"x\": ", layout.characters[i].penX);
-    writeNumber(out, ", \"baseline\": ", layout.baseline(layout.characters[i].line));
+    out.string("    {\"char\": ", glyphs[i].character);
+    out.string(", \"glyphName\": ", glyphs[i].glyphName);
+    out.number(", \"x\": ", layout.characters[i].penX);
+    out.number(", \"baseline\": ", layout.baseline(layout.characters[i].line));
     out.raw(", ");
     writeBounds(out, glyphs[i].bounds);
   }
@@ -84,14 +66,13 @@ std::string previewJson(const TextLayout& layout, const FontProject& project) {
   for (const CharacterPairInfo& pair : characterPairInfos(layout, project)) {
     out.raw(first ? "\n" : ",\n");
     first = false;
-    writeText(out, "    {\"leftGlyph\": ", pair.leftGlyph);
-    writeText(out, ", \"rightGlyph\": ", pair.rightGlyph);
+    out.string("    {\"leftGlyph\": ", pair.leftGlyph);
+    out.string(", \"rightGlyph\": ", pair.rightGlyph);
     out.raw(", ");
     writeBounds(out, pair.bounds);
   }
   out.raw("\n  ]\n}\n");
-  out.finish();
-  return json;
+  return std::string(out.view());
 }
 
 std::string previewSvg(const TextLayout& layout, const FontProject& project) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -62,6 +63,9 @@ public:
   virtual ~OneShotTimer() = default;
 };
 
+/// A font generator blocks its thread while it runs, so these are more than a processor has.
+inline constexpr std::size_t kMostBackgroundThreads = 8;
+
 /// What the program asks of the desktop that it runs on. All operations are called on the main
 /// thread, but for `postToMain`, and all callbacks come on the main thread, but for the work of
 /// `runInBackground`. A panel, an alert and a page that can't be shown complete as if cancelled.
@@ -87,7 +91,9 @@ public:
   /// Queues work for the main thread, in the order of the calls. May be called on any thread.
   virtual void postToMain(std::function<void()> work) = 0;
 
-  /// Runs work on another thread, a few at a time. The desktop waits for all of it when it goes.
+  /// Runs work on another thread, at most kMostBackgroundThreads at a time, or at once on this one
+  /// when there is no other to be had. Work lets no exception out. The desktop waits for all of it
+  /// when it goes.
   virtual void runInBackground(std::function<void()> work) = 0;
 
   virtual std::unique_ptr<OneShotTimer> startTimer(double seconds, std::function<void()> fire) = 0;

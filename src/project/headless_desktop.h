@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/background_pool.h"
+#include "base/worker_pool.h"
 #include "project/desktop.h"
 #include "project/main_queue.h"
 
@@ -45,7 +45,7 @@ private:
   std::function<void(const Alert&)> writeAlert_;
   MainQueue queue_;
   std::map<std::string, std::vector<std::string>> lists_;
-  BackgroundPool background_; // first to go: its work posts to the queue
+  WorkerPool background_{kMostBackgroundThreads}; // first to go: its work posts to the queue
 };
 
 } // namespace quillery

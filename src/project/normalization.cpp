@@ -59,6 +59,7 @@ void giveUniqueIds(FontProject& project) {
 }
 
 void normalizeGlyphCharacters(FontProject& project) {
+  const LineBatch batch;
   printLine("🔍 Starting unicode normalization check for " + std::to_string(project.glyphs.size()) +
             " glyphs...");
   long long normalizedCount = 0;

@@ -31,7 +31,7 @@ void ProjectManager::newProject() {
   install(FontProject(), std::nullopt);
 }
 
-Result<void, ProjectFileError> ProjectManager::loadProject(const fs::path& file) {
+Result<void, Problem> ProjectManager::loadProject(const fs::path& file) {
   auto project = readProjectFile(file);
   if (!project) return Failure{project.error()};
   giveUniqueIds(project.value());
@@ -100,7 +100,7 @@ void ProjectManager::saveProjectAs() {
   }));
 }
 
-Result<void, ProjectFileError> ProjectManager::saveProjectTo(const fs::path& file) {
+Result<void, Problem> ProjectManager::saveProjectTo(const fs::path& file) {
   if (auto written = writeProjectFile(file, project_); !written) return written;
   recentProjects_.addRecentProject(file);
   if (url_ != file) {

@@ -167,14 +167,14 @@ public:
   void openProject();
   /// Reads a file, normalizes its characters and makes it the open project. On failure nothing
   /// has changed.
-  Result<void, ProjectFileError> loadProject(const std::filesystem::path& file);
+  Result<void, Problem> loadProject(const std::filesystem::path& file);
   void openRecentProject(const std::filesystem::path& file);
   void openSampleProject();
   void saveProject();
   void saveProjectAs();
   /// Writes the project and makes the file the one that Save writes to. On failure nothing has
   /// changed.
-  Result<void, ProjectFileError> saveProjectTo(const std::filesystem::path& file);
+  Result<void, Problem> saveProjectTo(const std::filesystem::path& file);
 
   bool showSavedBadge() const { return showSavedBadge_; }
   void flashSavedBadge();

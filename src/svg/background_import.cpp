@@ -4,10 +4,10 @@
 #include "base/file.h"
 #include "svg/drawing_reader.h"
 
+#include <algorithm>
 #include <atomic>
-#include <cerrno>
-#include <fstream>
 #include <mutex>
+#include <string>
 #include <system_error>
 
 namespace quillery {
@@ -17,24 +17,23 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kNotices = 100; // of progress, in a whole import
 
-Result<void, FileError> copyFile(const fs::path& from, const fs::path& to) {
+Result<void, Problem> copyFile(const fs::path& from, const fs::path& to) {
   std::error_code error;
   fs::create_directories(to.parent_path(), error);
-  if (error) return Failure{FileError{to.parent_path(), error.message()}};
+  if (error) return Failure{Problem{to.parent_path().string(), error.message()}};
   FileBytes content;
   if (auto read = readFile(from, content); !read) return read;
-  std::ofstream out(to, std::ios::binary);
-  out << content.view() << std::flush;
-  if (!out) return Failure{FileError{to, std::generic_category().message(errno)}};
-  return {};
+  return writeNewFile(to, content.view());
 }
 
 // Copies one dropped file. The copy's path is returned even when copying failed: the import then
 // says that there is nothing to read.
 fs::path stage(const fs::path& dropped) {
-  std::error_code error;
-  fs::path staged = fs::temp_directory_path(error) / Uuid::random().toString() / dropped.filename();
-  if (const auto copied = copyFile(dropped, staged))
+  const auto folder = temporaryFolder();
+  const fs::path staged =
+      (folder ? folder.value() : fs::path("/tmp")) / Uuid::random().toString() / dropped.filename();
+  const Result<void, Problem> copied = folder ? copyFile(dropped, staged) : Failure{folder.error()};
+  if (copied)
     printLine("✓ Fresh SVG data loaded for: " + dropped.filename().string());
   else
     printLine("✗ Failed to read SVG: " + copied.error().description());
@@ -107,7 +106,7 @@ public:
         reading_(std::make_shared<Reading>(static_cast<double>(manager.currentProject().unitsPerEm),
                                            drawings * stepsPerDrawing)),
         projectConnection_(manager.changed.connect([this](const ProjectChange& change) {
-          if (change.what == ProjectChange::What::project) cancel();
+          if (change.what == ProjectChange::What::project) giveWay();
         })) {}
   ~BackgroundImport() override { reading_->abandon(); }
 
@@ -140,6 +139,13 @@ public:
   }
 
 private:
+  // The drawings were meant for the project that was open.
+  void giveWay() {
+    printLine("Import of " + std::to_string(count_) + (count_ == 1 ? " drawing" : " drawings") +
+              " cancelled: another project was opened");
+    cancel();
+  }
+
   // A call of this import on the main thread, from any thread and whether it still lives or not.
   std::function<void()> onMain(void (BackgroundImport::*call)()) {
     return [&desktop = manager_.desktop(), weak = weak_from_this(), call] {

@@ -13,7 +13,7 @@ bool isDrawing(const fs::path& file) {
   return lowercased(file.extension().string()) == std::string(".") + kDrawingExtension;
 }
 
-Result<std::vector<fs::path>, FileError> drawingsInFolder(const fs::path& folder) {
+Result<std::vector<fs::path>, Problem> drawingsInFolder(const fs::path& folder) {
   std::vector<fs::path> drawings;
   std::error_code error;
   fs::directory_iterator entries(folder, error);
@@ -22,7 +22,7 @@ Result<std::vector<fs::path>, FileError> drawingsInFolder(const fs::path& folder
     if (isDrawing(entries->path()) && !entries->is_directory(ignored))
       drawings.push_back(entries->path());
   }
-  if (error) return Failure{FileError{folder, error.message()}};
+  if (error) return Failure{Problem{folder.string(), error.message()}};
   std::sort(drawings.begin(), drawings.end(), [](const fs::path& a, const fs::path& b) {
     return compareNames(a.filename().string(), b.filename().string()) < 0;
   });

@@ -15,7 +15,7 @@ inline constexpr const char* kDrawingExtension = "svg";
 bool isDrawing(const std::filesystem::path& file);
 
 /// The drawings that lie in a folder, by name.
-Result<std::vector<std::filesystem::path>, FileError>
+Result<std::vector<std::filesystem::path>, Problem>
 drawingsInFolder(const std::filesystem::path& folder);
 
 } // namespace quillery

@@ -143,14 +143,13 @@ Outline parsePathData(std::string_view pathData) {
   return Interpreter(folded).run();
 }
 
-PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& viewBox,
-                                       double unitsPerEm) {
+PlacedOutline placeInEm(const Outline& outline, const Rect& viewBox, double unitsPerEm) {
   constexpr double kDrawingUnitsPerEm = 100;
   const double scale = unitsPerEm / kDrawingUnitsPerEm;
   const double left = viewBox.minX();
   const double bottom = viewBox.maxY();
   PlacedOutline placed;
-  const PlacedCommands drawn = parsePathData(pathData).commands();
+  const PlacedCommands drawn = outline.commands();
   std::vector<PathCommand> commands(drawn.begin(), drawn.end());
   for (PathCommand& command : commands)
     for (std::size_t i = 0; i < command.pointCount(); ++i) {
@@ -160,6 +159,11 @@ PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& vi
   placed.fontPath = std::move(commands);
   placed.boundingBox = controlBox(placed.fontPath);
   return placed;
+}
+
+PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& viewBox,
+                                       double unitsPerEm) {
+  return placeInEm(parsePathData(pathData), viewBox, unitsPerEm);
 }
 
 } // namespace quillery::PathConverter

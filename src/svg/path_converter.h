@@ -22,8 +22,11 @@ struct PlacedOutline {
   Rect boundingBox;
 };
 
-/// The commands in font units, y upwards: 100 drawing units span one em, the view box's left edge
-/// lies at x = 0 and its bottom edge on the baseline.
+/// An outline in the drawing's units placed in an em: 100 drawing units span it, the view box's
+/// left edge lies at x = 0 and its bottom edge on the baseline, y upwards.
+PlacedOutline placeInEm(const Outline& outline, const Rect& viewBox, double unitsPerEm);
+
+/// The commands of path data, so placed.
 PlacedOutline convertToFontCoordinates(std::string_view pathData, const Rect& viewBox,
                                        double unitsPerEm);
 

@@ -32,17 +32,20 @@ void placeNew(Glyph& glyph) {
                         glyph.rightSideBearing());
 }
 
-void place(Glyph& glyph, double unitsPerEm) {
+Drawing readAndPlace(const std::filesystem::path& file, double unitsPerEm, FileBytes& buffer) {
+  auto drawing = SVGParser::readDrawing(file, buffer);
+  if (!drawing) return Failure{drawing.error()};
+  auto& [glyph, outline] = drawing.value();
+  auto placed = PathConverter::placeInEm(std::move(outline), glyph.record().viewBox, unitsPerEm);
+  glyph.placeOutline(std::move(placed.fontPath), placed.boundingBox);
+  return std::move(glyph);
+}
+
+void placeAgain(Glyph& glyph, double unitsPerEm) {
   const GlyphRecord& record = glyph.record();
   auto placed =
       PathConverter::convertToFontCoordinates(record.svgPath.view(), record.viewBox, unitsPerEm);
   glyph.placeOutline(std::move(placed.fontPath), placed.boundingBox);
-}
-
-Drawing readAndPlace(const std::filesystem::path& file, double unitsPerEm, FileBytes& buffer) {
-  Drawing drawing = SVGParser::readDrawing(file, buffer);
-  if (drawing) place(drawing.value(), unitsPerEm);
-  return drawing;
 }
 
 // Adds drawings to the glyphs of a project, one after the other.
@@ -127,7 +130,7 @@ ImportOutcome takeDrawings(ProjectManager& manager, std::vector<Drawing> drawing
   const auto projectUnits = static_cast<double>(manager.currentProject().unitsPerEm);
   return collect(manager, drawings.size(), [&](Collector& collector) {
     for (Drawing& drawing : drawings) {
-      if (drawing && unitsPerEm != projectUnits) place(drawing.value(), projectUnits);
+      if (drawing && unitsPerEm != projectUnits) placeAgain(drawing.value(), projectUnits);
       collector.take(std::move(drawing));
     }
   });

@@ -4,11 +4,9 @@
 #include "base/numbers.h"
 #include "base/unicode.h"
 #include "svg/glyph_identity.h"
+#include "svg/path_converter.h"
 
 #include <re2/re2.h>
-
-#include <algorithm>
-#include <limits>
 
 namespace quillery::SVGParser {
 namespace {
@@ -52,9 +50,7 @@ std::optional<std::string_view> findPathData(std::string_view svg) {
 }
 
 Rect computeViewBox(std::string_view pathData) {
-  constexpr Rect kDefault{0, 0, 100, 100};
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  double minX = kInfinity, minY = kInfinity, maxX = -kInfinity, maxY = -kInfinity;
+  DrawnBox box;
   double x = 0;
   bool haveX = false;
   std::size_t begin = 0;
@@ -69,20 +65,21 @@ Rect computeViewBox(std::string_view pathData) {
     begin = end;
     if (!number) continue;
     haveX = !haveX;
-    if (haveX) {
+    if (haveX)
       x = *number;
-      continue;
-    }
-    minX = std::min(minX, x);
-    maxX = std::max(maxX, x);
-    minY = std::min(minY, *number);
-    maxY = std::max(maxY, *number);
+    else
+      box.add({x, *number});
   }
-  if (minX == kInfinity) return kDefault;
-  return {minX, minY, maxX - minX, maxY - minY};
+  return box.rect();
 }
 
-Result<Glyph, std::string> readDrawing(const std::filesystem::path& file, FileBytes& buffer) {
+DrawnPath readPath(std::string_view pathData) {
+  if (auto plain = readPlainPath(pathData)) return *std::move(plain);
+  return {PathConverter::parsePathData(pathData), computeViewBox(pathData)};
+}
+
+Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,
+                                                 FileBytes& buffer) {
   if (!readFile(file, buffer) || !isValidUtf8(buffer.view()))
     return Failure{"Failed to read SVG file: " + fileUrl(file)};
   const Utf8 fileName = Utf8::mended(file.stem().string());
@@ -93,15 +90,16 @@ Result<Glyph, std::string> readDrawing(const std::filesystem::path& file, FileBy
   if (const auto character = unicodeForFileName(fileName)) glyph.unicode = Utf8::mended(*character);
   glyph.name = Utf8::mended(glyphNameForFileName(fileName));
   glyph.svgPath = SharedText(Utf8::mended(*pathData)); // of a file that is UTF-8
-  glyph.viewBox = computeViewBox(*pathData);
-  return Glyph(std::move(glyph));
+  DrawnPath path = readPath(*pathData);
+  glyph.viewBox = path.viewBox;
+  return UnplacedDrawing{Glyph(std::move(glyph)), std::move(path.outline)};
 }
 
 std::optional<Glyph> parseSVGFile(const std::filesystem::path& file) {
   FileBytes buffer;
-  auto glyph = readDrawing(file, buffer);
-  if (glyph) return std::move(glyph).value();
-  printLine(glyph.error());
+  auto drawing = readDrawing(file, buffer);
+  if (drawing) return std::move(drawing).value().glyph;
+  printLine(drawing.error());
   return std::nullopt;
 }
 

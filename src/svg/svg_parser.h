@@ -2,6 +2,7 @@
 
 #include "base/file.h"
 #include "model/glyph.h"
+#include "svg/plain_path.h"
 
 #include <filesystem>
 #include <optional>
@@ -19,13 +20,23 @@ namespace SVGParser {
 /// box from the path data. Prints a line and returns nothing when the file can't be used.
 std::optional<Glyph> parseSVGFile(const std::filesystem::path& file);
 
-/// The same, with the line as the error instead of printed. `buffer` is room for the file's
-/// content, for reuse from file to file.
-Result<Glyph, std::string> readDrawing(const std::filesystem::path& file, FileBytes& buffer);
+/// A glyph that is not placed yet, and its outline in the drawing's units.
+struct UnplacedDrawing {
+  Glyph glyph;
+  Outline outline;
+};
+
+/// The same, with the outline, and with the line as the error instead of printed. `buffer` is room
+/// for the file's content, for reuse from file to file.
+Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,
+                                                 FileBytes& buffer);
 
 /// The value of the last attribute whose name ends in d (d itself, or an id behind it) within the
 /// first path element that has one; nothing when there is none. Linear time, whatever the text.
 std::optional<std::string_view> findPathData(std::string_view svg);
+
+/// The outline and the view box of path data (PathConverter::parsePathData, computeViewBox).
+DrawnPath readPath(std::string_view pathData);
 
 /// The tight box of every coordinate pair in the path data, whichever command it belongs to, in
 /// the drawing's units; 0, 0, 100, 100 for less than one pair.

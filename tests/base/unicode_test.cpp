@@ -130,17 +130,56 @@ TEST(DisplayOrder, IsThatOfAFileManager) {
 }
 
 TEST(LocalizedFinder, DisregardsCaseOnly) {
-  const std::pair<std::string_view, std::string_view> found[] = {
-      {"", ""},   {"", "A"},        {"av", "Av"}, {"AV", "xavx"},
-      {"é", "É"}, {"e\u0301", "é"}, {".", "a.b"}, {" ", "a b"}};
-  for (const auto& [needle, haystack] : found)
-    EXPECT_TRUE(LocalizedFinder(needle).isIn(haystack)) << needle << " in " << haystack;
+  const std::pair<std::string_view, std::string_view> found[] = {{"", ""},
+                                                                 {"", "A"},
+                                                                 {"av", "Av"},
+                                                                 {"AV", "xavx"},
+                                                                 {"é", "É"},
+                                                                 {"e\u0301", "é"},
+                                                                 {"É", "e\u0301b"},
+                                                                 {"a", "aacute"},
+                                                                 {"c", "chi"},
+                                                                 {".", "a.b"},
+                                                                 {" ", "a b"},
+                                                                 {"STRASSE", "Straße"},
+                                                                 {"ß", "grosse"},
+                                                                 {"σ", "ΟΔΟΣ"},
+                                                                 {"ς", "σ"},
+                                                                 {"ﬁ", "OFFICE fi"},
+                                                                 {"x", "\u00E9x"},
+                                                                 {"ạ̈", "Ạ\u0308"},
+                                                                 {"\u212A", "kern"},
+                                                                 {"b", "\u00E9\u0301b"},
+                                                                 {"각", "x각x"},
+                                                                 {"क", "का"},
+                                                                 {"\U00010400", "\U00010428"}};
   const std::pair<std::string_view, std::string_view> absent[] = {
-      {"a", ""}, {"av", "A V"}, {"e", "é"}, {"abc", "ab"}};
-  for (const auto& [needle, haystack] : absent)
-    EXPECT_FALSE(LocalizedFinder(needle).isIn(haystack)) << needle << " in " << haystack;
-  const LocalizedFinder twice("b");
-  EXPECT_TRUE(twice.isIn("abc") && !twice.isIn("xyz") && twice.isIn("B"));
+      {"a", ""},        {"av", "A V"},         {"e", "é"},    {"e", "e\u0301"}, {"a", "\uFF21"},
+      {"x", "x\u0304"}, {"\u0301", "e\u0301"}, {"abc", "ab"}, {"가", "각"},     {"e", "ｅ"},
+      {"ae", "æ"},      {"\xC3", "é"}};
+  for (const CaseRules rules : {CaseRules::common, CaseRules::lithuanian}) {
+    for (const auto& [needle, haystack] : found)
+      EXPECT_TRUE(LocalizedFinder(needle, rules).isIn(haystack)) << needle << " in " << haystack;
+    for (const auto& [needle, haystack] : absent)
+      EXPECT_FALSE(LocalizedFinder(needle, rules).isIn(haystack)) << needle << " in " << haystack;
+  }
+}
+
+TEST(LocalizedFinder, KnowsTheCapitalsOfDottedAndDotlessLetters) {
+  const auto finds = [](const char* language, std::string_view needle, std::string_view haystack) {
+    return LocalizedFinder(needle, caseRules(language)).isIn(haystack);
+  };
+  for (const char* language : {"tr", "az_AZ"}) {
+    EXPECT_TRUE(finds(language, "i", "DİL") && finds(language, "I", "fırın"));
+    EXPECT_TRUE(finds(language, "İ", "fi") && finds(language, "I\u0307", "fi"));
+    EXPECT_FALSE(finds(language, "i", "FIN") || finds(language, "I", "fin"));
+  }
+  for (const char* language : {"en", "da", "cs", "lt"}) {
+    EXPECT_TRUE(finds(language, "i", "FIN") && finds(language, "I", "fin")) << language;
+    EXPECT_FALSE(finds(language, "I", "fırın")) << language;
+  }
+  EXPECT_TRUE(finds("lt", "Ì", "i\u0307\u0300"));
+  EXPECT_FALSE(finds("en", "Ì", "i\u0307\u0300"));
 }
 
 } // namespace

@@ -64,39 +64,21 @@ TEST(Signal, LetsListenersConnectDisconnectAndEmitWhileTheyAreCalled) {
   EXPECT_THAT(heard, ElementsAre("itself", "last", "late", "last"));
 }
 
-TEST(JsonWriter, EscapesTextsAndStraddlesItsBuffer) {
-  std::string out;
-  JsonWriter writer([&](std::string_view piece) {
-    out += piece;
-    return true;
-  });
-  writer.string("\"\\/\b\f\n\r\t\x01\x1F\x7Fä" + std::string(1, '\0'));
-  EXPECT_TRUE(writer.finish());
-  EXPECT_EQ(out, R"("\"\\\/\b\f\n\r\t\u0001\u001f)"
-                 "\x7Fä\\u0000\"");
-
-  out.clear();
-  std::string expected;
-  for (const std::size_t size : {1U, 262'143U, 262'144U, 262'145U, 600'000U, 5U}) {
+TEST(JsonWriter, EscapesTextsOfAnyLength) {
+  JsonWriter writer;
+  writer.string("k:", "\"\\/\b\f\n\r\t\x01\x1F\x7Fä" + std::string(1, '\0'));
+  std::string expected = R"(k:"\"\\\/\b\f\n\r\t\u0001\u001f)"
+                         "\x7Fä\\u0000\"";
+  for (const std::size_t size : {1U, 4095U, 31U, 262'144U, 600'000U, 5U}) {
     expected += std::string(size, 'r') + "\"" + std::string(size, 's') + "\\n\"0.1";
     writer.raw(std::string(size, 'r'));
-    writer.string(std::string(size, 's') + "\n");
-    writer.number(0.1);
+    writer.string("", std::string(size, 's') + "\n");
+    writer.number("", 0.1);
   }
-  EXPECT_TRUE(writer.finish());
-  EXPECT_TRUE(out == expected) << out.size() << " and " << expected.size();
-}
-
-TEST(JsonWriter, TellsOfInfiniteNumbersAndOfASinkThatStops) {
-  int pieces = 0;
-  JsonWriter writer([&](std::string_view) { return ++pieces < 2; });
-  writer.number(1e308);
+  EXPECT_TRUE(writer.view() == expected) << writer.view().size() << " and " << expected.size();
   EXPECT_TRUE(writer.isFinite());
-  writer.number(1e308 * 10);
+  writer.number("", 1e308 * 10);
   EXPECT_FALSE(writer.isFinite());
-  for (int i = 0; i < 5; ++i) writer.raw(std::string(300'000, 'x'));
-  EXPECT_FALSE(writer.finish());
-  EXPECT_EQ(pieces, 2);
 }
 
 } // namespace

@@ -3,8 +3,11 @@
 import json
 import os
 import resource
+import shutil
 import signal
 import subprocess
+import tempfile
+from pathlib import Path
 
 import pytest
 
@@ -100,6 +103,32 @@ def test_a_full_disk_leaves_the_old_project(quillery, draw, tmp_path):
     assert sorted(p.name for p in tmp_path.iterdir()) == ["A.svg", "p.fontproj"]
 
 
+@pytest.mark.skipif(os.geteuid() != 0, reason="only root may become a user who may not have threads")
+def test_a_user_without_threads_gets_everything_done(draw, tmp_path):
+    source = tmp_path / "drawings"
+    source.mkdir()
+    for i in range(100):
+        draw(f"drawings/g{i}.svg")
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o777)
+        shutil.copytree(source, f"{folder}/drawings")
+
+        def run(*arguments):
+            return subprocess.run(
+                [PROGRAM, *arguments], cwd=folder, user=54321, capture_output=True, text=True, timeout=60, check=False,
+                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NPROC, (1, 1)),
+                env={"TMPDIR": folder, "PATH": os.environ["PATH"]})
+
+        for arguments in (("import", "p.fontproj", "drawings"), ("metrics", "p.fontproj", "--all", "--scale", "2"),
+                          ("convert", "p.fontproj", "-o", "q.fontproj")):
+            assert run(*arguments).returncode == 0, arguments
+        assert [len(json.loads(Path(folder, f"{name}.fontproj").read_text())["glyphs"]) for name in "pq"] == [100, 100]
+        # The generator is a process of its own, which this user may not have either.
+        export = run("export", "p.fontproj", "font.otf")
+        assert export.returncode == 3 and export.stderr.startswith("quillery: Cannot generate font: ")
+        assert sorted(os.listdir(folder)) == ["drawings", "p.fontproj", "q.fontproj"]
+
+
 def test_a_generator_that_fails_is_quoted(quillery, tmp_path):
     bad = tmp_path / "p.fontproj"
     bad.write_text(json.dumps(document(unitsPerEm=5)))
@@ -109,6 +138,9 @@ def test_a_generator_that_fails_is_quoted(quillery, tmp_path):
     assert failed.status == 3 and len(failed.errors) == 2
     assert all("Font generation failed: " in line for line in failed.errors)
     assert old.read_bytes() == b"old" and not (tmp_path / "font.ttf").exists()
+    some = quillery("export", SAMPLE, tmp_path / "good.otf", tmp_path / "missing/x.ttf")
+    assert some.status == 1 and (tmp_path / "good.otf").stat().st_size > 1000
+    assert some.errors[-1] == (f"quillery: Written: {tmp_path}/good.otf; not written: {tmp_path}/missing/x.ttf")
     packaged = tmp_path / "resources/generate_font/generate_font"
     packaged.parent.mkdir(parents=True)
     packaged.write_text("#!/bin/sh\nkill -9 $$\n")

@@ -1,6 +1,7 @@
 #include "base/unicode.h"
 #include "fuzz/fuzzing.h"
 #include "svg/path_converter.h"
+#include "svg/plain_path.h"
 #include "svg/svg_parser.h"
 
 #include <cmath>
@@ -11,6 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using test::require;
   const std::string_view text = test::textOf(data, size);
   const Rect viewBox = SVGParser::computeViewBox(text);
+  if (const auto plain = readPlainPath(text)) {
+    require(plain->viewBox == viewBox, "the box of plain data is the box of the pairs");
+    require(plain->outline == PathConverter::parsePathData(text), "plain data is read the same");
+  }
   const auto placed = PathConverter::convertToFontCoordinates(text, viewBox, 1000);
   require(placed.fontPath.size() <= size, "a command takes a letter or two numbers at least");
   bool finite = true;

@@ -31,7 +31,7 @@ struct Preview {
     project.lineGap = 0;
     project.kerningPairs = {makePair("0", "1", -80)};
     layout = layoutText(text, project, GlyphIndex(project.glyphs),
-                        KerningTable(project.kerningPairs), size);
+                        KerningIndex(project.kerningPairs), size);
   }
 
   std::string svg() const { return previewSvg(layout, project); }

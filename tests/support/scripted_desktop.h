@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/background_pool.h"
+#include "base/worker_pool.h"
 #include "project/desktop.h"
 #include "project/main_queue.h"
 
@@ -68,7 +68,7 @@ private:
   MainQueue queue_;
   MainQueue::Time now_{};
   std::function<void(std::optional<std::filesystem::path>)> heldPanel_;
-  BackgroundPool background_; // first to go: its work posts to the queue
+  WorkerPool background_{kMostBackgroundThreads}; // first to go: its work posts to the queue
 };
 
 } // namespace quillery::test

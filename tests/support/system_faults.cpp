@@ -7,7 +7,9 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace quillery::test {
@@ -35,7 +37,8 @@ SystemFaults::~SystemFaults() {
 
 bool SystemFaults::strikes(const char* call) {
   if (plan_.only && std::strcmp(plan_.only, call) != 0) return false;
-  if (struck_ || ++counted_ != plan_.failNth) return false;
+  if (struck_ && !plan_.goesOn) return false;
+  if (!struck_ && ++counted_ != plan_.failNth) return false;
   struck_ = call;
   errno = plan_.code;
   return true;
@@ -113,9 +116,51 @@ int fchmod(int descriptor, mode_t mode) noexcept {
   return strikes("fchmod") ? -1 : next(descriptor, mode);
 }
 
+int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
+  NEXT(fchown);
+  return strikes("fchown") ? -1 : next(descriptor, owner, group);
+}
+
+ssize_t listxattr(const char* path, char* list, size_t size) noexcept {
+  NEXT(listxattr);
+  return strikes("listxattr") ? -1 : next(path, list, size);
+}
+
+ssize_t flistxattr(int descriptor, char* list, size_t size) noexcept {
+  NEXT(flistxattr);
+  return strikes("flistxattr") ? -1 : next(descriptor, list, size);
+}
+
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+  NEXT(getxattr);
+  return strikes("getxattr") ? -1 : next(path, name, value, size);
+}
+
+ssize_t fgetxattr(int descriptor, const char* name, void* value, size_t size) noexcept {
+  NEXT(fgetxattr);
+  return strikes("fgetxattr") ? -1 : next(descriptor, name, value, size);
+}
+
+int fsetxattr(int descriptor, const char* name, const void* value, size_t size,
+              int flags) noexcept {
+  NEXT(fsetxattr);
+  return strikes("fsetxattr") ? -1 : next(descriptor, name, value, size, flags);
+}
+
+int fremovexattr(int descriptor, const char* name) noexcept {
+  NEXT(fremovexattr);
+  return strikes("fremovexattr") ? -1 : next(descriptor, name);
+}
+
 int ftruncate(int descriptor, off_t size) noexcept {
   NEXT(ftruncate);
   return strikes("ftruncate") ? -1 : next(descriptor, size);
+}
+
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*),
+                   void* argument) noexcept {
+  NEXT(pthread_create);
+  return strikes("pthread_create") ? errno : next(thread, attributes, start, argument);
 }
 
 int rename(const char* from, const char* to) noexcept {

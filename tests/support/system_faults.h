@@ -6,10 +6,12 @@
 namespace quillery::test {
 
 /// Which calls of the operating system go wrong. The test program stands between the code and the
-/// C library for the calls that read and write files.
+/// C library for the calls that read and write files and start threads.
 struct SystemFaultPlan {
   /// The call to fail, counted from 1 among all of these calls; 0 for none.
   int failNth = 0;
+  /// All after it fail too.
+  bool goesOn = false;
   /// Only calls of this name are counted ("pwrite"; "create" for an open that makes a file).
   const char* only = nullptr;
   int code = 0;

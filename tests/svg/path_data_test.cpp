@@ -56,6 +56,79 @@ TEST(ParsePathData, PassesOverWhatItCannotRead) {
     EXPECT_EQ(text(PathConverter::parsePathData(data)), expected) << data;
 }
 
+// The road that reads each number once is taken for data that means the same to both readers.
+TEST(ReadPlainPath, AgreesWithTheReadersOfOutlineAndViewBox) {
+  std::mt19937 random(9);
+  const std::string_view hostile[] = {"M",
+                                      "l",
+                                      "C",
+                                      "z",
+                                      " ",
+                                      ",",
+                                      "-",
+                                      "+",
+                                      ".",
+                                      "1",
+                                      "25",
+                                      "-0",
+                                      "1e2",
+                                      "\t",
+                                      "\n",
+                                      "H",
+                                      "x",
+                                      "5-5",
+                                      ".5",
+                                      "5.",
+                                      "0.5.5",
+                                      "\u00E9",
+                                      "\u00A0",
+                                      "1e999",
+                                      "1 2",
+                                      "3,4",
+                                      "M1",
+                                      "L",
+                                      "C1 2 3 4 5 6",
+                                      "  ",
+                                      ", ,",
+                                      "inf"};
+  const std::string_view letters[] = {"M", "m", "L", "l", "C", "c", "Z"};
+  const std::string_view separators[] = {" ", ",", ", ", "  ", " ,"};
+  const auto any = [&](const auto& list) { return list[random() % std::size(list)]; };
+  const auto number = [&] {
+    std::string digits = std::to_string(random() % 1000 * (random() % 3));
+    if (random() % 2 == 0) digits += "." + std::to_string(random());
+    if (random() % 9 == 0) digits += std::string(random() % 400, '7');
+    return (random() % 3 == 0 ? "-" : "") + digits;
+  };
+  int plain = 0;
+  for (int i = 0; i < 60'000; ++i) {
+    std::string data;
+    for (auto n = random() % 8; n > 0; --n) {
+      const std::string_view letter = any(letters);
+      const auto needed = letter == "Z" ? 0U : letter == "C" || letter == "c" ? 6U : 2U;
+      data += letter;
+      if (random() % 3 == 0) data += any(separators);
+      for (auto k = needed * (random() % 3); k > 0; --k)
+        data += number() + std::string(any(separators));
+    }
+    if (i % 2 == 0) {
+      const std::size_t at = random() % (data.size() + 1);
+      data.replace(at, random() % 3, any(hostile));
+    }
+    if (i % 5 == 0)
+      for (auto n = random() % 12; n > 0; --n) data += any(hostile);
+    const auto read = readPlainPath(data);
+    if (!read) continue;
+    ++plain;
+    ASSERT_EQ(read->outline, PathConverter::parsePathData(data)) << data;
+    ASSERT_EQ(read->viewBox, SVGParser::computeViewBox(data)) << data;
+  }
+  EXPECT_GT(plain, 20'000);
+  for (const char* data : {"1 2 M3 4", "M1 2 3", "M1 2 Z 3", "M1e1 2", "M1\t2", "M1-2 3", "C1 2",
+                           "M1 2 H3", "M1 2\u00A0"})
+    EXPECT_FALSE(readPlainPath(data)) << data;
+}
+
 TEST(ParsePathData, ReadsEveryNumberToTheBit) {
   std::mt19937_64 random(7);
   std::string data = "L";
@@ -67,7 +140,7 @@ TEST(ParsePathData, ReadsEveryNumberToTheBit) {
     numbers.push_back(std::strtod(digits, nullptr));
     data += digits + std::string(random() % 2 == 0 ? "," : "  ");
   }
-  const PlacedCommands commands = PathConverter::parsePathData(data).commands();
+  const PlacedCommands commands = SVGParser::readPath(data).outline.commands();
   ASSERT_EQ(commands.size(), numbers.size() / 2);
   for (std::size_t i = 0; i < numbers.size(); i += 2)
     ASSERT_EQ(commands[i / 2], PathCommand::lineTo({numbers[i], numbers[i + 1]}));

@@ -142,6 +142,21 @@ TEST_F(ImportTest, CopiesDroppedDrawingsBeforeImportingThem) {
   EXPECT_EQ(d.console.lines().size(), 7U) << "each is told of, and twice what can't be read";
 }
 
+TEST_F(ImportTest, StagesNothingWithoutAFolderForTemporaryFiles) {
+  const auto before = fs::current_path();
+  fs::current_path(staging);
+  setenv("TMPDIR", ".", 1);
+  const auto dropped = drawing("A.svg");
+  SVGDropDelegate(d.manager).performDrop({dropped});
+  d.desktop.runUntil([&] { return d.manager.imports().empty(); });
+  fs::current_path(before);
+  EXPECT_TRUE(fs::is_empty(staging));
+  EXPECT_TRUE(fs::exists(dropped));
+  EXPECT_THAT(d.project().glyphs, IsEmpty());
+  EXPECT_EQ(d.console.lines().front(), "✗ Failed to read SVG: The folder for temporary files: Is "
+                                       "not an absolute path: .");
+}
+
 TEST_F(ImportTest, AnImportInTheBackgroundGivesWayToWhatHappensMeanwhile) {
   std::vector<fs::path> files;
   for (int i = 0; i < 400; ++i) files.push_back(drawing("g" + std::to_string(i) + ".svg"));
@@ -169,6 +184,8 @@ TEST_F(ImportTest, AnImportInTheBackgroundGivesWayToWhatHappensMeanwhile) {
   startImport(d.manager, files);
   d.manager.newProject();
   EXPECT_TRUE(isOver()) << "the drawings were meant for the project before";
+  EXPECT_EQ(d.console.lines().back(),
+            "Import of 400 drawings cancelled: another project was opened");
   startDropImport(d.manager, files);
   d.manager.imports()[0]->cancel();
   startDropImport(d.manager, {files[0]});
