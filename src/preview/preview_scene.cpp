@@ -59,34 +59,22 @@ bool PreviewScene::setMode(PreviewMode mode) {
   return true;
 }
 
-PreviewScene::Effect PreviewScene::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::everything:
-  case What::kerningList:
-    kerning_.reset();
-    [[fallthrough]];
-  case What::glyphList:
-    layoutIsStale_ = true;
-    return Effect::layout;
-  case What::fontInfo:
-    if (layoutIsStale_ || setTextAlike(font_, manager_.currentProject())) return Effect::nothing;
-    layoutIsStale_ = true;
-    return Effect::layout;
-  case What::glyphs: {
-    auto greatest = Effect::nothing;
-    for (const Uuid& id : change.ids) greatest = std::max(greatest, glyphChanged(id));
-    return greatest;
-  }
-  case What::kerningPair:
-    return pairChanged(change.ids.front());
-  default:
-    return Effect::nothing;
-  }
+PreviewScene::Effect PreviewScene::projectChanged(const ProjectChanges& changes) {
+  auto effect = Effect::nothing;
+  const auto raise = [&](Effect to) { effect = std::max(effect, to); };
+  if (changes.has(What::kerningList)) kerning_.reset();
+  // First: positions in another list of glyphs mean nothing.
+  if (changes.has(What::kerningList) || changes.has(What::glyphList) ||
+      (changes.has(What::fontInfo) && !setTextAlike(font_, manager_.currentProject())))
+    raise(Effect::layout);
+  layoutIsStale_ = layoutIsStale_ || effect == Effect::layout;
+  for (const Uuid& id : changes.glyphs()) raise(glyphChanged(id));
+  for (const Uuid& id : changes.pairs()) raise(pairChanged(id));
+  return effect;
 }
 
 PreviewScene::Effect PreviewScene::glyphChanged(const Uuid& id) {
-  if (isStale()) return Effect::nothing; // it was announced
+  if (layoutIsStale_) return Effect::nothing; // it was announced
   const auto position = manager_.glyphIndex().withId(id);
   if (!position) return Effect::nothing;
   const Glyph& glyph = manager_.currentProject().glyphs[*position];
@@ -115,7 +103,7 @@ PreviewScene::Effect PreviewScene::pairChanged(const Uuid& id) {
       std::find_if(pairs.begin(), pairs.end(), [&](const auto& p) { return p.id == id; });
   if (pair == pairs.end()) return Effect::nothing;
   if (kerning_) kerning_->update(*pair);
-  if (isStale()) return Effect::nothing;
+  if (layoutIsStale_) return Effect::nothing;
   const auto& set = layout_.characters;
   const auto isKerned = [&](const SetCharacter& left, const SetCharacter& right) {
     return left.line == right.line && project.glyphs[left.glyph].name() == pair->leftGlyph &&
@@ -131,13 +119,8 @@ const KerningTable& PreviewScene::kerning() {
   return *kerning_;
 }
 
-bool PreviewScene::isStale() const {
-  // Whoever hears of another list of glyphs before us may ask.
-  return layoutIsStale_ || glyphCount_ != manager_.currentProject().glyphs.size();
-}
-
 const TextLayout& PreviewScene::layout() {
-  if (isStale()) layOut();
+  if (layoutIsStale_) layOut();
   return layout_;
 }
 
@@ -145,7 +128,6 @@ void PreviewScene::layOut() {
   const FontProject& project = manager_.currentProject();
   layout_ = layoutText(text_, project, manager_.glyphIndex(), kerning(), fontSize_);
   font_ = project;
-  glyphCount_ = project.glyphs.size();
   layoutIsStale_ = false;
   rowsAreStale_ = true;
   used_.clear();

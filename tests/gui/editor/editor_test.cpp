@@ -6,8 +6,8 @@
 #include "editor/ui/metrics_panel.h"
 #include "editor/ui/multi_glyph_overlay_canvas.h"
 #include "gui/desktop/gui_test.h"
+#include "gui/desktop/window_desktop.h"
 #include "support/projects.h"
-#include "support/scripted_desktop.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -46,15 +46,10 @@ struct Editor {
     for (const std::size_t glyph : glyphs) manager.toggleGlyphSelection(ids[glyph]);
     settle();
   }
-  void settle() {
-    QCoreApplication::processEvents();
-    desktop.runPosted();
-    QCoreApplication::processEvents();
-  }
   const Glyph& glyph(std::size_t i = 0) const { return manager.currentProject().glyphs[i]; }
   std::string undoName() const { return manager.undoManager().undoActionName(); }
 
-  ScriptedDesktop desktop;
+  WindowDesktop desktop;
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
   std::vector<Uuid> ids;
@@ -63,6 +58,7 @@ struct Editor {
 };
 
 QString readout(const char* metric) {
+  settle();
   return find<ValueReadout>((std::string(metric) + "Value").c_str())->text();
 }
 
@@ -90,22 +86,18 @@ private Q_SLOTS:
     Editor editor{"A", "B", "C"};
     QVERIFY(find<QWidget>("noGlyphSelected"));
     editor.manager.selectGlyph(editor.ids[0]);
-    QCoreApplication::processEvents();
-    QVERIFY(find<QWidget>("loadingEditor"));
-    editor.settle();
+    editor.area->focusEditor();
+    QVERIFY(editor.area->findChild<QWidget*>(u"loadingEditor"_s)->isVisible());
     QVERIFY(find<GlyphCanvas>("glyphCanvas"));
     QCOMPARE(find<QLabel>("glyphName")->text(), u"A"_s);
     editor.manager.selectGlyph(editor.ids[1]);
-    QCoreApplication::processEvents(); // no loading again
     QCOMPARE(find<QLabel>("glyphName")->text(), u"B"_s);
     editor.select({0, 2});
     QCOMPARE(find<QLabel>("selectionCount")->text(), u"2 selected"_s);
     QVERIFY(!find<GlyphCanvas>("glyphCanvas"));
     editor.manager.deleteGlyph(editor.ids[0]);
-    editor.settle();
     QCOMPARE(find<QLabel>("glyphName")->text(), u"C"_s);
     editor.manager.newProject();
-    editor.settle();
     QVERIFY(find<QWidget>("noGlyphSelected"));
   }
 
@@ -137,6 +129,7 @@ private Q_SLOTS:
     QCOMPARE(readout("verticalOffset"), QString::number(editor.glyph().verticalOffset(), 'f', 0));
     QCOMPARE(editor.undoName(), std::string("Change Vertical Offset"));
     editor.manager.undo();
+    settle();
     QCOMPARE(slider->shownValue(), 0.0);
     QVERIFY(!editor.manager.canUndo());
     drag(slider, Qt::LeftButton, {{10, 0}, {30, 0}}, false);
@@ -197,8 +190,10 @@ private Q_SLOTS:
     QVERIFY(editor.glyph().unicode() == "x");
     // Undo typed in the field is the document's, and shows there.
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+    settle();
     QCOMPARE(field->text(), u"A"_s);
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    settle();
     QCOMPARE(field->text(), u"x"_s);
     field->clear();
     QTest::keyClicks(field, u"z"_s);
@@ -275,8 +270,10 @@ private Q_SLOTS:
     QCOMPARE(canvas->grab().toImage().pixelColor(900, 700), themeColor(Role::canvas));
     // Nothing is painted anew for widths.
     applyAdvanceWidthToSelection(editor.manager, 777);
+    settle();
     QVERIFY(canvas->isComplete());
     applyMetricToSelection(editor.manager, GlyphMetric::scale, 0.5);
+    settle();
     QVERIFY(!canvas->isComplete());
   }
 
@@ -284,7 +281,6 @@ private Q_SLOTS:
     Editor editor{"A", "B"};
     editor.manager.selectGlyph(editor.ids[0]);
     editor.area->focusEditor();
-    editor.settle();
     QVERIFY(find<GlyphCanvas>("glyphCanvas")->hasFocus());
     editor.select({0, 1});
     editor.area->focusEditor();

@@ -1,8 +1,8 @@
 #include "gui/desktop/gui_test.h"
+#include "gui/desktop/window_desktop.h"
 #include "kerning/ui/kerning_canvas.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "support/projects.h"
-#include "support/scripted_desktop.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -40,7 +40,10 @@ struct Program {
 
   const KerningPair& pair(std::size_t i) const { return manager.currentProject().kerningPairs[i]; }
   bool canUndo() const { return manager.undoManager().canUndo(); }
-  QListView* list() const { return window.findChild<QListView*>(u"pairList"_s); }
+  QListView* list() const {
+    settle();
+    return window.findChild<QListView*>(u"pairList"_s);
+  }
   QStringList rows() const {
     QStringList result;
     for (int row = 0; row < list()->model()->rowCount(); ++row)
@@ -66,7 +69,7 @@ struct Program {
     (void)QTest::qWaitForWindowActive(sheet);
   }
 
-  ScriptedDesktop desktop;
+  WindowDesktop desktop;
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
   KerningEditorView window{manager};
@@ -160,7 +163,10 @@ private Q_SLOTS:
     Program program;
     program.manager.selectKerningPair(program.pair(1).id);
     auto* canvas = find<KerningCanvas>("kerningCanvas");
-    const auto picture = [&] { return canvas->grab().toImage(); };
+    const auto picture = [&] {
+      settle();
+      return canvas->grab().toImage();
+    };
     const QImage before = picture();
     program.manager.setKerningValue(program.pair(1).id, 0);
     const QImage noKerning = picture();
