@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
-#include "editor/mouse_button.h"
+#include "base/mouse_button.h"
 #include "project/project_manager.h"
 
 #include <memory>

@@ -6,7 +6,6 @@
 #include "desktop/outline_painting.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
-#include "svg/ui/dropped_files.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -28,7 +27,7 @@ constexpr qreal kBorder = 2;
 } // namespace
 
 GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
-    : QAbstractScrollArea(parent), manager_(manager), drops_(manager), grid_(0, 1, 1, 0),
+    : QAbstractScrollArea(parent), manager_(manager), grid_(0, 1, 1, 0),
       watch_(manager, {{What::glyphList, What::glyphs, What::selection}},
              [this](const ProjectChanges& changes) { refresh(changes); }) {
   [[maybe_unused]] static const bool installed = (installCardAccessibility(), true);
@@ -38,7 +37,6 @@ GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setViewportMargins(grid::margin, 0, 0, 0);
-  viewport()->setAcceptDrops(true);
   viewport()->setAutoFillBackground(false);
   connect(&Theme::current(), &Theme::changed, this, &GlyphCardArea::layOut);
   placeCards();
@@ -192,13 +190,13 @@ void GlyphCardArea::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setRenderHint(QPainter::Antialiasing);
   const int scrolled = verticalScrollBar()->value();
-  for (const QRect& part : event->region()) {
-    painter.fillRect(part, themeColor(Role::window));
-    const auto [first, end] =
-        grid_.cardsBetween(part.top() + scrolled, part.bottom() + 1 + scrolled);
-    for (std::size_t i = first; i < end; ++i)
-      if (cardRect(i).intersects(part)) paintCard(painter, i);
-  }
+  const QRegion& region = event->region();
+  for (const QRect& part : region) painter.fillRect(part, themeColor(Role::window));
+  // Each once, however many parts it lies in: what is painted twice has darker edges.
+  const QRect all = region.boundingRect();
+  const auto [first, end] = grid_.cardsBetween(all.top() + scrolled, all.bottom() + 1 + scrolled);
+  for (std::size_t i = first; i < end; ++i)
+    if (region.intersects(cardRect(i))) paintCard(painter, i);
 }
 
 void GlyphCardArea::paintCard(QPainter& painter, std::size_t index) {
@@ -353,18 +351,6 @@ bool GlyphCardArea::findTyped(const QString& text) {
   const auto card = static_cast<std::size_t>(found);
   if (card < displayed_.size()) selectCard(card);
   return true;
-}
-
-void GlyphCardArea::dragEnterEvent(QDragEnterEvent* event) {
-  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
-}
-
-void GlyphCardArea::dragMoveEvent(QDragMoveEvent* event) {
-  event->acceptProposedAction();
-}
-
-void GlyphCardArea::dropEvent(QDropEvent* event) {
-  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
 }
 
 } // namespace quillery

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "editor/card_grid.h"
+#include "app/card_grid.h"
 #include "project/glyph_sort_order.h"
 #include "project/project_watch.h"
-#include "svg/svg_drop.h"
 
 #include <QAbstractScrollArea>
 #include <QElapsedTimer>
@@ -50,9 +49,6 @@ protected:
   void mousePressEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dragMoveEvent(QDragMoveEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
 
 private:
   void refresh(const ProjectChanges& changes);
@@ -68,7 +64,6 @@ private:
   int textHeight() const;
 
   ProjectManager& manager_;
-  SVGDropDelegate drops_;
   GlyphSortOrder sortOrder_ = GlyphSortOrder::unicode;
   int cardSize_ = 120;
   CardGrid grid_;

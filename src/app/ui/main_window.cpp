@@ -143,7 +143,7 @@ void MainWindow::makeToolBar() {
   bar->addWidget(title_);
   savedBadge_ = new Badge(Symbol::check, tr("Saved!"), Badge::Tone::success, bar);
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
-  savedBadge_->setPresented(false);
+  savedBadge_->setPresented(manager_.showSavedBadge());
   bar->addWidget(savedBadge_);
   addSpace(0);
 

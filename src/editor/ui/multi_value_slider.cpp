@@ -24,7 +24,7 @@ void MultiValueSlider::refresh() {
     show(restingPlace(), tr("Multiple"), Role::orange);
 }
 
-void MultiValueSlider::beginGesture() {
+void MultiValueSlider::beginGesture(GestureKind) {
   edit_.begin();
   show(slider().shownValue(), shown(slider().shownValue()));
 }

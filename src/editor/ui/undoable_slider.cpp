@@ -23,7 +23,7 @@ void UndoableSlider::refresh() {
   show(value, shown(value));
 }
 
-void UndoableSlider::beginGesture() {
+void UndoableSlider::beginGesture(GestureKind) {
   edit_.begin();
 }
 

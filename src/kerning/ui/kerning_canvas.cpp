@@ -23,7 +23,7 @@ constexpr double kLargeStep = 10;
 } // namespace
 
 KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
-    : MouseTrackingView(parent), manager_(manager), drag_(manager),
+    : MouseTrackingView(parent, Qt::LeftButton), manager_(manager), drag_(manager),
       watch_(manager,
              {{What::glyphList, What::glyphs, What::kerningList, What::kerningPair},
               [this](const Uuid& glyph) { return isVisible() && shows(glyph); },
@@ -33,9 +33,7 @@ KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
   setAccessibleName(tr("Kerning canvas"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
-  onMouseDown = [this](Point p, MouseButton button) {
-    if (button == MouseButton::left) drag_.press(pair_, p);
-  };
+  onMouseDown = [this](Point p, MouseButton) { drag_.press(pair_, p); };
   onMouseDragged = [this](Point p) { drag_.drag(p, canvasSize(*this)); };
   onMouseUp = [this] { drag_.release(); };
   onMouseCancelled = [this] { drag_.cancel(); };

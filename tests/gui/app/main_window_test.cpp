@@ -1,15 +1,9 @@
-#include "app/ui/glyph_grid_view.h"
-#include "app/ui/main_window.h"
 #include "app/ui/resizable_split_view.h"
 #include "desktop/segmented_control.h"
-#include "gui/desktop/gui_test.h"
-#include "gui/desktop/window_desktop.h"
+#include "gui/app/program.h"
 #include "kerning/kerning_pairs.h"
-#include "support/temporary_folder.h"
-#include "svg/svg_import.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,52 +22,6 @@
 
 using namespace quillery;
 using namespace quillery::test;
-
-namespace {
-
-// A window on a scripted desktop.
-struct Program {
-  explicit Program(std::initializer_list<const char*> drawings = {}) {
-    std::vector<std::filesystem::path> files;
-    for (const char* name : drawings)
-      files.push_back(
-          folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L60 0 L60 70 Z\"/>"));
-    if (!files.empty()) importSVGFiles(manager, files);
-    manager.clearSelection();
-    window.show();
-    window.activateWindow();
-    (void)QTest::qWaitForWindowActive(&window);
-  }
-
-  QAction* action(const char* name) {
-    settle();
-    return window.findChild<QAction*>(QLatin1String(name));
-  }
-  GlyphCardArea& cards() { return window.grid().cards(); }
-  void click(std::size_t card, Qt::KeyboardModifiers modifiers = {}) {
-    settle();
-    QTest::mousePress(cards().viewport(), Qt::LeftButton, modifiers,
-                      cards().cardRect(card).center());
-  }
-  // Names of the selected glyphs in display order.
-  QString selected() {
-    settle();
-    QString names;
-    for (std::size_t i = 0; i < cards().cardCount(); ++i)
-      if (cards().isSelected(i)) names += QString::fromStdString(cards().glyphOfCard(i)->name());
-    return names;
-  }
-
-  TemporaryFolder folder;
-  WindowDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
-  FontGenerator generator{desktop, {{}, {}, {}, {}}};
-  ExportFlow exportFlow{manager, generator};
-  MainWindow window{manager, recent, exportFlow};
-};
-
-} // namespace
 
 class MainWindowTest : public QObject {
   Q_OBJECT
@@ -186,11 +134,10 @@ private Q_SLOTS:
 
   void dropsOfDrawingsAreImportedAndOthersRefused() {
     Program program{"A"};
-    const auto drop = [&](const std::filesystem::path& file) {
+    const auto drop = [&](const std::filesystem::path& file, QWidget* target) {
       QMimeData data;
       data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
                     QUrl(QStringLiteral("https://example.org/B.svg"))});
-      QWidget* target = program.cards().viewport();
       QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
       QCoreApplication::sendEvent(target, &enter);
       if (!enter.isAccepted()) return false;
@@ -198,10 +145,14 @@ private Q_SLOTS:
       QCoreApplication::sendEvent(target, &event);
       return event.isAccepted();
     };
-    QVERIFY(!drop(program.folder.write("notes.txt", "x")));
-    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>")));
+    QWidget* cards = program.cards().viewport();
+    QVERIFY(!drop(program.folder.write("notes.txt", "x"), cards));
+    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>"), cards));
     program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
     QCOMPARE(program.selected(), QStringLiteral("C d"));
+    // The header above the cards takes them, too.
+    QVERIFY(drop(program.folder.write("E.svg", "<path d=\"M0 0 L9 9\"/>"),
+                 find<QToolButton>("sortMenu")));
   }
 
   void theProgressSheetFollowsTheExport() {
@@ -240,7 +191,17 @@ private Q_SLOTS:
   }
 
   void aFixInTheSidebarMakesItsWarningGo() {
-    Program program{"A"};
+    Program program;
+    QVERIFY(find<QPushButton>("addSpace") && find<QPushButton>("addNotdef"));
+    importSVGFiles(program.manager, {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")});
+    // A space that is typed is no longer missing, and a link of before adds no second one.
+    auto* stale = find<QPushButton>("addSpace");
+    const Uuid id = program.manager.currentProject().glyphs.front().id();
+    program.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode(" "); });
+    stale->click();
+    QVERIFY(!find<QPushButton>("addSpace"));
+    QCOMPARE(program.manager.currentProject().glyphs.size(), 1U);
+    program.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode("A"); });
     QTest::mouseClick(find<QPushButton>("addSpace"), Qt::LeftButton);
     QTRY_VERIFY(!find<QPushButton>("addSpace"));
     QTest::mouseClick(find<QPushButton>("addNotdef"), Qt::LeftButton);

@@ -214,7 +214,8 @@ private:
     const std::vector<std::string> extensions = {"otf", "ttf", "woff", "woff2"};
     SavePanelSettings settings{"Export font", name, "otf", FormatChooser{}};
     settings.formats->label = "Format:";
-    settings.formats->titles = extensions;
+    settings.formats->titles = settings.formats->extensions = extensions;
+    settings.freeStanding = true;
     settings.formats->changed = [handle, extensions](std::size_t index) {
       if (const auto panel = handle->lock()) panel->setExtension(extensions.at(index));
     };

@@ -95,6 +95,11 @@ private Q_SLOTS:
     editor.select({0, 2});
     QCOMPARE(find<QLabel>("selectionCount")->text(), u"2 selected"_s);
     QVERIFY(!find<GlyphCanvas>("glyphCanvas"));
+    // The selection keeps glyphs of another project, and two are selected still.
+    const FontProject project = editor.manager.currentProject();
+    editor.manager.editGlyphList([](auto& glyphs) { glyphs.pop_back(); });
+    QCOMPARE(find<QLabel>("selectionCount")->text(), u"1 selected"_s);
+    editor.manager.editGlyphList([&](auto& glyphs) { glyphs = project.glyphs; });
     editor.manager.deleteGlyph(editor.ids[0]);
     QCOMPARE(find<QLabel>("glyphName")->text(), u"C"_s);
     editor.manager.newProject();
@@ -164,6 +169,58 @@ private Q_SLOTS:
       QVERIFY(!editor.manager.canUndo());
       QCOMPARE(readout(metric), before);
     }
+  }
+
+  // What is shown is rounded: typing it is a change, only looking at the field is none.
+  void aTypedValueThatLooksLikeTheOldOneIsEntered() {
+    Editor editor{"A"};
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& g) { g.setLeftSideBearing(50.4); });
+    editor.select({0});
+    auto* value = find<ValueReadout>("leftSideBearingValue");
+    QTest::mouseDClick(value, Qt::LeftButton);
+    QTest::keyClicks(find<QLineEdit>("entry"), u"\r"_s);
+    QCOMPARE(editor.glyph().leftSideBearing(), 50.4);
+    QTest::mouseDClick(value, Qt::LeftButton);
+    QTest::keyClicks(find<QLineEdit>("entry"), u"50\r"_s);
+    QCOMPARE(editor.glyph().leftSideBearing(), 50.0);
+    // Every readout rounds as the fields of the sidebar do.
+    for (const auto& [exact, shown] : {std::pair(2.5, u"2"_s), {3.5, u"4"_s}, {-0.4, u"0"_s}}) {
+      editor.manager.editGlyph(editor.ids[0], [&](Glyph& g) { g.setVerticalOffset(exact); });
+      QCOMPARE(readout("verticalOffset"), shown);
+    }
+  }
+
+  void theWheelIsOneGestureUntilAPauseOrAnotherInput() {
+    Editor editor{"A"};
+    editor.select({0});
+    auto* slider = find<ValueSlider>("leftSideBearing");
+    slider->setFocus();
+    std::vector<GestureKind> kinds;
+    connect(slider, &ValueSlider::gestureBegan, this, [&](GestureKind k) { kinds.push_back(k); });
+    const auto turn = [&] {
+      const QPointF at = slider->rect().center();
+      QWheelEvent wheel(at, slider->mapToGlobal(at), {}, QPoint(0, 120), Qt::NoButton, {},
+                        Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(slider, &wheel);
+    };
+    const auto steps = [&] { return editor.manager.undoManager().undoCount(); };
+    for (int notch = 0; notch < 3; ++notch) turn();
+    QCOMPARE(editor.glyph().leftSideBearing(), 53.0);
+    QCOMPARE(steps(), 0U);
+    QTRY_COMPARE(steps(), 1U);
+    turn();
+    QTest::keyClick(slider, Qt::Key_Right);
+    QCOMPARE(steps(), 3U);
+    turn();
+    QTest::mouseClick(find<GlyphCanvas>("glyphCanvas"), Qt::LeftButton);
+    QCOMPARE(steps(), 4U);
+    turn();
+    QTest::keyClick(slider, Qt::Key_Escape);
+    QCOMPARE(editor.glyph().leftSideBearing(), 56.0);
+    drag(slider, Qt::LeftButton, {{9, 0}});
+    QVERIFY(kinds.back() == GestureKind::pointer);
+    kinds.pop_back();
+    QCOMPARE(kinds, std::vector<GestureKind>(5, GestureKind::steps));
   }
 
   // A value that lies beyond the slider, which rests at its end.

@@ -144,9 +144,12 @@ private Q_SLOTS:
     drag(Qt::RightButton, 30);
     QTest::mouseRelease(canvas, Qt::RightButton);
     QCOMPARE(program.pair(2).value, 0.0);
-    drag(Qt::LeftButton, 30);
+    drag(Qt::LeftButton, 10);
+    QTest::mouseClick(canvas, Qt::RightButton); // is nothing to this drag
+    QTest::mouseMove(canvas, QPoint(230, 150));
     QTest::mouseRelease(canvas, Qt::LeftButton);
     QCOMPARE(program.pair(2).value, 30 / scale);
+    QCOMPARE(program.manager.undoManager().undoCount(), 1U);
     QCOMPARE(program.rows()[1], u"A V, "_s + program.readout());
     program.manager.undo();
     QCOMPARE(program.readout(), u"+0"_s);
@@ -177,6 +180,10 @@ private Q_SLOTS:
     QVERIFY(raised != noKerning);
     program.manager.editGlyphList([](auto& glyphs) { glyphs.resize(2); });
     QVERIFY(picture() != raised);
+    // The span of the kerning is marked also beside a glyph that is missing.
+    const QImage unmarked = picture();
+    program.manager.setKerningValue(program.pair(1).id, 150);
+    QVERIFY(picture() != unmarked);
   }
 
   void sliderEntryAndResetAreStepsOfTheirOwn() {
@@ -230,7 +237,8 @@ private Q_SLOTS:
     QTest::keyClick(left, Qt::Key_Down);
     QTest::keyClick(left, Qt::Key_Return);
     QCOMPARE(left->text(), u"a"_s);
-    QVERIFY(right->hasFocus() && !add->isEnabled());
+    QVERIFY(!left->hasFocus() && !right->hasFocus() && !add->isEnabled());
+    right->setFocus();
     auto* list = find<QListView>("rightGlyphList");
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualRect(list->model()->index(2, 0)).center());
@@ -242,8 +250,7 @@ private Q_SLOTS:
     QVERIFY(right->hasFocus());
     QTest::keyClick(right, Qt::Key_Return);
     QCOMPARE(program.rows().size(), 0);
-    QVERIFY(add->hasFocus());
-    QTest::keyClick(add, Qt::Key_Return);
+    QTest::keyClick(find<QWidget>("addKerningPairSheet"), Qt::Key_Return);
     QVERIFY(!find<QWidget>("addKerningPairSheet"));
     QCOMPARE(program.selectedRow(), u"a V, +0"_s);
     program.openSheet();
