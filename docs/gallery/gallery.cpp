@@ -278,8 +278,12 @@ int main(int argc, char** argv) {
   saving.message = "Export font";
   saving.proposedName = "Quillery Sans";
   saving.extension = "otf";
-  saving.formats = FormatChooser{
-      "Format:", {"OpenType (.otf)", "TrueType (.ttf)", "Web Open Font Format (.woff)"}, 0, {}};
+  saving.formats =
+      FormatChooser{"Format:",
+                    {"OpenType (.otf)", "TrueType (.ttf)", "Web Open Font Format (.woff)"},
+                    {"otf", "ttf", "woff"},
+                    0,
+                    {}};
   auto* const panel = new FilePanel(saving, QDir::homePath(), &window, [](FilePanel::Files) {});
   if (application.arguments().size() < 3) {
     alert.open();

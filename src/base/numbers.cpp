@@ -137,4 +137,16 @@ std::string formatShortestWithFraction(double value) {
   return text;
 }
 
+std::string formatFixed(double value, int decimals) {
+  // The whole digits of the greatest double, a sign, a point and some decimals.
+  std::array<char, 400> buffer;
+  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                     std::chars_format::fixed, decimals);
+  return {buffer.data(), written.ptr};
+}
+
+std::string formatSigned(double value) {
+  return (std::signbit(value) ? "" : "+") + formatFixed(value);
+}
+
 } // namespace quillery

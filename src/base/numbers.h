@@ -37,4 +37,11 @@ std::string formatShortest(double value);
 /// "-inf" and "nan" for what is not finite.
 std::string formatShortestWithFraction(double value);
 
+/// With so many decimals, whatever the locale, as "%.*f" of the C locale: the exact binary value is
+/// rounded, half to even ("2" of 2.5, "4" of 3.5, "-0" of -0.25).
+std::string formatFixed(double value, int decimals = 0);
+
+/// The same without decimals, always with its sign ("+0", "-80").
+std::string formatSigned(double value);
+
 } // namespace quillery

@@ -1,14 +1,13 @@
 #include "desktop/alert_sheet.h"
 
 #include "desktop/icons.h"
+#include "desktop/message_text.h"
 #include "desktop/theme.h"
 #include "desktop/widgets.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -17,7 +16,6 @@ namespace quillery {
 namespace {
 
 constexpr int kTextWidth = 400;
-constexpr int kMostTextHeight = 320;
 constexpr int kSymbolSize = 40;
 
 struct Mark {
@@ -65,34 +63,19 @@ std::pair<Symbol, Role> symbolOf(Alert::Style style) {
   return {Symbol::infoCircleFill, Role::accentForeground};
 }
 
-/// The message at its width, in a scroll area when it is long: a generator can fail at length.
 QWidget* makeMessage(const QString& text, QWidget* parent) {
-  auto* const message = new TextLabel(text, TextStyle::body, Role::textSecondary, parent);
+  auto* const message = new MessageText(kTextWidth, Qt::AlignLeading, parent);
   message->setObjectName(QStringLiteral("alertMessage"));
-  message->setAccessibleName(text);
-  message->setWordWrap(true);
-  message->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  message->setAlignment(Qt::AlignLeading | Qt::AlignTop);
   const auto show = [message, text] {
     const QString rich = withMarks(text);
-    message->setTextFormat(rich.isEmpty() ? Qt::PlainText : Qt::RichText);
-    message->setText(rich.isEmpty() ? text : rich);
+    if (rich.isEmpty())
+      message->setMessage(text);
+    else
+      message->setRichMessage(text, rich);
   };
   show();
-  QObject::connect(&Theme::current(), &Theme::changed, message, show);
-  message->setFixedWidth(kTextWidth);
-  const int height = message->heightForWidth(kTextWidth);
-  message->setMinimumHeight(height);
-  if (height <= kMostTextHeight) return message;
-  auto* const area = new QScrollArea(parent);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  area->viewport()->setAutoFillBackground(false);
-  area->setWidget(message);
-  message->setAutoFillBackground(false);
-  area->setFixedSize(kTextWidth + area->verticalScrollBar()->sizeHint().width() + grid::half,
-                     kMostTextHeight);
-  return area;
+  QObject::connect(&Theme::current(), &Theme::changed, message, show); // for its marks
+  return message;
 }
 
 } // namespace

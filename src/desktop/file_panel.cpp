@@ -3,7 +3,6 @@
 #include "desktop/alert_sheet.h"
 #include "desktop/file_names.h"
 #include "desktop/theme.h"
-#include "export/export_format.h"
 
 #include <QComboBox>
 #include <QFileInfo>
@@ -15,6 +14,11 @@
 
 namespace quillery {
 namespace {
+
+// The choice of a format has one size and place.
+constexpr QRect kAccessory(0, 0, 300, 32);
+constexpr QRect kFormatLabel(0, 6, 50, 20);
+constexpr QRect kFormatPopup(55, 2, 240, 28);
 
 std::filesystem::path pathOf(const QString& file) {
   return QFile::encodeName(file).toStdString();
@@ -43,6 +47,7 @@ FilePanel::FilePanel(const SavePanelSettings& settings, const QString& folder, Q
   setAcceptMode(AcceptSave);
   setFileMode(AnyFile);
   const QString extension = QString::fromStdString(settings.extension);
+  freeStanding_ = settings.freeStanding;
   begin(settings.message, extension);
   if (settings.formats) addFormats(*settings.formats);
   const QString proposed = QString::fromStdString(settings.proposedName);
@@ -72,15 +77,19 @@ void FilePanel::begin(const std::string& message, const QString& extension) {
 
 void FilePanel::addFormats(const FormatChooser& formats) {
   setOption(DontUseNativeDialog);
-  for (const ExportFormat& format : kExportFormats)
-    otherExtensions_ << QString::fromLatin1(format.extension);
+  for (const std::string& extension : formats.extensions)
+    otherExtensions_ << QString::fromStdString(extension);
   nameField_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
 
-  auto* const pop = new QComboBox(this);
+  auto* const accessory = new QWidget(this);
+  accessory->setFixedSize(kAccessory.size());
+  auto* const pop = new QComboBox(accessory);
+  pop->setGeometry(kFormatPopup);
   pop->setObjectName(QStringLiteral("formatPopup"));
   for (const std::string& title : formats.titles) pop->addItem(QString::fromStdString(title));
   pop->setCurrentIndex(static_cast<int>(formats.selected));
-  auto* const label = new QLabel(QString::fromStdString(formats.label), this);
+  auto* const label = new QLabel(QString::fromStdString(formats.label), accessory);
+  label->setGeometry(kFormatLabel);
   label->setObjectName(QStringLiteral("formatLabel"));
   label->setBuddy(pop);
   pop->setAccessibleName(label->text());
@@ -93,9 +102,7 @@ void FilePanel::addFormats(const FormatChooser& formats) {
   auto* const types = findChild<QWidget*>(QStringLiteral("fileTypeCombo"));
   putAway(types);
   if (auto* const rows = qobject_cast<QGridLayout*>(layout())) {
-    const int row = rows->rowCount() - 1;
-    rows->addWidget(label, row, 0);
-    rows->addWidget(pop, row, 1);
+    rows->addWidget(accessory, rows->rowCount() - 1, 0, 1, 2, Qt::AlignLeft);
   }
   if (nameField_) setTabOrder(nameField_, pop);
 }
@@ -111,7 +118,7 @@ void FilePanel::arrange() {
 }
 
 void FilePanel::present() {
-  open();
+  freeStanding_ ? show() : open();
   // The desktop's own panel stands in for this widget, which stays off the screen, and asks about
   // replacing by itself. Ours asks in `accept`, about the name with its extension.
   if (testAttribute(Qt::WA_DontShowOnScreen)) return;

@@ -12,7 +12,8 @@ class QLineEdit;
 
 namespace quillery {
 
-/// A panel that asks for files, as a sheet of its window. It is the desktop's own where there is
+/// A panel that asks for files, as a sheet of its window unless it is to stand freely. It is the
+/// desktop's own where there is
 /// one, but for a choice of formats, which those have no room for. Completes once, after it is off
 /// the screen.
 class FilePanel : public QFileDialog {
@@ -47,6 +48,7 @@ private:
   QString extension_;
   QStringList otherExtensions_; ///< which a change of format replaces
   QLineEdit* nameField_ = nullptr;
+  bool freeStanding_ = false;
   QString replaceable_; ///< the file that the user agreed to replace
   std::function<void(Files)> completion_;
 };

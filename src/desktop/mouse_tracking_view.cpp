@@ -3,12 +3,24 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <optional>
 
 namespace quillery {
 namespace {
 
-std::optional<MouseButton> buttonOf(const QMouseEvent& event) {
+Point positionOf(const QMouseEvent& event) {
+  return {event.position().x(), event.position().y()};
+}
+
+} // namespace
+
+MouseTrackingView::MouseTrackingView(QWidget* parent, Qt::MouseButtons buttons)
+    : QWidget(parent), buttons_(buttons) {
+  setCursor(Qt::OpenHandCursor);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+std::optional<MouseButton> MouseTrackingView::buttonOf(const QMouseEvent& event) const {
+  if (!buttons_.testFlag(event.button())) return std::nullopt;
   switch (event.button()) {
   case Qt::LeftButton:
     return MouseButton::left;
@@ -19,17 +31,6 @@ std::optional<MouseButton> buttonOf(const QMouseEvent& event) {
   default:
     return std::nullopt;
   }
-}
-
-Point positionOf(const QMouseEvent& event) {
-  return {event.position().x(), event.position().y()};
-}
-
-} // namespace
-
-MouseTrackingView::MouseTrackingView(QWidget* parent) : QWidget(parent) {
-  setCursor(Qt::OpenHandCursor);
-  setFocusPolicy(Qt::StrongFocus);
 }
 
 void MouseTrackingView::endGesture() {

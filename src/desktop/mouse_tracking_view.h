@@ -1,20 +1,23 @@
 #pragma once
 
 #include "base/geometry.h"
-#include "editor/mouse_button.h"
+#include "base/mouse_button.h"
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 namespace quillery {
 
-/// A canvas that reports gestures of the left, right and middle button in its own coordinates,
-/// with the open hand as its cursor. A gesture that can't go on (the window is deactivated, the
-/// grab is lost, the canvas hides) ends like a release.
+/// A canvas that reports gestures of its mouse buttons in its own coordinates, with the open hand
+/// as its cursor; other buttons do nothing, also during a gesture. A gesture that can't go on (the
+/// window is deactivated, the grab is lost, the canvas hides) ends like a release.
 class MouseTrackingView : public QWidget {
   Q_OBJECT
 public:
-  explicit MouseTrackingView(QWidget* parent = nullptr);
+  explicit MouseTrackingView(QWidget* parent = nullptr,
+                             Qt::MouseButtons buttons = Qt::LeftButton | Qt::RightButton |
+                                                        Qt::MiddleButton);
 
   std::function<void(Point, MouseButton)> onMouseDown;
   std::function<void(Point)> onMouseDragged;
@@ -33,8 +36,10 @@ protected:
   void hideEvent(QHideEvent* event) override;
 
 private:
+  std::optional<MouseButton> buttonOf(const QMouseEvent& event) const;
   void endGesture();
 
+  Qt::MouseButtons buttons_;
   bool tracking_ = false;
 };
 

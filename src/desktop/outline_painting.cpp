@@ -111,6 +111,11 @@ QPainterPath painterPath(const Outline& outline) {
   return path;
 }
 
+void forgetOutlinePictures() {
+  paths().clear();
+  cache().clear();
+}
+
 QPixmap outlinePicture(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
                        const QColor& color) {
   const bool shown = !outline.empty() && box.width > 0 && box.height > 0 &&

@@ -18,4 +18,7 @@ QPainterPath painterPath(const Outline& outline);
 QPixmap outlinePicture(const Outline& outline, const Rect& box, QSize size, qreal pixelRatio,
                        const QColor& color);
 
+/// Lets go of all paths and pictures, after another project took the place of the one they show.
+void forgetOutlinePictures();
+
 } // namespace quillery

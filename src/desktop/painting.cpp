@@ -95,8 +95,7 @@ void guide(QPainter& painter, QPointF from, QPointF to, double width, const QCol
            bool dashed) {
   for (const double c : {from.x(), from.y(), to.x(), to.y()})
     if (!std::isfinite(c)) return;
-  const double scale = scaleOf(painter);
-  const double thickness = std::max(1.0, std::round(width * scale)) / scale;
+  const double thickness = std::max(width, 1 / scaleOf(painter));
   // Laid along the lesser edge of the thickness, which snaps to the border of a device pixel.
   const auto sharp = [&](QPointF p, bool level) {
     const QRectF edge = snapped(

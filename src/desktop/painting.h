@@ -26,8 +26,9 @@ void focusRing(QPainter& painter, const QRectF& area, double radius, const QColo
 /// A line between regions along the middle of `area`, which is longer than it is thick.
 void separator(QPainter& painter, const QRectF& area, Qt::Orientation orientation);
 
-/// A level or upright line with sharp edges: its thickness becomes whole device pixels, at least
-/// one. Nothing is painted when a coordinate is not finite.
+/// A level or upright line of a width in logical pixels, but not less than a device pixel. Its
+/// upper or left edge is sharp, and so is the other where the width is whole device pixels. Nothing
+/// is painted when a coordinate is not finite.
 void guide(QPainter& painter, QPointF from, QPointF to, double width, const QColor& color,
            bool dashed = false);
 

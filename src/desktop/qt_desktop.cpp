@@ -76,7 +76,10 @@ QWidget* QtDesktop::sheetParent() const {
   return modal ? modal : parent_.data();
 }
 
-QString QtDesktop::folderFor(const std::string& extension) const {
+QString QtDesktop::folderFor(const std::string& extension,
+                             const std::optional<fs::path>& first) const {
+  const QString wanted = first ? QFile::decodeName(first->c_str()) : QString();
+  if (!wanted.isEmpty() && QDir(wanted).exists()) return wanted;
   for (const auto& [kind, folder] : folders_)
     if (kind == extension && QDir(folder).exists()) return folder;
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -104,7 +107,7 @@ std::shared_ptr<SavePanel>
 QtDesktop::showSavePanel(const SavePanelSettings& settings,
                          std::function<void(std::optional<fs::path>)> completion) {
   auto* const panel =
-      new FilePanel(settings, folderFor(settings.extension), sheetParent(),
+      new FilePanel(settings, folderFor(settings.extension, settings.folder), sheetParent(),
                     lifetime_.guard([this, extension = settings.extension,
                                      completion = std::move(completion)](FilePanel::Files files) {
                       if (files.empty()) return completion(std::nullopt);

@@ -48,7 +48,9 @@ public:
 
 private:
   QWidget* sheetParent() const;
-  QString folderFor(const std::string& extension) const;
+  /// The first choice, if it is there, or else where files of the kind were last.
+  QString folderFor(const std::string& extension,
+                    const std::optional<std::filesystem::path>& first = {}) const;
   void rememberFolder(const std::string& extension, const std::filesystem::path& file);
 
   Places places_;

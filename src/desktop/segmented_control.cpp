@@ -83,7 +83,9 @@ SegmentedControl::SegmentedControl(const QString& accessibleName, const QStringL
 }
 
 void SegmentedControl::setCurrent(int index) {
-  if (index >= 0 && index < static_cast<int>(segments_.size())) segment(index)->setChecked(true);
+  if (index < 0 || index >= static_cast<int>(segments_.size())) return;
+  current_ = index; // first: whoever sets it needs no telling
+  segment(index)->setChecked(true);
 }
 
 void SegmentedControl::paintEvent(QPaintEvent*) {

@@ -18,11 +18,12 @@ public:
                    QWidget* parent = nullptr);
 
   int current() const { return current_; }
-  /// Out of range is ignored.
+  /// Without a signal. Out of range is ignored.
   void setCurrent(int index);
   QRadioButton* segment(int index) const { return segments_.at(static_cast<std::size_t>(index)); }
 
 Q_SIGNALS:
+  /// The user took another.
   void currentChanged(int index);
 
 protected:

@@ -45,14 +45,18 @@ void ValueReadout::beginEntry(const QString& typed) {
   entry_->setText(typed.isEmpty() ? text() : typed);
   setCurrentWidget(entry_);
   entry_->setFocus(Qt::OtherFocusReason);
-  if (typed.isEmpty()) entry_->selectAll();
+  if (typed.isEmpty())
+    entry_->selectAll();
+  else
+    entry_->setModified(true);
 }
 
 void ValueReadout::closeEntry(bool enter) {
   if (!isInEntry()) return;
   const QString typed = entry_->text();
   setCurrentWidget(label_); // first: hiding the field takes its focus, which comes back here
-  if (enter && typed != text()) Q_EMIT entered(typed);
+  // What is typed may look like the value shown, which is rounded, and be another.
+  if (enter && entry_->isModified()) Q_EMIT entered(typed);
   Q_EMIT entryClosed();
 }
 

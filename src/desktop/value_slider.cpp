@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -17,6 +18,7 @@ namespace {
 constexpr int kTicks = 1 << 20; // finer than any screen
 constexpr double kPage = 10;    // steps
 constexpr int kWheelNotch = 120;
+constexpr int kWheelPause = 400; // ms after which notches are another gesture
 
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
@@ -51,6 +53,9 @@ ValueSlider::ValueSlider(double least, double greatest, double step, QWidget* pa
     : QSlider(Qt::Horizontal, parent), least_(least), greatest_(greatest), step_(step),
       value_(least) {
   setRange(0, kTicks);
+  wheelPause_.setSingleShot(true);
+  wheelPause_.setInterval(kWheelPause);
+  connect(&wheelPause_, &QTimer::timeout, this, &ValueSlider::end);
 }
 
 void ValueSlider::showValue(double value) {
@@ -65,26 +70,31 @@ void ValueSlider::showValue(double value) {
 }
 
 void ValueSlider::moveTo(double value) {
-  begin();
+  end();
+  begin(GestureKind::steps);
   move(value);
   end();
 }
 
-void ValueSlider::begin() {
+void ValueSlider::begin(GestureKind kind) {
   if (std::exchange(inGesture_, true)) return;
-  Q_EMIT gestureBegan();
+  Q_EMIT gestureBegan(kind);
+}
+
+bool ValueSlider::leaveGesture() {
+  if (!std::exchange(inGesture_, false)) return false;
+  if (wheelPause_.isActive()) qApp->removeEventFilter(this);
+  wheelPause_.stop();
+  setSliderDown(false);
+  return true;
 }
 
 void ValueSlider::end() {
-  if (!std::exchange(inGesture_, false)) return;
-  setSliderDown(false);
-  Q_EMIT gestureEnded();
+  if (leaveGesture()) Q_EMIT gestureEnded();
 }
 
 void ValueSlider::cancel() {
-  if (!std::exchange(inGesture_, false)) return;
-  setSliderDown(false);
-  Q_EMIT gestureCancelled();
+  if (leaveGesture()) Q_EMIT gestureCancelled();
 }
 
 void ValueSlider::move(double value) {
@@ -130,8 +140,8 @@ void ValueSlider::mousePressEvent(QMouseEvent* event) {
   const double x = event->position().x();
   const bool onHandle = handle.contains(event->position().toPoint());
   grabOffset_ = onHandle ? x - QRectF(handle).center().x() : 0;
-  end(); // a key held down
-  begin();
+  end(); // a key held down, or the wheel
+  begin(GestureKind::pointer);
   setSliderDown(true);
   if (!onHandle) move(valueAt(x));
 }
@@ -176,7 +186,8 @@ bool ValueSlider::moveByKey(int key) {
   default:
     return false;
   }
-  begin();
+  if (wheelPause_.isActive()) end();
+  begin(GestureKind::steps);
   move(target);
   return true;
 }
@@ -217,12 +228,25 @@ bool ValueSlider::leavesWheelToPanel() const {
 void ValueSlider::wheelEvent(QWheelEvent* event) {
   if (leavesWheelToPanel()) return event->ignore();
   event->accept();
-  if (inGesture_) return;
+  if (inGesture_ && !wheelPause_.isActive()) return;
   const QPoint angle = event->angleDelta();
   wheelAngle_ += std::abs(angle.x()) > std::abs(angle.y()) ? -angle.x() : angle.y();
   const int notches = wheelAngle_ / kWheelNotch;
   wheelAngle_ -= notches * kWheelNotch;
-  if (notches != 0) moveTo(value_ + notches * step_);
+  if (notches == 0) return;
+  begin(GestureKind::steps);
+  if (!wheelPause_.isActive()) qApp->installEventFilter(this);
+  wheelPause_.start();
+  move(value_ + notches * step_);
+}
+
+// Sees what the whole program is told while the wheel is the gesture: whatever else the user does
+// ends it.
+bool ValueSlider::eventFilter(QObject* watched, QEvent* event) {
+  const bool input = event->type() == QEvent::KeyPress ||
+                     event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
+  if (input && watched->isWidgetType() && watched != this) end();
+  return QSlider::eventFilter(watched, event);
 }
 
 void ValueSlider::focusOutEvent(QFocusEvent* event) {

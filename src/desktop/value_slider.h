@@ -1,13 +1,21 @@
 #pragma once
 
 #include <QSlider>
+#include <QTimer>
 
 namespace quillery {
 
+/// How a value is being changed.
+enum class GestureKind {
+  pointer, ///< dragged
+  steps,   ///< by keys, the wheel or assistive technology, or typed
+};
+
 /// A slider over a range of doubles, without steps for the mouse.
 ///
-/// Every way to move it is a gesture: a press of the mouse until its release, a key held down, a
-/// turn of the wheel, a change by assistive technology. `moved` is emitted between `gestureBegan`
+/// Every way to move it is a gesture: a press of the mouse until its release, a key held down,
+/// notches of the wheel until a pause or anything else that the user does, a change by assistive
+/// technology. `moved` is emitted between `gestureBegan`
 /// and `gestureEnded`, or `gestureCancelled` when Escape was pressed: then whoever listens puts
 /// the value back. In a panel that scrolls, the wheel is the panel's until the slider has the
 /// focus.
@@ -29,7 +37,7 @@ public:
   void moveTo(double value);
 
 Q_SIGNALS:
-  void gestureBegan();
+  void gestureBegan(GestureKind kind);
   void moved(double value);
   void gestureEnded();
   void gestureCancelled();
@@ -38,6 +46,7 @@ Q_SIGNALS:
 
 protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -48,7 +57,9 @@ protected:
   void hideEvent(QHideEvent* event) override;
 
 private:
-  void begin();
+  void begin(GestureKind kind);
+  /// Ends the gesture. False when there is none.
+  bool leaveGesture();
   void end();
   void cancel();
   void move(double value);
@@ -62,6 +73,7 @@ private:
   double value_;
   double grabOffset_ = 0; // from the middle of the handle to the pointer
   int wheelAngle_ = 0;
+  QTimer wheelPause_; // runs while the wheel is the gesture
   bool inGesture_ = false;
 };
 

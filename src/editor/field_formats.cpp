@@ -3,17 +3,11 @@
 #include "editor/undoable_field.h"
 
 #include <charconv>
-#include <cstdio>
 
 namespace quillery {
 
 FieldFormat<double> numberFormat() {
-  return {parseAsC, [](const double& value) {
-            // Whole digits of the greatest double, a sign and the end.
-            char text[320];
-            std::snprintf(text, sizeof(text), "%.0f", value);
-            return std::string(text);
-          }};
+  return {parseAsC, [](const double& value) { return formatFixed(value); }};
 }
 
 FieldFormat<std::int64_t> integerFormat() {

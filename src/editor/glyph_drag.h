@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "base/mouse_button.h"
 #include "editor/metrics_edit.h"
-#include "editor/mouse_button.h"
 
 #include <vector>
 

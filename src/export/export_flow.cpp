@@ -28,7 +28,10 @@ void ExportFlow::showExportPanel() {
   if (currentExportPanel_) return;
   FormatChooser chooser;
   chooser.label = "Format:";
-  for (const ExportFormat& format : kExportFormats) chooser.titles.push_back(format.title);
+  for (const ExportFormat& format : kExportFormats) {
+    chooser.titles.emplace_back(format.title);
+    chooser.extensions.emplace_back(format.extension);
+  }
   chooser.changed = guard([this](std::size_t index) { formatChanged(index); });
 
   SavePanelSettings settings;
@@ -36,6 +39,8 @@ void ExportFlow::showExportPanel() {
   settings.proposedName = manager_.currentProject().name;
   settings.extension = kExportFormats.front().extension;
   settings.formats = std::move(chooser);
+  settings.freeStanding = true;
+  if (const auto& project = manager_.currentProjectURL()) settings.folder = project->parent_path();
   currentExportPanel_ = manager_.desktop().showSavePanel(
       settings, guard([this](const std::optional<fs::path>& chosen) {
         if (chosen) startFontGeneration(*chosen);

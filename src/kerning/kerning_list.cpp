@@ -1,18 +1,15 @@
 #include "kerning/kerning_list.h"
 
+#include "base/numbers.h"
 #include "base/unicode.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <numeric>
 
 namespace quillery {
 
 std::string kerningText(double value) {
-  // Whole digits of the greatest double, a sign and the end.
-  char text[320];
-  std::snprintf(text, sizeof(text), "%+.0f", value);
-  return text;
+  return formatSigned(value);
 }
 
 bool KerningList::hasPairsOf(const FontProject& project) const {

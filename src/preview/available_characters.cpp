@@ -1,6 +1,6 @@
 #include "preview/available_characters.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace quillery {
 
@@ -15,28 +15,15 @@ std::string availableCharacters(const FontProject& project) {
   return text;
 }
 
-bool AvailableCharacters::projectChanged(const ProjectChange& change) {
-  using What = ProjectChange::What;
-  switch (change.what) {
-  case What::project:
-  case What::glyphList:
-  case What::everything:
-    stale_ = true;
-    return true;
-  case What::glyphs:
-    return std::any_of(change.ids.begin(), change.ids.end(),
-                       [this](const Uuid& id) { return glyphChanged(id); });
-  default:
-    return false;
-  }
+bool AvailableCharacters::projectChanged(const ProjectChanges& changes) {
+  stale_ = stale_ || changes.has(ProjectChange::What::glyphList);
+  for (const Uuid& id : changes.glyphs()) stale_ = stale_ || isAnother(id);
+  return stale_;
 }
 
-bool AvailableCharacters::glyphChanged(const Uuid& id) {
-  if (stale_) return false;
+bool AvailableCharacters::isAnother(const Uuid& id) const {
   const auto position = manager_.glyphIndex().withId(id);
-  if (!position || *position >= ofGlyphs_.size()) return false;
-  stale_ = manager_.currentProject().glyphs[*position].unicode() != ofGlyphs_[*position];
-  return stale_;
+  return position && manager_.currentProject().glyphs[*position].unicode() != ofGlyphs_[*position];
 }
 
 const std::vector<std::string>& AvailableCharacters::list() {

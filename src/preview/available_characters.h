@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <optional>
 #include <string>
@@ -18,12 +18,12 @@ public:
   explicit AvailableCharacters(const ProjectManager& manager) : manager_(manager) {}
 
   /// True when the list may have become another.
-  bool projectChanged(const ProjectChange& change);
+  bool projectChanged(const ProjectChanges& changes);
   /// In the order of the glyphs. Looked up in the project when a change made that necessary.
   const std::vector<std::string>& list();
 
 private:
-  bool glyphChanged(const Uuid& id);
+  bool isAnother(const Uuid& id) const;
 
   const ProjectManager& manager_;
   bool stale_ = true;

@@ -27,7 +27,7 @@ public:
 
   const std::vector<Info>& infos() const { return infos_; }
 
-  /// The first whose bounds contain the point, as hitTest finds it.
+  /// The first whose bounds contain the point.
   std::optional<std::size_t> at(Point point) const {
     auto row = rows_.begin();
     if (descending_)

@@ -59,32 +59,21 @@ bool PreviewScene::setMode(PreviewMode mode) {
   return true;
 }
 
-PreviewScene::Effect PreviewScene::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::everything:
-  case What::kerningList:
-  case What::glyphList:
-    layoutIsStale_ = true;
-    return Effect::layout;
-  case What::fontInfo:
-    if (layoutIsStale_ || setTextAlike(font_, manager_.currentProject())) return Effect::nothing;
-    layoutIsStale_ = true;
-    return Effect::layout;
-  case What::glyphs: {
-    auto greatest = Effect::nothing;
-    for (const Uuid& id : change.ids) greatest = std::max(greatest, glyphChanged(id));
-    return greatest;
-  }
-  case What::kerningPair:
-    return pairChanged(change.ids.front());
-  default:
-    return Effect::nothing;
-  }
+PreviewScene::Effect PreviewScene::projectChanged(const ProjectChanges& changes) {
+  auto effect = Effect::nothing;
+  const auto raise = [&](Effect to) { effect = std::max(effect, to); };
+  // First: positions in another list of glyphs mean nothing.
+  if (changes.has(What::kerningList) || changes.has(What::glyphList) ||
+      (changes.has(What::fontInfo) && !setTextAlike(font_, manager_.currentProject())))
+    raise(Effect::layout);
+  layoutIsStale_ = layoutIsStale_ || effect == Effect::layout;
+  for (const Uuid& id : changes.glyphs()) raise(glyphChanged(id));
+  for (const Uuid& id : changes.pairs()) raise(pairChanged(id));
+  return effect;
 }
 
 PreviewScene::Effect PreviewScene::glyphChanged(const Uuid& id) {
-  if (isStale()) return Effect::nothing; // it was announced
+  if (layoutIsStale_) return Effect::nothing; // it was announced
   const auto position = manager_.glyphIndex().withId(id);
   if (!position) return Effect::nothing;
   const Glyph& glyph = manager_.currentProject().glyphs[*position];
@@ -109,7 +98,7 @@ PreviewScene::Effect PreviewScene::glyphChanged(const Uuid& id) {
 PreviewScene::Effect PreviewScene::pairChanged(const Uuid& id) {
   const FontProject& project = manager_.currentProject();
   const KerningPair* const pair = manager_.kerningPairWithId(id);
-  if (!pair || isStale()) return Effect::nothing;
+  if (!pair || layoutIsStale_) return Effect::nothing;
   const auto& set = layout_.characters;
   const auto isKerned = [&](const SetCharacter& left, const SetCharacter& right) {
     return left.line == right.line && project.glyphs[left.glyph].name() == pair->leftGlyph &&
@@ -120,13 +109,8 @@ PreviewScene::Effect PreviewScene::pairChanged(const Uuid& id) {
   return Effect::layout;
 }
 
-bool PreviewScene::isStale() const {
-  // Whoever hears of another list of glyphs before us may ask.
-  return layoutIsStale_ || glyphCount_ != manager_.currentProject().glyphs.size();
-}
-
 const TextLayout& PreviewScene::layout() {
-  if (isStale()) layOut();
+  if (layoutIsStale_) layOut();
   return layout_;
 }
 
@@ -134,7 +118,6 @@ void PreviewScene::layOut() {
   const FontProject& project = manager_.currentProject();
   layout_ = layoutText(text_, project, manager_.glyphIndex(), manager_.kerningIndex(), fontSize_);
   font_ = project;
-  glyphCount_ = project.glyphs.size();
   layoutIsStale_ = false;
   rowsAreStale_ = true;
   used_.clear();

@@ -2,7 +2,7 @@
 
 #include "preview/hit_rows.h"
 #include "preview/text_layout.h"
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <cstddef>
 #include <optional>
@@ -15,9 +15,10 @@ namespace quillery {
 /// What the pointer picks in the preview.
 enum class PreviewMode { none, glyphs, kerning };
 
-/// A text set from the open project, kept in step with it, and what the pointer rests on. The
-/// layout and the rectangles are computed when they are asked for after something that they depend
-/// on has changed. View points, y downwards, from the corner of the drawing surface.
+/// A text set from the open project, and what the pointer rests on. Whoever keeps it tells it what
+/// has changed before anything is asked; the layout and the rectangles are computed when they are
+/// asked for after something that they depend on has changed. View points, y downwards, from the
+/// corner of the drawing surface.
 class PreviewScene {
 public:
   /// What a change of the project means to the picture.
@@ -36,7 +37,7 @@ public:
   bool setText(std::string text);
   bool setFontSize(double points);
   bool setMode(PreviewMode mode);
-  Effect projectChanged(const ProjectChange& change);
+  Effect projectChanged(const ProjectChanges& changes);
 
   const TextLayout& layout();
 
@@ -70,7 +71,6 @@ private:
     std::optional<Utf8> unicode;
   };
 
-  bool isStale() const;
   void layOut();
   void addInk(const Outline& outline);
   void updateRows();
@@ -85,8 +85,7 @@ private:
 
   bool layoutIsStale_ = true;
   TextLayout layout_;
-  FontInfo font_;              // that the layout was made with
-  std::size_t glyphCount_ = 0; // likewise
+  FontInfo font_; // that the layout was made with
   std::unordered_map<std::size_t, UsedGlyph> used_;
   std::vector<std::size_t> lineBegins_; // first of each line among the characters, and their number
   Rect ink_; // font units; around the outlines used and, since the layout, changed

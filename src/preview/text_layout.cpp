@@ -17,12 +17,6 @@ double hitHeight(const TextLayout& layout) {
   return std::max(kLeastHitSize, layout.lineHeight);
 }
 
-template <typename Info> const Info* firstHit(const std::vector<Info>& infos, Point point) {
-  const auto hit = std::find_if(infos.begin(), infos.end(),
-                                [&](const Info& info) { return info.bounds.contains(point); });
-  return hit == infos.end() ? nullptr : &*hit;
-}
-
 } // namespace
 
 TextLayout layoutText(std::string_view text, const FontProject& project, const GlyphIndex& glyphs,
@@ -103,14 +97,6 @@ std::vector<CharacterPairInfo> characterPairInfos(const TextLayout& layout,
                       hitHeight(layout)}});
   }
   return infos;
-}
-
-const CharacterInfo* hitTest(const std::vector<CharacterInfo>& infos, Point point) {
-  return firstHit(infos, point);
-}
-
-const CharacterPairInfo* hitTest(const std::vector<CharacterPairInfo>& infos, Point point) {
-  return firstHit(infos, point);
 }
 
 } // namespace quillery

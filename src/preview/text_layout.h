@@ -78,8 +78,4 @@ std::vector<CharacterInfo> characterInfos(const TextLayout& layout, const FontPr
 std::vector<CharacterPairInfo> characterPairInfos(const TextLayout& layout,
                                                   const FontProject& project);
 
-/// The first whose bounds contain the point; null when there is none.
-const CharacterInfo* hitTest(const std::vector<CharacterInfo>& infos, Point point);
-const CharacterPairInfo* hitTest(const std::vector<CharacterPairInfo>& infos, Point point);
-
 } // namespace quillery

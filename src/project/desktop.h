@@ -22,6 +22,8 @@ struct OpenPanelSettings {
 struct FormatChooser {
   std::string label;
   std::vector<std::string> titles;
+  /// Of each format, without its dot: one that a chosen name has already is replaced.
+  std::vector<std::string> extensions;
   std::size_t selected = 0;
   std::function<void(std::size_t index)> changed;
 };
@@ -33,7 +35,11 @@ struct SavePanelSettings {
   std::string proposedName;
   /// The extension, without its dot, that the chosen name gets.
   std::string extension;
-  std::optional<FormatChooser> formats;
+  std::optional<FormatChooser> formats{};
+  /// Where it opens, when that is there.
+  std::optional<std::filesystem::path> folder{};
+  /// The window stays in use beside it.
+  bool freeStanding = false;
 };
 
 /// An open save panel.

@@ -95,6 +95,7 @@ void ProjectManager::saveProjectAs() {
   settings.message = "Save font project";
   settings.proposedName = project_.name + "." + kProjectExtension;
   settings.extension = kProjectExtension;
+  if (url_) settings.folder = url_->parent_path();
   desktop_.showSavePanel(settings, lifetime_.guard([this](const std::optional<fs::path>& file) {
     if (file) saveAndReport(*file);
   }));

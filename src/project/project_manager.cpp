@@ -10,19 +10,6 @@ namespace quillery {
 
 using What = ProjectChange::What;
 
-bool ProjectChange::concernsGlyph(const Uuid& glyph) const {
-  switch (what) {
-  case What::project:
-  case What::glyphList:
-  case What::everything:
-    return true;
-  case What::glyphs:
-    return std::find(ids.begin(), ids.end(), glyph) != ids.end();
-  default:
-    return false;
-  }
-}
-
 ProjectManager::ProjectManager(Desktop& desktop, RecentProjectsManager& recentProjects)
     : desktop_(desktop), recentProjects_(recentProjects),
       undoConnection_(undoManager_.changed.connect([this] { announce(What::history); })) {}

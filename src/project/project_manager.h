@@ -45,9 +45,6 @@ struct ProjectChange {
 
   What what;
   std::span<const Uuid> ids{}; // good during the announcement
-
-  /// Values of this glyph may have changed, or the glyph come or gone.
-  bool concernsGlyph(const Uuid& glyph) const;
 };
 
 /// The one document controller: holds the open project and what is selected in it, and announces

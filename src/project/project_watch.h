@@ -36,6 +36,7 @@ public:
     return kinds_.contains(ProjectChange::What::project) ||
            kinds_.contains(ProjectChange::What::everything);
   }
+  bool anotherProject() const { return kinds_.contains(ProjectChange::What::project); }
   bool has(ProjectChange::What what) const { return everything() || kinds_.contains(what); }
   /// Values of this glyph may have changed, or the glyph come or gone.
   bool hasGlyph(const Uuid& glyph) const {

@@ -17,7 +17,7 @@ Glyph drawn(const char* name, std::optional<std::string> unicode, double advance
 }
 
 // A scene of glyphs A, V, B and .notdef at 100 points, 100 points to the line, that hears of every
-// change of the project.
+// change of the project once a turn.
 struct SceneTest : ::testing::Test {
   SceneTest() {
     d.setGlyphs({drawn(".notdef", std::nullopt, 300), drawn("A", "A", 600), drawn("B", "B", 500),
@@ -27,23 +27,28 @@ struct SceneTest : ::testing::Test {
       pairs = {makePair("A", "V", -80), makePair("A", "V", 500), makePair("X", "X", 5)};
     });
     scene.setFontSize(100);
-    connection = d.manager.changed.connect(
-        [this](const ProjectChange& change) { effect = scene.projectChanged(change); });
+    watch.catchUp();
   }
 
   Uuid glyph(const char* name) const { return d.manager.firstGlyphNamed(name)->id(); }
   Effect afterEdit(const char* name, const std::function<void(Glyph&)>& edit) {
     scene.layout();
     d.manager.editGlyph(glyph(name), edit);
-    return effect;
+    return afterTurn();
   }
   Effect afterKerning(std::size_t pair, double value) {
     scene.layout();
     d.manager.setKerningValue(d.project().kerningPairs[pair].id, finite(value));
+    return afterTurn();
+  }
+  Effect afterTurn() {
+    effect = Effect::nothing;
+    watch.catchUp();
     return effect;
   }
   Rect bounds() { return scene.hoveredBounds().value_or(Rect{}); }
   void expectUpToDate(const char* after) {
+    watch.catchUp();
     const TextLayout fresh = layoutText(scene.text(), d.project(), GlyphIndex(d.project().glyphs),
                                         KerningIndex(d.project().kerningPairs), scene.fontSize());
     const TextLayout& kept = scene.layout();
@@ -56,7 +61,12 @@ struct SceneTest : ::testing::Test {
   Document d;
   PreviewScene scene{d.manager};
   Effect effect = Effect::nothing;
-  Connection connection;
+  using What = ProjectChange::What;
+  ProjectWatch watch{
+      d.manager,
+      {{What::fontInfo, What::glyphList, What::glyphs, What::kerningList, What::kerningPair,
+        What::selection}},
+      [this](const ProjectChanges& changes) { effect = scene.projectChanged(changes); }};
 };
 
 TEST_F(SceneTest, DoesNoMoreAfterAChangeThanTheTextNeeds) {
@@ -86,11 +96,11 @@ TEST_F(SceneTest, DoesNoMoreAfterAChangeThanTheTextNeeds) {
   expectUpToDate("a pair changed that an earlier one hides");
 
   d.manager.editFontInfo([](FontInfo& font) { font.name = "Other"; });
-  EXPECT_EQ(effect, Effect::nothing);
+  EXPECT_EQ(afterTurn(), Effect::nothing);
   d.manager.editFontInfo([](FontInfo& font) { font.unitsPerEm = 2000; });
-  EXPECT_EQ(effect, Effect::layout);
+  EXPECT_EQ(afterTurn(), Effect::layout);
   d.manager.selectAllGlyphs();
-  EXPECT_EQ(effect, Effect::nothing);
+  EXPECT_EQ(afterTurn(), Effect::nothing);
   d.manager.deleteGlyph(glyph("A"));
   expectUpToDate("a glyph gone");
   d.manager.newProject();
@@ -109,8 +119,10 @@ TEST_F(SceneTest, ForgetsTheHoveredItemWithTheTextAndTheModeOnly) {
   scene.setFontSize(200);
   EXPECT_EQ(bounds(), (Rect{20, 20, 220, 200}));
   d.manager.editKerningList([](auto& pairs) { pairs.clear(); });
+  watch.catchUp();
   EXPECT_FALSE(scene.hoveredPairExists());
   d.manager.deleteGlyph(glyph("V")); // A and .notdef now
+  watch.catchUp();
   EXPECT_FALSE(scene.hoveredPair());
   scene.setMode(PreviewMode::glyphs);
   EXPECT_TRUE(scene.hover({30, 30}));
@@ -151,6 +163,7 @@ TEST_F(SceneTest, FindsWhatHitTestingTheWholeListFinds) {
       d.manager.editGlyph(glyph(name), [&](Glyph& g) {
         g.setAdvanceWidth(pick({0, 1, 600, 600, -250, 1e308}));
       });
+    watch.catchUp();
     for (const auto mode : {PreviewMode::glyphs, PreviewMode::kerning}) {
       scene.setMode(mode);
       const auto glyphs = characterInfos(scene.layout(), d.project());
@@ -160,8 +173,10 @@ TEST_F(SceneTest, FindsWhatHitTestingTheWholeListFinds) {
                           static_cast<double>(random() % 900) / 2 - 100};
         scene.hover(point);
         const auto place = [&](const auto& all) {
-          const auto* hit = hitTest(all, point);
-          return hit ? std::optional<std::size_t>(hit - all.data()) : std::nullopt;
+          const auto hit = std::find_if(all.begin(), all.end(), [&](const auto& info) {
+            return info.bounds.contains(point);
+          });
+          return hit == all.end() ? std::nullopt : std::optional<std::size_t>(hit - all.begin());
         };
         ASSERT_EQ(scene.hovered(), mode == PreviewMode::glyphs ? place(glyphs) : place(pairs))
             << round << ": " << point.x << ", " << point.y;
@@ -186,6 +201,7 @@ TEST_F(SceneTest, DrawsWhatReachesIntoAnAreaAtTheSamePlaceAsTheWholeText) {
   afterEdit("X", [](Glyph& glyph) { glyph.setVerticalOffset(3000); });
   EXPECT_NE(names({80, 0, 10, 10}).find('X'), std::string::npos);
   d.manager.editFontInfo([](FontInfo& font) { font.unitsPerEm = 0; });
+  watch.catchUp();
   EXPECT_EQ(names({0, 0, 1000, 1000}), "");
 }
 

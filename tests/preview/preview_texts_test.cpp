@@ -20,18 +20,23 @@ TEST(TextPresets, HoldEveryCharacterOfTheirRanges) {
 TEST(AvailableCharacters, FollowTheGlyphsButNotTheirMetrics) {
   Document d;
   AvailableCharacters characters(d.manager);
+  int changes = 0;
+  ProjectWatch watch(
+      d.manager, {{ProjectChange::What::glyphs, ProjectChange::What::glyphList}},
+      [&](const ProjectChanges& heard) { changes += characters.projectChanged(heard) ? 1 : 0; });
   EXPECT_EQ(availableCharacters(d.project()), "");
   d.setGlyphs({makeGlyph("B", "B"), makeGlyph("none"), makeGlyph("A", "A")});
-  EXPECT_TRUE(characters.projectChanged({ProjectChange::What::glyphList}));
+  watch.catchUp();
   EXPECT_EQ(availableCharacters(d.project()), "B A");
   EXPECT_THAT(characters.list(), ElementsAre("B", "A"));
 
   const Uuid id = d.project().glyphs[1].id();
-  const ProjectChange change{ProjectChange::What::glyphs, {&id, 1}};
   d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setAdvanceWidth(1); });
-  EXPECT_FALSE(characters.projectChanged(change));
+  watch.catchUp();
+  EXPECT_EQ(changes, 1);
   d.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode(Utf8("C")); });
-  EXPECT_TRUE(characters.projectChanged(change));
+  watch.catchUp();
+  EXPECT_EQ(changes, 2);
   EXPECT_THAT(characters.list(), ElementsAre("B", "C", "A"));
 }
 

@@ -92,15 +92,6 @@ TEST(HitRectangles, CoverGlyphsAndNeighbouringPairs) {
                                                 {"B", "A", "B", "A", {20, 120, 110, 100}}};
   const auto pairInfos = characterPairInfos(set.layout, set.project);
   EXPECT_EQ(pairInfos, pairs);
-  const std::pair<Point, const char*> points[] = {
-      {{20, 20}, "A"},  {{72, 50}, "A"},  {{80, 119.9}, "V"}, {{132, 50}, ""},
-      {{20, 120}, "B"}, {{19.9, 50}, ""}, {{20, 220}, ""}};
-  for (const auto& [point, name] : points) {
-    const CharacterInfo* hit = hitTest(infos, point);
-    EXPECT_EQ(hit ? hit->glyphName : "", name) << point.x << ", " << point.y;
-  }
-  EXPECT_EQ(hitTest(pairInfos, {140, 50}), &pairInfos[0]);
-  EXPECT_EQ(hitTest(pairInfos, {157, 50}), nullptr);
 }
 
 TEST(HitRectangles, AreAtLeastAPointWideAndHigh) {

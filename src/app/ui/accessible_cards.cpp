@@ -107,7 +107,11 @@ public:
   }
 
 private:
-  GlyphCardArea& cards() const { return *static_cast<GlyphCardArea*>(object()); }
+  GlyphCardArea& cards() const {
+    auto& cards = *static_cast<GlyphCardArea*>(object());
+    cards.updateCards();
+    return cards;
+  }
 
   mutable std::unordered_map<std::size_t, QAccessible::Id> items_; // those that were asked for
 };

@@ -6,10 +6,8 @@
 #include "desktop/outline_painting.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
-#include "svg/ui/dropped_files.h"
 
 #include <QContextMenuEvent>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -29,8 +27,9 @@ constexpr qreal kBorder = 2;
 } // namespace
 
 GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
-    : QAbstractScrollArea(parent), manager_(manager), drops_(manager), grid_(0, 1, 1, 0),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+    : QAbstractScrollArea(parent), manager_(manager), grid_(0, 1, 1, 0),
+      watch_(manager, {{What::glyphList, What::glyphs, What::selection}},
+             [this](const ProjectChanges& changes) { refresh(changes); }) {
   [[maybe_unused]] static const bool installed = (installCardAccessibility(), true);
   setObjectName(QStringLiteral("glyphCards"));
   setAccessibleName(tr("Glyphs"));
@@ -38,15 +37,16 @@ GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setViewportMargins(grid::margin, 0, 0, 0);
-  viewport()->setAcceptDrops(true);
   viewport()->setAutoFillBackground(false);
-  connect(&Theme::current(), &Theme::changed, this, &GlyphCardArea::cardsAreStale);
+  connect(&Theme::current(), &Theme::changed, this, &GlyphCardArea::layOut);
+  placeCards();
+  paintedSelection_ = manager.selectedGlyphIds();
 }
 
 void GlyphCardArea::setSortOrder(GlyphSortOrder order) {
   if (sortOrder_ == order) return;
   sortOrder_ = order;
-  cardsAreStale();
+  placeCards();
 }
 
 void GlyphCardArea::setCardSize(int points) {
@@ -74,7 +74,6 @@ std::optional<std::size_t> GlyphCardArea::cardAt(QPoint position) const {
 }
 
 void GlyphCardArea::scrollToCard(std::size_t index) {
-  updateCards();
   const Rect card = grid_.card(index);
   QScrollBar* bar = verticalScrollBar();
   const auto top = static_cast<int>(std::floor(card.minY() - CardGrid::kSpacing));
@@ -85,65 +84,54 @@ void GlyphCardArea::scrollToCard(std::size_t index) {
     bar->setValue(bottom - viewport()->height());
 }
 
-void GlyphCardArea::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::glyphList:
-  case What::everything:
-    return cardsAreStale();
-  case What::selection:
-    return repaintSelectionChanges();
-  case What::glyphs:
-    for (const Uuid& id : change.ids) glyphChanged(id);
-    return;
-  default:
-    return;
-  }
+void GlyphCardArea::refresh(const ProjectChanges& changes) {
+  // Most that is undone leaves every card where it stands, and sorting takes much longer than to
+  // find that out.
+  const auto& values = changes.glyphs();
+  const bool moved = changes.has(What::glyphList)
+                         ? !standsAsDisplayed()
+                         : std::any_of(values.begin(), values.end(),
+                                       [&](const Uuid& id) { return movesCard(id); });
+  if (moved) placeCards();
+  if (changes.has(What::glyphList)) viewport()->update();
+  for (const Uuid& id : values) repaintCard(id);
+  if (changes.has(What::selection)) followSelection();
 }
 
-void GlyphCardArea::glyphChanged(const Uuid& id) {
+// Only the character decides where a card stands among those of the same names.
+bool GlyphCardArea::movesCard(const Uuid& id) const {
   const auto card = cardOf_.find(id);
   const Glyph* glyph = manager_.glyphWithId(id);
-  if (stale_ || card == cardOf_.end() || !glyph) return;
-  // Only the character decides where a card stands among those of the same names.
-  if (glyph->character() != characters_[card->second]) return cardsAreStale();
-  const QRect place = cardRect(card->second);
-  if (place.intersects(viewport()->rect())) viewport()->update(place);
-}
-
-void GlyphCardArea::cardsAreStale() {
-  stale_ = true;
-  viewport()->update();
-  // Qt merges these, so that many changes in one turn of the event loop cost one sort.
-  QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+  return card != cardOf_.end() && glyph && glyph->character() != characters_[card->second];
 }
 
 bool GlyphCardArea::standsAsDisplayed() const {
   const auto& glyphs = manager_.currentProject().glyphs;
-  if (displayedOrder_ != sortOrder_ || glyphs.size() != displayed_.size()) return false;
-  return std::all_of(glyphs.begin(), glyphs.end(), [this](const Glyph& glyph) {
-    const auto card = cardOf_.find(glyph.id());
-    return card != cardOf_.end() && characters_[card->second] == glyph.character();
-  });
+  if (glyphs.size() != displayed_.size()) return false;
+  for (std::size_t card = 0; card < displayed_.size(); ++card) {
+    const Glyph& glyph = glyphs[positions_[card]];
+    if (glyph.id() != displayed_[card] || glyph.character() != characters_[card] ||
+        glyph.name() != names_[card])
+      return false;
+  }
+  return true;
 }
 
-void GlyphCardArea::updateCards() {
-  if (!stale_) return;
-  stale_ = false;
-  // Most that is undone leaves every card where it stands, and sorting takes much longer than this.
-  if (standsAsDisplayed()) return repaintSelectionChanges();
-  displayedOrder_ = sortOrder_;
+void GlyphCardArea::placeCards() {
   const auto& glyphs = manager_.currentProject().glyphs;
+  positions_ = displayOrder(glyphs, sortOrder_);
   displayed_.clear();
   characters_.clear();
+  names_.clear();
   cardOf_.clear();
   cardOf_.reserve(glyphs.size());
-  for (const std::size_t position : displayOrder(glyphs, sortOrder_)) {
-    cardOf_.emplace(glyphs[position].id(), displayed_.size());
-    displayed_.push_back(glyphs[position].id());
-    characters_.emplace_back(glyphs[position].character());
+  for (const std::size_t position : positions_) {
+    const Glyph& glyph = glyphs[position];
+    cardOf_.emplace(glyph.id(), displayed_.size());
+    displayed_.push_back(glyph.id());
+    characters_.emplace_back(glyph.character());
+    names_.push_back(glyph.name());
   }
-  paintedSelection_ = manager_.selectedGlyphIds();
   layOut();
   announceCards(*this);
 }
@@ -165,9 +153,9 @@ void GlyphCardArea::layOut() {
   viewport()->update();
 }
 
-void GlyphCardArea::repaintSelectionChanges() {
-  if (stale_) return;
+void GlyphCardArea::followSelection() {
   const auto& selection = manager_.selectedGlyphIds();
+  if (selection == paintedSelection_) return;
   for (const Uuid& id : paintedSelection_)
     if (!selection.contains(id)) repaintCard(id);
   for (const Uuid& id : selection)
@@ -176,17 +164,18 @@ void GlyphCardArea::repaintSelectionChanges() {
   const auto card = currentCard();
   if (!card) return;
   announceCurrentCard(*this, *card);
-  // Selected from elsewhere, such as in the preview: it should be seen.
+  // Selected from elsewhere, such as in the preview or by an import: it should be seen.
   if (selection.size() == 1 && !cardRect(*card).intersects(viewport()->rect())) scrollToCard(*card);
 }
 
 void GlyphCardArea::repaintCard(const Uuid& id) {
   const auto card = cardOf_.find(id);
-  if (card != cardOf_.end()) viewport()->update(cardRect(card->second));
+  if (card == cardOf_.end()) return;
+  const QRect place = cardRect(card->second);
+  if (place.intersects(viewport()->rect())) viewport()->update(place);
 }
 
 bool GlyphCardArea::event(QEvent* event) {
-  if (event->type() == QEvent::LayoutRequest) updateCards();
   // Letters typed into the grid find glyphs; they are no shortcuts of the window.
   if (event->type() == QEvent::ShortcutOverride) {
     const auto* key = static_cast<QKeyEvent*>(event);
@@ -200,13 +189,13 @@ void GlyphCardArea::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setRenderHint(QPainter::Antialiasing);
   const int scrolled = verticalScrollBar()->value();
-  for (const QRect& part : event->region()) {
-    painter.fillRect(part, themeColor(Role::window));
-    const auto [first, end] =
-        grid_.cardsBetween(part.top() + scrolled, part.bottom() + 1 + scrolled);
-    for (std::size_t i = first; i < end; ++i)
-      if (cardRect(i).intersects(part)) paintCard(painter, i);
-  }
+  const QRegion& region = event->region();
+  for (const QRect& part : region) painter.fillRect(part, themeColor(Role::window));
+  // Each once, however many parts it lies in: what is painted twice has darker edges.
+  const QRect all = region.boundingRect();
+  const auto [first, end] = grid_.cardsBetween(all.top() + scrolled, all.bottom() + 1 + scrolled);
+  for (std::size_t i = first; i < end; ++i)
+    if (region.intersects(cardRect(i))) paintCard(painter, i);
 }
 
 void GlyphCardArea::paintCard(QPainter& painter, std::size_t index) {
@@ -254,6 +243,7 @@ void GlyphCardArea::scrollContentsBy(int dx, int dy) {
 }
 
 void GlyphCardArea::mousePressEvent(QMouseEvent* event) {
+  updateCards();
   const auto card = cardAt(event->position().toPoint());
   if (event->button() != Qt::LeftButton || !card)
     return QAbstractScrollArea::mousePressEvent(event);
@@ -264,6 +254,7 @@ void GlyphCardArea::mousePressEvent(QMouseEvent* event) {
 }
 
 void GlyphCardArea::contextMenuEvent(QContextMenuEvent* event) {
+  updateCards();
   const bool fromKeyboard = event->reason() == QContextMenuEvent::Keyboard;
   const auto card = fromKeyboard ? currentCard() : cardAt(event->pos());
   if (!card) return;
@@ -359,18 +350,6 @@ bool GlyphCardArea::findTyped(const QString& text) {
   const auto card = static_cast<std::size_t>(found);
   if (card < displayed_.size()) selectCard(card);
   return true;
-}
-
-void GlyphCardArea::dragEnterEvent(QDragEnterEvent* event) {
-  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
-}
-
-void GlyphCardArea::dragMoveEvent(QDragMoveEvent* event) {
-  event->acceptProposedAction();
-}
-
-void GlyphCardArea::dropEvent(QDropEvent* event) {
-  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
 }
 
 } // namespace quillery

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "editor/card_grid.h"
+#include "app/card_grid.h"
 #include "project/glyph_sort_order.h"
-#include "project/project_manager.h"
-#include "svg/svg_drop.h"
+#include "project/project_watch.h"
 
 #include <QAbstractScrollArea>
 #include <QElapsedTimer>
@@ -35,8 +34,8 @@ public:
   /// Selects its glyph alone and shows it.
   void selectCard(std::size_t index);
   void scrollToCard(std::size_t index);
-  /// Does what is pending after changes, before the next paint would.
-  void updateCards();
+  /// Catches up with the project before the turn of the event loop is over.
+  void updateCards() { watch_.catchUp(); }
 
 Q_SIGNALS:
   /// Return was pressed on a glyph.
@@ -50,17 +49,14 @@ protected:
   void mousePressEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dragMoveEvent(QDragMoveEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
 
 private:
-  void projectChanged(const ProjectChange& change);
-  void glyphChanged(const Uuid& id);
-  void cardsAreStale();
+  void refresh(const ProjectChanges& changes);
   bool standsAsDisplayed() const;
+  void placeCards();
+  bool movesCard(const Uuid& id) const;
   void layOut();
-  void repaintSelectionChanges();
+  void followSelection();
   void repaintCard(const Uuid& id);
   void paintCard(QPainter& painter, std::size_t index);
   void moveSelection(CardGrid::Move move, bool extend);
@@ -68,19 +64,19 @@ private:
   int textHeight() const;
 
   ProjectManager& manager_;
-  SVGDropDelegate drops_;
   GlyphSortOrder sortOrder_ = GlyphSortOrder::unicode;
   int cardSize_ = 120;
   CardGrid grid_;
-  bool stale_ = true;
-  std::optional<GlyphSortOrder> displayedOrder_;
   std::vector<Uuid> displayed_;
-  std::vector<std::string> characters_; // what the display order was made from
+  // What the display order was made from, card by card.
+  std::vector<std::size_t> positions_;
+  std::vector<std::string> characters_;
+  std::vector<std::string> names_;
   std::unordered_map<Uuid, std::size_t> cardOf_;
   std::unordered_set<Uuid> paintedSelection_;
   QString typed_;
   QElapsedTimer sinceTyped_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -2,9 +2,11 @@
 
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
+#include "svg/ui/dropped_files.h"
 
 #include <QActionGroup>
 #include <QBoxLayout>
+#include <QDropEvent>
 #include <QMenu>
 #include <QSlider>
 #include <QToolButton>
@@ -25,9 +27,10 @@ QString title(GlyphSortOrder order) {
 } // namespace
 
 GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
-    : QWidget(parent), cards_(new GlyphCardArea(manager, this)), sortButton_(new QToolButton(this)),
-      sizeSlider_(new QSlider(Qt::Horizontal, this)) {
+    : QWidget(parent), drops_(manager), cards_(new GlyphCardArea(manager, this)),
+      sortButton_(new QToolButton(this)), sizeSlider_(new QSlider(Qt::Horizontal, this)) {
   setObjectName(QStringLiteral("glyphGrid"));
+  setAcceptDrops(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -81,6 +84,14 @@ QWidget* GlyphGridView::makeHeader() {
 void GlyphGridView::setSortOrder(GlyphSortOrder order) {
   sortButton_->setText(tr("Sort: ") + title(order));
   cards_->setSortOrder(order);
+}
+
+void GlyphGridView::dragEnterEvent(QDragEnterEvent* event) {
+  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
+}
+
+void GlyphGridView::dropEvent(QDropEvent* event) {
+  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
 }
 
 } // namespace quillery

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "app/ui/glyph_card_area.h"
+#include "svg/svg_drop.h"
 
 class QSlider;
 class QToolButton;
 
 namespace quillery {
 
-/// Every glyph of the project as a card, with the choice of order and size above.
+/// Every glyph of the project as a card, with the choice of order and size above. Takes dropped
+/// drawings.
 class GlyphGridView : public QWidget {
   Q_OBJECT
 public:
@@ -15,10 +17,15 @@ public:
 
   GlyphCardArea& cards() { return *cards_; }
 
+protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
 private:
   QWidget* makeHeader();
   void setSortOrder(GlyphSortOrder order);
 
+  SVGDropDelegate drops_;
   GlyphCardArea* cards_;
   QToolButton* sortButton_;
   QSlider* sizeSlider_;

@@ -5,6 +5,7 @@
 #include "app/ui/licenses_view.h"
 #include "app/ui/project_sidebar.h"
 #include "app/ui/resizable_split_view.h"
+#include "desktop/outline_painting.h"
 #include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "export/ui/export_progress_view.h"
@@ -29,8 +30,8 @@ using What = ProjectChange::What;
 namespace fs = std::filesystem;
 
 constexpr QSize kLeastSize(900, 600);
-constexpr QSize kFirstSize(1440, 900); // where the screen has room for it
-constexpr double kMostOfScreen = 0.9;
+constexpr QSize kFirstSize(1440, 960); // where the screen has room for it
+constexpr double kMostOfScreen = 0.92;
 
 constexpr int kTabsWidth = 200;
 constexpr int kLeastWorkArea = 300;
@@ -54,10 +55,12 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
       commands_(
           commandTable(manager, exportFlow,
                        {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); }})),
-      projectConnection_(
-          manager.changed.connect([this](const ProjectChange& change) { projectChanged(change); })),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
-      undoConnection_(manager.undoManager().changed.connect([this] { enableCommands(); })) {
+      // Values are here for the edit that is being typed or dragged, which can be undone.
+      watch_(manager,
+             {{What::file, What::savedBadge, What::selectedTab, What::glyphList, What::selection,
+               What::history, What::fontInfo, What::glyphs, What::kerningPair}},
+             [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("mainWindow"));
   setMinimumSize(kLeastSize);
   resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
@@ -92,10 +95,9 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   glyphs_ = new GlyphSplitView(manager_, workAreas_);
   workAreas_->addWidget(glyphs_);
   workAreas_->addWidget(new KerningEditorView(manager_, workAreas_));
-  preview_ = new PreviewPanel(manager_, pages_);
+  split_ = new ResizableSplitView(workAreas_, kLeastWorkArea, kLeastPreview, pages_);
   pages_->addWidget(new EmptyStateView(manager_, pages_));
-  pages_->addWidget(
-      new ResizableSplitView(workAreas_, preview_, kLeastWorkArea, kLeastPreview, pages_));
+  pages_->addWidget(split_);
   row->addWidget(pages_, 1);
   return body;
 }
@@ -103,6 +105,7 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
 void MainWindow::makeMenus() {
   QMenu* menus[] = {menuBar()->addMenu(tr("&File")), menuBar()->addMenu(tr("&Edit")),
                     menuBar()->addMenu(tr("&Help"))};
+  for (QMenu* menu : menus) connect(menu, &QMenu::aboutToShow, this, [this] { watch_.catchUp(); });
   for (std::size_t i = 0; i < commands_.size(); ++i) {
     const Command& command = commands_[i];
     QMenu* menu = menus[static_cast<int>(command.menu)];
@@ -141,7 +144,7 @@ void MainWindow::makeToolBar() {
   bar->addWidget(title_);
   savedBadge_ = new Badge(Symbol::check, tr("Saved!"), Badge::Tone::success, bar);
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
-  savedBadge_->setPresented(false);
+  savedBadge_->setPresented(manager_.showSavedBadge());
   bar->addWidget(savedBadge_);
   addSpace(0);
 
@@ -181,19 +184,10 @@ void MainWindow::fillRecentMenu() {
           [this] { recentProjects_.clearRecentProjects(); });
 }
 
-void MainWindow::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::file:
-    showTitle();
-    break;
-  case What::savedBadge:
-    return savedBadge_->setPresented(manager_.showSavedBadge());
-  case What::imports:
-    return;
-  default:
-    break;
-  }
+void MainWindow::refresh(const ProjectChanges& changes) {
+  if (changes.anotherProject()) forgetOutlinePictures();
+  if (changes.has(What::file)) showTitle();
+  if (changes.has(What::savedBadge)) savedBadge_->setPresented(manager_.showSavedBadge());
   showWorkArea();
   enableCommands();
 }
@@ -213,9 +207,12 @@ void MainWindow::showWorkArea() {
   };
   tabs_->setCurrent(manager_.selectedTab());
   tabsAction_->setVisible(hasGlyphs);
-  preview_->setVisible(showPreview_);
   turnTo(*workAreas_, manager_.selectedTab() == kKerningTab ? kKerningTab : kGlyphsTab);
   turnTo(*pages_, hasGlyphs ? kWorkPage : kEmptyPage);
+  // What is typed and chosen in the preview lasts as long as it is there.
+  const bool hasPreview = hasGlyphs && showPreview_;
+  if (hasPreview != (split_->bottom() != nullptr))
+    split_->setBottom(hasPreview ? new PreviewPanel(manager_, split_) : nullptr);
 }
 
 void MainWindow::togglePreview() {
@@ -237,6 +234,12 @@ void MainWindow::showLicenses() {
 void MainWindow::openHelp() {
   if (const auto resources = manager_.desktop().resourceFolder())
     manager_.desktop().openWebPage(fileUrl(*resources / "help" / "index.html"));
+}
+
+bool MainWindow::event(QEvent* event) {
+  // A shortcut is about to be looked up among the commands that are enabled.
+  if (event->type() == QEvent::ShortcutOverride) watch_.catchUp();
+  return QMainWindow::event(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

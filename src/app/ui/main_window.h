@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ui/commands_table.h"
+#include "project/project_watch.h"
 #include "project/recent_projects_manager.h"
 
 #include <QMainWindow>
@@ -15,7 +16,7 @@ class GlyphGridView;
 class GlyphSplitView;
 class IconButton;
 class KerningEditorView;
-class PreviewPanel;
+class ResizableSplitView;
 class SegmentedControl;
 class TextLabel;
 
@@ -31,6 +32,7 @@ public:
   bool showPreview() const { return showPreview_; }
 
 protected:
+  bool event(QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -39,7 +41,7 @@ private:
   void makeToolBar();
   QWidget* makeBody(ExportFlow& exportFlow);
   void fillRecentMenu();
-  void projectChanged(const ProjectChange& change);
+  void refresh(const ProjectChanges& changes);
   void showTitle();
   void showWorkArea();
   void togglePreview();
@@ -61,10 +63,9 @@ private:
   QStackedWidget* pages_ = nullptr;
   QStackedWidget* workAreas_ = nullptr;
   GlyphSplitView* glyphs_ = nullptr;
-  PreviewPanel* preview_ = nullptr;
-  Connection projectConnection_;
+  ResizableSplitView* split_ = nullptr;
   Connection recentConnection_;
-  Connection undoConnection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

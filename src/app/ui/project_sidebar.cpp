@@ -32,12 +32,8 @@ ProjectSidebar::ProjectSidebar(ProjectManager& manager, ExportFlow& exportFlow, 
     : QWidget(parent), manager_(manager), glyphCount_(new QLabel(this)),
       exportButton_(
           new QPushButton(icon(Symbol::share, Role::accentText), tr("Export Font"), this)),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        using What = ProjectChange::What;
-        if (change.what == What::project || change.what == What::fontInfo ||
-            change.what == What::glyphList || change.what == What::everything)
-          refresh();
-      })) {
+      watch_(manager, {{ProjectChange::What::fontInfo, ProjectChange::What::glyphList}},
+             [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("sidebar"));
   setFixedWidth(kWidth);
   setBackgroundRole(QPalette::AlternateBase);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "export/export_flow.h"
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <QWidget>
 #include <functional>
@@ -32,7 +32,7 @@ private:
   QLabel* glyphCount_;
   QPushButton* exportButton_;
   std::vector<std::function<void()>> refreshers_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -9,22 +9,32 @@ constexpr double kTopPart = 0.65;
 
 } // namespace
 
-ResizableSplitView::ResizableSplitView(QWidget* top, QWidget* bottom, int minTopHeight,
-                                       int minBottomHeight, QWidget* parent)
-    : QSplitter(Qt::Vertical, parent) {
+ResizableSplitView::ResizableSplitView(QWidget* top, int minTopHeight, int minBottomHeight,
+                                       QWidget* parent)
+    : QSplitter(Qt::Vertical, parent), minBottomHeight_(minBottomHeight) {
   setChildrenCollapsible(false);
   setHandleWidth(1);
   top->setMinimumHeight(minTopHeight);
-  bottom->setMinimumHeight(minBottomHeight);
   addWidget(top);
-  addWidget(bottom);
-  // Both panes grow with the window.
   setStretchFactor(0, 65);
-  setStretchFactor(1, 35);
+}
+
+void ResizableSplitView::setBottom(QWidget* bottom) {
+  if (bottom_) {
+    bottom_->setParent(nullptr);
+    bottom_->deleteLater(); // what sends it away may come from it
+  }
+  bottom_ = bottom;
+  laidOut_ = false;
+  if (!bottom) return;
+  bottom->setMinimumHeight(minBottomHeight_);
+  addWidget(bottom);
+  setStretchFactor(1, 35); // both panes grow with the window
+  layOutFirst();
 }
 
 void ResizableSplitView::layOutFirst() {
-  if (laidOut_ || !isVisible() || widget(1)->isHidden()) return;
+  if (laidOut_ || !isVisible() || !bottom_) return;
   laidOut_ = true;
   const int room = height() - handleWidth();
   const int top = static_cast<int>(room * kTopPart);
@@ -36,7 +46,6 @@ bool ResizableSplitView::event(QEvent* event) {
   switch (event->type()) {
   case QEvent::Show:
   case QEvent::Resize:
-  case QEvent::LayoutRequest: // a pane was shown
     layOutFirst();
     break;
   default:

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <QStackedWidget>
+#include <vector>
 
 namespace quillery {
 
@@ -10,7 +11,8 @@ class GlyphEditorView;
 class MultiGlyphEditorView;
 
 /// The editor of what is selected: of one glyph, of several, or a word about how to select some.
-/// Follows the selection once per turn of the event loop.
+/// Several are selected also where the project has lost some of them, or all: the selection stays
+/// when another project is opened.
 class EditorArea : public QStackedWidget {
   Q_OBJECT
 public:
@@ -19,20 +21,15 @@ public:
   /// Gives the editor shown the keyboard's focus.
   void focusEditor();
 
-protected:
-  bool event(QEvent* event) override;
-
 private:
-  void selectionIsStale();
   void followSelection();
 
   ProjectManager& manager_;
-  bool stale_ = false;
-  std::vector<Uuid> shown_;
+  std::vector<Uuid> glyphs_; // shown, where several are
   QWidget* empty_;
   GlyphEditorView* single_ = nullptr;
   MultiGlyphEditorView* multi_ = nullptr;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

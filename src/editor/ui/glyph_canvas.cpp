@@ -13,6 +13,8 @@
 namespace quillery {
 namespace {
 
+using What = ProjectChange::What;
+
 constexpr QSize kLeastSize(240, 240);
 constexpr double kNudge = 1; // font units
 constexpr double kLargeNudge = 10;
@@ -96,7 +98,13 @@ constexpr CanvasLayer<Scene> kLayers[] = {{"background", paintBackground},
 
 GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
     : MouseTrackingView(parent), manager_(manager), drag_(manager),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+      watch_(manager,
+             {{What::fontInfo, What::glyphs, What::glyphList},
+              [this](const Uuid& glyph) { return glyph == drag_.glyph(); }},
+             [this](const ProjectChanges& changes) {
+               if (changes.has(What::glyphList)) nameGlyph();
+               update();
+             }) {
   setObjectName(QStringLiteral("glyphCanvas"));
   setAccessibleDescription(tr("Drag with the left button to move the glyph, with the right button "
                               "to change its right side bearing, with the middle button to resize "
@@ -121,10 +129,6 @@ void GlyphCanvas::nameGlyph() {
   const Glyph* const glyph = manager_.glyphWithId(drag_.glyph());
   setAccessibleName(glyph ? tr("Outline of %1").arg(QString::fromStdString(glyph->name()))
                           : tr("Outline"));
-}
-
-void GlyphCanvas::projectChanged(const ProjectChange& change) {
-  if (change.what == ProjectChange::What::fontInfo || change.concernsGlyph(drag_.glyph())) update();
 }
 
 bool GlyphCanvas::event(QEvent* event) {

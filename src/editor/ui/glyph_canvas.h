@@ -2,7 +2,7 @@
 
 #include "desktop/mouse_tracking_view.h"
 #include "editor/glyph_drag.h"
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 namespace quillery {
 
@@ -24,12 +24,11 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
-  void projectChanged(const ProjectChange& change);
   void nameGlyph();
 
   ProjectManager& manager_;
   GlyphDrag drag_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

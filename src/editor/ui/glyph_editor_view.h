@@ -14,6 +14,7 @@ class GlyphEditorView : public LoadingEditor {
 public:
   GlyphEditorView(ProjectManager& manager, QWidget* parent);
 
+  const Uuid& glyph() const { return glyph_; }
   void setGlyph(const Uuid& glyph);
 
 protected:

@@ -13,9 +13,10 @@ MetricsPanel::MetricsPanel(ProjectManager& manager, QWidget* parent)
     : GlyphFormPanel(parent), manager_(manager),
       name_(new ElidedLabel(TextStyle::body, Role::textSecondary, this)),
       unicode_(new UndoableCharacterField(characterField(), this)),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        if (change.concernsGlyph(glyph_)) refresh();
-      })) {
+      watch_(manager,
+             {{ProjectChange::What::glyphs, ProjectChange::What::glyphList},
+              [this](const Uuid& glyph) { return glyph == glyph_; }},
+             [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("metricsPanel"));
   addSection(tr("Character"));
   name_->setObjectName(QStringLiteral("glyphName"));

@@ -3,6 +3,7 @@
 #include "editor/ui/glyph_form_panel.h"
 #include "editor/ui/undoable_line_edit.h"
 #include "editor/ui/undoable_slider.h"
+#include "project/project_watch.h"
 
 #include <vector>
 
@@ -29,7 +30,7 @@ private:
   ElidedLabel* name_;
   UndoableCharacterField* unicode_;
   std::vector<UndoableSlider*> sliders_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

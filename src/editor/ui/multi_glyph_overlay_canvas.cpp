@@ -14,6 +14,8 @@
 namespace quillery {
 namespace {
 
+using What = ProjectChange::What;
+
 constexpr QSize kLeastSize(240, 240);
 constexpr Role kColors[] = {Role::blue,   Role::red,  Role::green, Role::purple,
                             Role::orange, Role::pink, Role::cyan,  Role::yellow};
@@ -75,7 +77,8 @@ constexpr CanvasLayer<Scene> kLayers[] = {
 
 MultiGlyphOverlayCanvas::MultiGlyphOverlayCanvas(ProjectManager& manager, QWidget* parent)
     : QWidget(parent), manager_(manager),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+      watch_(manager, {{What::fontInfo, What::glyphs, What::glyphList}},
+             [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("overlayCanvas"));
   setMinimumSize(kLeastSize);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -108,14 +111,9 @@ bool MultiGlyphOverlayCanvas::takeOutlines() {
   return changed;
 }
 
-void MultiGlyphOverlayCanvas::projectChanged(const ProjectChange& change) {
-  using What = ProjectChange::What;
-  const bool ofGlyphs = change.what == What::glyphs || change.what == What::glyphList ||
-                        change.what == What::everything;
-  const bool ofLines = change.what == What::fontInfo || change.what == What::everything;
+void MultiGlyphOverlayCanvas::refresh(const ProjectChanges& changes) {
   // Widths and side bearings leave the outlines alone.
-  const bool moved = ofGlyphs && takeOutlines();
-  if (moved || ofLines) invalidate();
+  if (takeOutlines() || changes.has(What::fontInfo)) invalidate();
 }
 
 void MultiGlyphOverlayCanvas::Picture::clear(QSize canvas, double ratio) {

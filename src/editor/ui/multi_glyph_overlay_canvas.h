@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <QBasicTimer>
 #include <QImage>
@@ -30,7 +30,7 @@ protected:
   void timerEvent(QTimerEvent* event) override;
 
 private:
-  void projectChanged(const ProjectChange& change);
+  void refresh(const ProjectChanges& changes);
   /// Takes the outlines from the project. False when they are those that it has.
   bool takeOutlines();
   void invalidate();
@@ -54,7 +54,7 @@ private:
   bool stale_ = true;
   std::size_t unpainted_ = 0; // outlines from the first on that the picture lacks
   QBasicTimer idle_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

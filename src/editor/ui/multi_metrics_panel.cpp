@@ -9,12 +9,8 @@ namespace quillery {
 MultiMetricsPanel::MultiMetricsPanel(ProjectManager& manager, QWidget* parent)
     : GlyphFormPanel(parent), manager_(manager),
       count_(new TextLabel({}, TextStyle::body, Role::textSecondary, this)),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        using What = ProjectChange::What;
-        if (change.what == What::glyphs || change.what == What::glyphList ||
-            change.what == What::everything)
-          refresh();
-      })) {
+      watch_(manager, {{ProjectChange::What::glyphs, ProjectChange::What::glyphList}},
+             [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("multiMetricsPanel"));
   addSection(tr("Character"));
   count_->setObjectName(QStringLiteral("selectionCount"));
@@ -45,7 +41,6 @@ void MultiMetricsPanel::focusFirst() {
 }
 
 void MultiMetricsPanel::refresh() {
-  if (glyphs_.empty()) return;
   for (std::size_t i = 0; i < sliders_.size(); ++i)
     sliders_[i]->setValue(commonValue(manager_, glyphs_, kGlyphMetrics[i].metric));
 }

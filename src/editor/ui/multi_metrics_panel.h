@@ -2,6 +2,7 @@
 
 #include "editor/ui/glyph_form_panel.h"
 #include "editor/ui/multi_value_slider.h"
+#include "project/project_watch.h"
 
 #include <vector>
 
@@ -25,7 +26,7 @@ private:
   std::vector<Uuid> glyphs_;
   TextLabel* count_;
   std::vector<MultiValueSlider*> sliders_; // in the order of kGlyphMetrics
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -25,8 +25,9 @@ void MultiValueSlider::refresh() {
     show(restingPlace(), tr("Multiple"), Role::orange);
 }
 
-void MultiValueSlider::beginGesture() {
-  edit_.begin();
+void MultiValueSlider::beginGesture(GestureKind kind) {
+  using Steps = SelectionMetricEdit::Steps;
+  edit_.begin(kind == GestureKind::pointer ? Steps::perMovement : Steps::one);
   show(slider().shownValue(), shown(slider().shownValue()));
 }
 

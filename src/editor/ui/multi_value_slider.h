@@ -22,7 +22,7 @@ protected:
   /// Where the slider rests while the glyphs differ.
   virtual double restingPlace() const;
 
-  void beginGesture() override;
+  void beginGesture(GestureKind kind) override;
   void change(double value) override;
   void endGesture() override;
   void cancelGesture() override;

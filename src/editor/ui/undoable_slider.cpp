@@ -20,7 +20,7 @@ void UndoableSlider::refresh() {
   show(value, shown(value));
 }
 
-void UndoableSlider::beginGesture() {
+void UndoableSlider::beginGesture(GestureKind) {
   if (!edit_.isOpen()) edit_.begin({glyph_}, {info_.metric}, info_.actionName);
 }
 

@@ -20,7 +20,7 @@ public:
 protected:
   virtual QString shown(double value) const { return shownNumber(value); }
 
-  void beginGesture() override;
+  void beginGesture(GestureKind kind) override;
   void change(double value) override;
   void endGesture() override;
   void cancelGesture() override;

@@ -1,7 +1,7 @@
 #include "editor/ui/value_slider_row.h"
 
+#include "base/numbers.h"
 #include "desktop/value_readout.h"
-#include "desktop/value_slider.h"
 #include "desktop/widgets.h"
 #include "editor/glyph_metrics.h"
 
@@ -19,7 +19,7 @@ constexpr double kLongest = 1e9; // from here on, digits would push the panel's 
 
 QString shownNumber(double value, int decimals) {
   if (!(std::fabs(value) < kLongest)) return QString::number(value, 'g', 3);
-  const QString text = QString::number(value, 'f', decimals);
+  const QString text = QString::fromStdString(formatFixed(value, decimals));
   return text == QStringLiteral("-0") ? QStringLiteral("0") : text;
 }
 
@@ -50,7 +50,7 @@ ValueSliderRow::ValueSliderRow(const GlyphMetricInfo& info, QWidget* parent) : Q
   column->addLayout(header);
   column->addWidget(slider_);
 
-  connect(slider_, &ValueSlider::gestureBegan, this, [this] { beginGesture(); });
+  connect(slider_, &ValueSlider::gestureBegan, this, [this](GestureKind k) { beginGesture(k); });
   connect(slider_, &ValueSlider::moved, this, [this](double value) { change(value); });
   connect(slider_, &ValueSlider::gestureEnded, this, [this] { endGesture(); });
   connect(slider_, &ValueSlider::gestureCancelled, this, [this] { cancelGesture(); });
@@ -81,7 +81,7 @@ void ValueSliderRow::enter(const QString& typed) {
   const auto value = parse(typed.trimmed().toStdString());
   if (!value || std::isnan(*value)) return;
   // Not by moving the slider: it may rest there already for a value beyond its range.
-  beginGesture();
+  beginGesture(GestureKind::steps);
   change(std::clamp(*value, slider_->least(), slider_->greatest()));
   endGesture();
 }

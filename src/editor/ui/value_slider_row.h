@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/theme.h"
+#include "desktop/value_slider.h"
 
 #include <QWidget>
 #include <optional>
@@ -10,7 +11,6 @@ namespace quillery {
 
 struct GlyphMetricInfo;
 class ValueReadout;
-class ValueSlider;
 
 /// A metric in a panel: its label and value above its slider. A value can also be typed: after a
 /// double click on it, or Return, F2 or a digit on the slider.
@@ -28,7 +28,7 @@ public:
   QString shownText() const;
 
 protected:
-  virtual void beginGesture() = 0;
+  virtual void beginGesture(GestureKind kind) = 0;
   virtual void change(double value) = 0;
   virtual void endGesture() = 0;
   virtual void cancelGesture() = 0;

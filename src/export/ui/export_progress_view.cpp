@@ -1,5 +1,6 @@
 #include "export/ui/export_progress_view.h"
 
+#include "desktop/message_text.h"
 #include "desktop/widgets.h"
 
 #include <QBoxLayout>
@@ -58,11 +59,9 @@ ExportProgressView::ExportProgressView(ProjectManager& manager, ExportFlow& expo
                                        QWidget* parent)
     : QDialog(parent, Qt::Sheet), manager_(manager), exportFlow_(exportFlow),
       picture_(new Picture(this)), title_(new TextLabel({}, TextStyle::title, Role::text, this)),
-      text_(new TextLabel({}, TextStyle::body, Role::textSecondary, this)),
-      buttons_(new QHBoxLayout),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        if (change.what == ProjectChange::What::exportState) refresh();
-      })) {
+      text_(new MessageText(kWidth - 2 * kPadding, Qt::AlignHCenter, this)),
+      buttons_(new QHBoxLayout), watch_(manager, {{ProjectChange::What::exportState}},
+                                        [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("exportProgress"));
   setWindowModality(Qt::WindowModal);
   setWindowTitle(tr("Export Font"));
@@ -74,9 +73,6 @@ ExportProgressView::ExportProgressView(ProjectManager& manager, ExportFlow& expo
   title_->setAlignment(Qt::AlignCenter);
   column->addWidget(title_);
   text_->setObjectName(QStringLiteral("exportText"));
-  text_->setAlignment(Qt::AlignCenter);
-  text_->setWordWrap(true);
-  text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   column->addWidget(text_);
   buttons_->setSpacing(grid::unit);
   column->addLayout(buttons_);
@@ -102,23 +98,23 @@ void ExportProgressView::showState() {
   switch (status.state) {
   case State::preparing:
     title_->setText(tr("Preparing Export..."));
-    text_->setText(tr("Preparing font data for ") +
-                   QString::fromStdString(manager_.currentProject().name));
+    text_->setMessage(tr("Preparing font data for ") +
+                      QString::fromStdString(manager_.currentProject().name));
     break;
   case State::exporting:
     title_->setText(tr("Generating Font..."));
-    text_->setText(tr("Creating ") + outputFormat(status) + tr(" file..."));
+    text_->setMessage(tr("Creating ") + outputFormat(status) + tr(" file..."));
     break;
   case State::success:
     title_->setText(tr("Export Complete!"));
-    text_->setText(tr("Font successfully exported to:\n") + text);
+    text_->setMessage(tr("Font successfully exported to:\n") + text);
     addButton(tr("Show in Finder"), "showInFileManager", true,
               [this] { exportFlow_.revealExportedFont(); });
     addButton(tr("Done"), "done", false, [this] { exportFlow_.dismissProgress(); });
     break;
   case State::failed:
     title_->setText(tr("Export Failed"));
-    text_->setText(text);
+    text_->setMessage(text);
     addButton(tr("OK"), "ok", true, [this] { exportFlow_.dismissProgress(); });
     break;
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/export_flow.h"
+#include "project/project_watch.h"
 
 #include <QDialog>
 #include <functional>
@@ -9,6 +10,7 @@ class QBoxLayout;
 
 namespace quillery {
 
+class MessageText;
 class TextLabel;
 
 /// The sheet that shows how an export goes and ends. Can't be closed while one runs.
@@ -31,10 +33,9 @@ private:
   ExportFlow& exportFlow_;
   QWidget* picture_;
   TextLabel* title_;
-  TextLabel* text_;
+  MessageText* text_;
   QBoxLayout* buttons_;
-  ExportStatus shown_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -5,8 +5,6 @@
 #include "export/export_fixes.h"
 
 #include <QBoxLayout>
-#include <QCoreApplication>
-#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -20,17 +18,14 @@ using What = ProjectChange::What;
 constexpr int kPadding = 10;
 constexpr int kSymbolSize = 14;
 
-const QEvent::Type kRefresh = static_cast<QEvent::Type>(QEvent::registerEventType());
-
 } // namespace
 
 ExportWarningsView::ExportWarningsView(ProjectManager& manager, QWidget* parent)
     : QFrame(parent), manager_(manager), rows_(new QVBoxLayout(this)),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        if (change.what == What::project || change.what == What::glyphList ||
-            change.what == What::everything)
-          refresh();
-      })) {
+      watch_(manager, {{What::glyphs, What::glyphList}}, [this](const ProjectChanges& changes) {
+        // Of the characters that a glyph can be given, a serious finding asks for the space alone.
+        if (changes.has(What::glyphList) || hasSpace() == lacks(FixAction::addSpace)) refresh();
+      }) {
   setObjectName(QStringLiteral("exportWarnings"));
   setAccessibleName(tr("Export warnings"));
   rows_->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
@@ -38,35 +33,44 @@ ExportWarningsView::ExportWarningsView(ProjectManager& manager, QWidget* parent)
   refresh();
 }
 
-void ExportWarningsView::refresh() {
-  // A fix runs from a button of this view, which must not go while it is being clicked.
-  if (isVisible())
-    QCoreApplication::postEvent(this, new QEvent(kRefresh));
-  else {
-    QEvent now(kRefresh);
-    event(&now);
-  }
+bool ExportWarningsView::hasSpace() const {
+  return manager_.glyphForCharacter(" ") != nullptr;
 }
 
-bool ExportWarningsView::event(QEvent* event) {
-  if (event->type() != kRefresh) return QFrame::event(event);
+bool ExportWarningsView::lacks(FixAction what) const {
+  return std::any_of(shown_.begin(), shown_.end(),
+                     [what](const ExportWarning& warning) { return warning.fixAction == what; });
+}
+
+void ExportWarningsView::refresh() {
   std::vector<ExportWarning> serious = validateForExport(manager_.currentProject());
   std::erase_if(serious, [](const ExportWarning& w) { return w.severity == Severity::info; });
-  std::vector<std::string> titles;
-  for (const ExportWarning& warning : serious) titles.push_back(warning.title);
-  setVisible(!serious.empty() && !manager_.currentProject().glyphs.empty());
-  if (titles == shown_) return true;
-  shown_ = std::move(titles);
+  setVisible(!serious.empty());
+  const auto isSame = [](const ExportWarning& a, const ExportWarning& b) {
+    return a.title == b.title;
+  };
+  if (std::equal(serious.begin(), serious.end(), shown_.begin(), shown_.end(), isSame)) return;
+  shown_ = std::move(serious);
   while (QLayoutItem* item = rows_->takeAt(0)) {
-    delete item->widget();
+    // It may hold the button that is being clicked.
+    item->widget()->hide();
+    item->widget()->deleteLater();
     delete item;
   }
-  for (const ExportWarning& warning : serious) {
+  for (const ExportWarning& warning : shown_) {
     QWidget* added = row(warning);
     rows_->addWidget(added);
     added->show();
   }
-  return true;
+}
+
+void ExportWarningsView::fix(FixAction action) {
+  watch_.catchUp();
+  if (!lacks(action)) return; // the project was fixed otherwise
+  if (action == FixAction::addSpace)
+    addSpaceGlyph(manager_);
+  else
+    addNotdefGlyph(manager_);
 }
 
 QWidget* ExportWarningsView::row(const ExportWarning& warning) {
@@ -88,22 +92,18 @@ QWidget* ExportWarningsView::row(const ExportWarning& warning) {
   title->setWordWrap(true);
   texts->addWidget(title);
   if (warning.fixAction) {
-    const bool space = *warning.fixAction == FixAction::addSpace;
-    auto* fix =
+    const FixAction action = *warning.fixAction;
+    const bool space = action == FixAction::addSpace;
+    auto* link =
         new QPushButton(space ? tr("Add Space Character") : tr("Add .notdef Glyph"), widget);
-    fix->setObjectName(space ? QStringLiteral("addSpace") : QStringLiteral("addNotdef"));
-    setButtonKind(*fix, ButtonKind::link);
-    fix->setCursor(Qt::PointingHandCursor);
-    fix->setFont(Theme::current().font(TextStyle::caption2));
-    connect(fix, &QPushButton::clicked, this, [this, space] {
-      if (space)
-        addSpaceGlyph(manager_);
-      else
-        addNotdefGlyph(manager_);
-    });
+    link->setObjectName(space ? QStringLiteral("addSpace") : QStringLiteral("addNotdef"));
+    setButtonKind(*link, ButtonKind::link);
+    link->setCursor(Qt::PointingHandCursor);
+    link->setFont(Theme::current().font(TextStyle::caption2));
+    connect(link, &QPushButton::clicked, this, [this, action] { fix(action); });
     auto* indented = new QHBoxLayout; // so that the words stand under the title
     indented->addSpacing(-grid::half);
-    indented->addWidget(fix);
+    indented->addWidget(link);
     indented->addStretch(1);
     texts->addLayout(indented);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/export_validation.h"
+#include "project/project_watch.h"
 
 #include <QFrame>
 
@@ -15,17 +16,20 @@ public:
   ExportWarningsView(ProjectManager& manager, QWidget* parent);
 
 protected:
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
 private:
+  bool hasSpace() const;
+  /// What is shown asks for this fix.
+  bool lacks(FixAction what) const;
   void refresh();
+  void fix(FixAction action);
   QWidget* row(const ExportWarning& warning);
 
   ProjectManager& manager_;
   QVBoxLayout* rows_;
-  std::vector<std::string> shown_; // titles
-  Connection connection_;
+  std::vector<ExportWarning> shown_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -113,13 +113,7 @@ QLayout* AddKerningPairSheet::makeButtons() {
 
 void AddKerningPairSheet::namesChanged() {
   preview_->update();
-  const bool complete = !left_->selection().empty() && !right_->selection().empty();
-  add_->setEnabled(complete);
-  // On to what is missing.
-  if (complete)
-    add_->setFocus();
-  else
-    (left_->selection().empty() ? left_ : right_)->setFocus();
+  add_->setEnabled(!left_->selection().empty() && !right_->selection().empty());
 }
 
 void AddKerningPairSheet::addPair() {

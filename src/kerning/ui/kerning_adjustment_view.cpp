@@ -48,7 +48,10 @@ KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* p
       reset_(new QPushButton(icon(Symbol::reset), tr("Reset"), this)),
       canvas_(new KerningCanvas(manager, this)), readout_(new ValueReadout(tr("Kerning value"))),
       slider_(new ValueSlider(kLeastKerning, kGreatestKerning, 1, this)),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+      watch_(manager,
+             {.kinds = {What::kerningList, What::kerningPair},
+              .pair = [this](const Uuid& pair) { return pair == pair_; }},
+             [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("kerningAdjustment"));
   auto* page = new QWidget(this);
   auto* column = new QVBoxLayout(page);
@@ -138,20 +141,6 @@ void KerningAdjustmentView::setPair(const Uuid& pair) {
 void KerningAdjustmentView::enterText(const QString& text) {
   const auto value = parseDecimal(text.trimmed().toStdString());
   if (value) enterKerningValue(manager_, pair_, *value);
-}
-
-void KerningAdjustmentView::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::kerningList:
-  case What::everything:
-    return refresh();
-  case What::kerningPair:
-    if (change.ids.front() == pair_) refresh();
-    return;
-  default:
-    return;
-  }
 }
 
 void KerningAdjustmentView::refresh() {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "base/signal.h"
 #include "kerning/kerning_edit.h"
+#include "project/project_watch.h"
 
 #include <QStackedWidget>
 
@@ -26,7 +26,6 @@ public:
 private:
   QWidget* makeHeader();
   QWidget* makeControls();
-  void projectChanged(const ProjectChange& change);
   void refresh();
   void enterText(const QString& text);
 
@@ -38,7 +37,7 @@ private:
   KerningCanvas* canvas_;
   ValueReadout* readout_;
   ValueSlider* slider_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

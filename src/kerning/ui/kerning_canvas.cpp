@@ -23,15 +23,17 @@ constexpr double kLargeStep = 10;
 } // namespace
 
 KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
-    : MouseTrackingView(parent), manager_(manager), drag_(manager),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+    : MouseTrackingView(parent, Qt::LeftButton), manager_(manager), drag_(manager),
+      watch_(manager,
+             {{What::glyphList, What::glyphs, What::kerningList, What::kerningPair},
+              [this](const Uuid& glyph) { return isVisible() && shows(glyph); },
+              [this](const Uuid& pair) { return pair == pair_; }},
+             [this](const ProjectChanges&) { update(); }) {
   setObjectName(QStringLiteral("kerningCanvas"));
   setAccessibleName(tr("Kerning canvas"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
-  onMouseDown = [this](Point p, MouseButton button) {
-    if (button == MouseButton::left) drag_.press(pair_, p);
-  };
+  onMouseDown = [this](Point p, MouseButton) { drag_.press(pair_, p); };
   onMouseDragged = [this](Point p) { drag_.drag(p, canvasSize(*this)); };
   onMouseUp = [this] { drag_.release(); };
   onMouseCancelled = [this] { drag_.cancel(); };
@@ -58,28 +60,9 @@ KerningScene KerningCanvas::scene() const {
           pair->value};
 }
 
-bool KerningCanvas::showsChangeOf(const ProjectChange& change) const {
+bool KerningCanvas::shows(const Uuid& glyph) const {
   const KerningScene shown = scene();
-  return (shown.left && change.concernsGlyph(shown.left->id())) ||
-         (shown.right && change.concernsGlyph(shown.right->id()));
-}
-
-void KerningCanvas::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::glyphList:
-  case What::kerningList:
-  case What::everything:
-    return update();
-  case What::kerningPair:
-    if (change.ids.front() == pair_) update();
-    return;
-  case What::glyphs:
-    if (isVisible() && showsChangeOf(change)) update();
-    return;
-  default:
-    return;
-  }
+  return (shown.left && shown.left->id() == glyph) || (shown.right && shown.right->id() == glyph);
 }
 
 void KerningCanvas::paintEvent(QPaintEvent*) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "base/signal.h"
 #include "desktop/mouse_tracking_view.h"
 #include "kerning/kerning_drag.h"
+#include "project/project_watch.h"
 
 namespace quillery {
 
@@ -27,14 +27,13 @@ protected:
   void focusOutEvent(QFocusEvent* event) override;
 
 private:
-  void projectChanged(const ProjectChange& change);
-  bool showsChangeOf(const ProjectChange& change) const;
+  bool shows(const Uuid& glyph) const;
   KerningScene scene() const;
 
   ProjectManager& manager_;
   Uuid pair_;
   KerningDrag drag_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -72,7 +72,8 @@ KerningEditorView::KerningEditorView(ProjectManager& manager, QWidget* parent)
       delete_(new QPushButton(this)), search_(new QLineEdit(this)), list_(new PairListView(this)),
       listPages_(new QStackedWidget(this)), detailPages_(new QStackedWidget(this)),
       adjustment_(new KerningAdjustmentView(manager, this)),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+      watch_(manager, {{What::glyphList, What::kerningList, What::kerningPair, What::selectedPair}},
+             [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("kerningEditor"));
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -171,28 +172,16 @@ QWidget* KerningEditorView::makeDetail() {
   return detailPages_;
 }
 
-void KerningEditorView::projectChanged(const ProjectChange& change) {
-  switch (change.what) {
-  case What::project:
-  case What::everything:
-    showPairs();
-    return showGlyphCount();
-  case What::glyphList:
-    return showGlyphCount();
-  case What::kerningList:
-    return showPairs();
-  case What::kerningPair:
-    if (const KerningPair* pair = manager_.kerningPairWithId(change.ids.front()))
-      model_->followValue(*pair);
-    return;
-  case What::selectedPair:
-    return showSelection();
-  default:
-    return;
-  }
+void KerningEditorView::refresh(const ProjectChanges& changes) {
+  if (changes.has(What::glyphList)) showGlyphCount();
+  if (changes.has(What::kerningList)) return showPairs();
+  for (const Uuid& id : changes.pairs())
+    if (const KerningPair* pair = manager_.kerningPairWithId(id)) model_->followValue(*pair);
+  if (changes.has(What::selectedPair)) showSelection();
 }
 
 void KerningEditorView::showFilter(const QString& text) {
+  watch_.catchUp();
   const QScopedValueRollback following(following_, true);
   model_->setFilter(text);
   showSelection();
@@ -235,6 +224,7 @@ void KerningEditorView::selectShown() {
 }
 
 void KerningEditorView::deleteSelected() {
+  watch_.catchUp();
   const auto selected = manager_.selectedKerningPairId();
   if (selected && model_->list().contains(*selected)) deleteKerningPair(manager_, *selected);
 }
@@ -244,6 +234,7 @@ void KerningEditorView::showAddPairSheet() {
       manager_,
       [this](const Uuid& pair) {
         // It is looked for next, so a search that hides it is over.
+        watch_.catchUp();
         if (!model_->indexOf(pair).isValid()) search_->clear();
         manager_.selectKerningPair(pair);
       },

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "base/signal.h"
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <QWidget>
 
@@ -30,7 +29,7 @@ private:
   QWidget* makeButtons();
   QWidget* makeList();
   QWidget* makeDetail();
-  void projectChanged(const ProjectChange& change);
+  void refresh(const ProjectChanges& changes);
   void showFilter(const QString& text);
   void showPairs();
   void showGlyphCount();
@@ -49,7 +48,7 @@ private:
   QStackedWidget* detailPages_;
   KerningAdjustmentView* adjustment_;
   bool following_ = false; // the list takes over what the project says
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

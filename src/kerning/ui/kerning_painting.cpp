@@ -54,7 +54,7 @@ constexpr std::array<CanvasLayer<PlacedScene>, 5> kLayers = {{
      }},
     {"kerning",
      [](QPainter& painter, const PlacedScene& scene) {
-       if (scene.kerning == 0 || !scene.left || !scene.right) return;
+       if (scene.kerning == 0) return;
        for (const auto& line : scene.mapping.marker())
          paintLine(painter, line, 2, themeColor(Role::accent));
      }},

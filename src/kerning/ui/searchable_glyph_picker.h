@@ -26,8 +26,7 @@ public:
   const std::string& selection() const { return selection_; }
 
 Q_SIGNALS:
-  /// A name was chosen. Where the focus goes is for whoever shows the picker to say; it gives it
-  /// up.
+  /// A name was chosen, and the focus given up.
   void chosen();
 
 protected:

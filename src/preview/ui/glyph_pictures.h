@@ -19,6 +19,9 @@ public:
   void paint(QPainter& painter, std::span<const PreviewScene::PlacedGlyph> glyphs, double scale,
              const QColor& color);
 
+  /// Lets go of all pictures.
+  void clear() { pictures_.clear(); }
+
 private:
   struct Key {
     Outline::Identity outline;

@@ -25,12 +25,9 @@ constexpr double kFirstSize = 48;
 constexpr int kSliderWidth = 120;
 constexpr int kSizeLabelWidth = 40;
 constexpr int kEditorHeight = 84;
-constexpr int kLeastEditorHeight = 36; // a line
 constexpr QSize kEditorInsets(8, 8);
-constexpr int kCharactersHeight = 200; // at most
-// What the preview keeps before the characters go, and before the editor gets lower.
-constexpr int kPreviewBesideCharacters = 112;
-constexpr int kLeastPreviewHeight = 96;
+constexpr int kCharactersHeight = 200;  // at most
+constexpr int kLeastPreviewHeight = 40; // what it keeps before the characters go
 
 QString withoutMnemonic(QString title) {
   return title.replace(QLatin1Char('&'), QStringLiteral("&&"));
@@ -45,9 +42,8 @@ PreviewPanel::PreviewPanel(ProjectManager& manager, QWidget* parent)
       header_(makeHeader()), editor_(new MacTextEditor(this)),
       preview_(new VectorPreviewView(manager, this)),
       characters_(new AvailableCharactersView(manager, this)), charactersSection_(makeCharacters()),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        if (change.what == ProjectChange::What::selectedTab) followTab();
-      })) {
+      watch_(manager, {{ProjectChange::What::selectedTab}},
+             [this](const ProjectChanges&) { followTab(); }) {
   setObjectName(QStringLiteral("previewPanel"));
   setAccessibleName(tr("Font Preview"));
   setAutoFillBackground(true);
@@ -55,6 +51,7 @@ PreviewPanel::PreviewPanel(ProjectManager& manager, QWidget* parent)
   editor_->setObjectName(QStringLiteral("previewText"));
   editor_->setAccessibleName(tr("Preview text"));
   editor_->setInsets(kEditorInsets);
+  editor_->setFixedHeight(kEditorHeight);
   const auto setFont = [this] { editor_->setTextFont(Theme::current().font(TextStyle::body)); };
   setFont();
   connect(&Theme::current(), &Theme::changed, this, setFont);
@@ -70,7 +67,7 @@ PreviewPanel::PreviewPanel(ProjectManager& manager, QWidget* parent)
   paper->setBackgroundRole(QPalette::Button);
   paper->setAutoFillBackground(true);
   auto* const inset = new QVBoxLayout(paper);
-  inset->setContentsMargins(grid::unit, 0, 0, 0);
+  inset->setContentsMargins(0, 0, 0, 0);
   inset->addWidget(editor_);
 
   auto* const column = new QVBoxLayout(this);
@@ -92,7 +89,7 @@ PreviewPanel::PreviewPanel(ProjectManager& manager, QWidget* parent)
 QWidget* PreviewPanel::makeHeader() {
   auto* const header = new QWidget(this);
   auto* const row = new QHBoxLayout(header);
-  row->setContentsMargins(grid::margin, grid::half, grid::margin, grid::half);
+  row->setContentsMargins(grid::unit, 0, grid::unit, 0);
   row->setSpacing(grid::unit);
   row->addWidget(new TextLabel(tr("Font Preview"), TextStyle::headline, Role::text, header));
   row->addStretch(1);
@@ -142,8 +139,8 @@ QWidget* PreviewPanel::makeCharacters() {
   column->setSpacing(0);
   column->addWidget(makeSeparator(Qt::Horizontal, section));
   auto* const inset = new QVBoxLayout;
-  inset->setContentsMargins(grid::margin, grid::unit, grid::unit, grid::unit);
-  inset->setSpacing(grid::half);
+  inset->setContentsMargins(grid::unit, grid::half, grid::unit, grid::half);
+  inset->setSpacing(0);
   inset->addWidget(
       new TextLabel(tr("Available Characters"), TextStyle::caption, Role::textSecondary, section));
   inset->addWidget(characters_, 1);
@@ -186,23 +183,19 @@ void PreviewPanel::selectPair(const std::string& leftGlyph, const std::string& r
 
 QSize PreviewPanel::minimumSizeHint() const {
   const QSize header = header_->minimumSizeHint();
-  return {header.width(),
-          header.height() + 2 + kLeastEditorHeight + preview_->minimumSizeHint().height()};
+  return {header.width(), header.height() + 2 + kEditorHeight};
 }
 
 void PreviewPanel::divideHeight() {
-  const int rest = height() - header_->sizeHint().height() - 2; // and two lines
-  const int editor = std::clamp(rest - kLeastPreviewHeight, kLeastEditorHeight, kEditorHeight);
-  editor_->setFixedHeight(editor);
-
+  const int rest = height() - header_->sizeHint().height() - 2 - kEditorHeight; // and two lines
+  const int room = std::min(kCharactersHeight, rest - kLeastPreviewHeight);
   const int least = charactersSection_->layout()->minimumSize().height(); // with a row of them
-  const int room = rest - editor - kPreviewBesideCharacters;
   charactersSection_->setVisible(room >= least);
   const int row = characters_->minimumSizeHint().height();
   const int frame = least - row;
-  const int wanted = characters_->heightFor(width() - grid::margin - grid::unit);
-  const int whole = (std::min(kCharactersHeight, room) - frame) / row * row;
-  charactersSection_->setFixedHeight(frame + std::max(row, std::min(wanted, whole)));
+  const int lines = std::max(row, (room - frame) / row * row);
+  charactersSection_->setFixedHeight(
+      frame + std::max(row, characters_->heightFor(width() - 2 * grid::unit, lines)));
 }
 
 void PreviewPanel::resizeEvent(QResizeEvent* event) {

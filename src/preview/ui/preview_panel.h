@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <QWidget>
 #include <string>
@@ -16,7 +16,7 @@ class ValueSlider;
 class VectorPreviewView;
 
 /// A sample text to type or pick, set from the glyphs of the open project, and the characters that
-/// the project has. Where it is low, the characters give way first, then lines of the editor.
+/// the project has, which give way where it is low.
 class PreviewPanel : public QWidget {
   Q_OBJECT
 public:
@@ -47,7 +47,7 @@ private:
   VectorPreviewView* preview_;
   AvailableCharactersView* characters_;
   QWidget* charactersSection_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -3,7 +3,6 @@
 #include "desktop/painting.h"
 #include "desktop/theme.h"
 
-#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -14,6 +13,8 @@
 
 namespace quillery {
 namespace {
+
+using What = ProjectChange::What;
 
 constexpr double kHighlightFill = 0.2;
 constexpr double kHighlightStroke = 0.6;
@@ -30,7 +31,10 @@ int scrollExtent(double length) {
 
 VectorPreviewView::VectorPreviewView(ProjectManager& manager, QWidget* parent)
     : QAbstractScrollArea(parent), scene_(manager),
-      connection_(manager.changed.connect([this](const ProjectChange& c) { projectChanged(c); })) {
+      watch_(
+          manager,
+          {{What::fontInfo, What::glyphList, What::glyphs, What::kerningList, What::kerningPair}},
+          [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("vectorPreview"));
   setAccessibleName(tr("Preview"));
   setAccessibleDescription(tr("The sample text, set in the glyphs of the font"));
@@ -42,16 +46,16 @@ VectorPreviewView::VectorPreviewView(ProjectManager& manager, QWidget* parent)
 }
 
 void VectorPreviewView::setText(std::string text) {
-  if (scene_.setText(std::move(text))) layoutIsStale();
+  if (scene().setText(std::move(text))) layOut();
 }
 
 void VectorPreviewView::setFontSize(double points) {
-  if (scene_.setFontSize(points)) layoutIsStale();
+  if (scene().setFontSize(points)) layOut();
 }
 
 void VectorPreviewView::setMode(PreviewMode mode) {
-  repaint(scene_.hoveredBounds());
-  if (!scene_.setMode(mode)) return;
+  repaint(scene().hoveredBounds());
+  if (!scene().setMode(mode)) return;
   pressed_.reset();
   viewport()->unsetCursor();
   setAccessibleDescription(
@@ -63,25 +67,30 @@ void VectorPreviewView::setMode(PreviewMode mode) {
   if (pointer_ && isVisible()) pointTo(pointer_);
 }
 
-void VectorPreviewView::projectChanged(const ProjectChange& change) {
-  switch (scene_.projectChanged(change)) {
+PreviewScene& VectorPreviewView::scene() {
+  watch_.catchUp();
+  return scene_;
+}
+
+void VectorPreviewView::refresh(const ProjectChanges& changes) {
+  if (changes.anotherProject()) pictures_.clear();
+  switch (scene_.projectChanged(changes)) {
   case PreviewScene::Effect::nothing:
     return;
   case PreviewScene::Effect::picture:
     return viewport()->update();
   case PreviewScene::Effect::layout:
-    return layoutIsStale();
+    return layOut();
   }
 }
 
-void VectorPreviewView::layoutIsStale() {
+void VectorPreviewView::layOut() {
   viewport()->update();
-  // Qt merges these, so that many changes in one turn of the event loop cost one layout.
-  if (isVisible()) QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
+  if (isVisible()) updateScrollBars(); // or once it is
 }
 
 void VectorPreviewView::updateScrollBars() {
-  const Size content = scene_.layout().contentSize;
+  const Size content = scene().layout().contentSize;
   const auto set = [&](QScrollBar* bar, double length, int shown) {
     bar->setRange(0, std::max(0, scrollExtent(length) - shown));
     bar->setPageStep(shown);
@@ -98,11 +107,6 @@ QSize VectorPreviewView::minimumSizeHint() const {
 QRectF VectorPreviewView::viewportRect(const Rect& rect) const {
   return {rect.x - horizontalScrollBar()->value(), rect.y - verticalScrollBar()->value(),
           rect.width, rect.height};
-}
-
-bool VectorPreviewView::event(QEvent* event) {
-  if (event->type() == QEvent::LayoutRequest) updateScrollBars();
-  return QAbstractScrollArea::event(event);
 }
 
 bool VectorPreviewView::viewportEvent(QEvent* event) {
@@ -136,24 +140,24 @@ void VectorPreviewView::paintEvent(QPaintEvent* event) {
   painter.translate(-scrolled);
   // One pixel more on each side, for what smoothing spreads.
   const QRectF area = QRectF(clip.translated(scrolled)).adjusted(-1, -1, 1, 1);
-  const auto glyphs = scene_.glyphsIn({area.x(), area.y(), area.width(), area.height()});
-  pictures_.paint(painter, glyphs, scene_.layout().scale, themeColor(Role::text));
+  const auto glyphs = scene().glyphsIn({area.x(), area.y(), area.width(), area.height()});
+  pictures_.paint(painter, glyphs, scene().layout().scale, themeColor(Role::text));
   painter.resetTransform();
   paintHighlight(painter);
   if (hasFocus() && focusByKey_) painting::focusRing(painter, viewport()->rect(), 0);
 }
 
 void VectorPreviewView::paintHighlight(QPainter& painter) {
-  const auto bounds = scene_.hoveredBounds();
+  const auto bounds = scene().hoveredBounds();
   if (!bounds) return;
   // An edge beyond the viewport may lie anywhere there.
   constexpr double kBeyond = 64;
   const QRectF limits = QRectF(viewport()->rect()).adjusted(-kBeyond, -kBeyond, kBeyond, kBeyond);
   const QRectF frame = viewportRect(*bounds).intersected(limits);
   if (frame.isEmpty()) return;
-  const Role role = scene_.mode() == PreviewMode::glyphs ? Role::orange
-                    : scene_.hoveredPairExists()         ? Role::green
-                                                         : Role::blue;
+  const Role role = scene().mode() == PreviewMode::glyphs ? Role::orange
+                    : scene().hoveredPairExists()         ? Role::green
+                                                          : Role::blue;
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(themeColor(role, kHighlightStroke), kHighlightLine));
   painter.setBrush(themeColor(role, kHighlightFill));
@@ -170,21 +174,21 @@ void VectorPreviewView::repaint(const std::optional<Rect>& highlight) {
 }
 
 template <typename Act> void VectorPreviewView::rehover(Act act) {
-  const auto before = scene_.hoveredBounds();
+  const auto before = scene().hoveredBounds();
   if (!act()) return;
   repaint(before);
-  repaint(scene_.hoveredBounds());
+  repaint(scene().hoveredBounds());
 }
 
 void VectorPreviewView::pointTo(std::optional<QPoint> position) {
   pointer_ = position;
-  if (scene_.mode() == PreviewMode::none) return;
+  if (scene().mode() == PreviewMode::none) return;
   rehover([&] {
-    if (!position) return scene_.leave();
-    return scene_.hover({static_cast<double>(position->x() + horizontalScrollBar()->value()),
-                         static_cast<double>(position->y() + verticalScrollBar()->value())});
+    if (!position) return scene().leave();
+    return scene().hover({static_cast<double>(position->x() + horizontalScrollBar()->value()),
+                          static_cast<double>(position->y() + verticalScrollBar()->value())});
   });
-  if (position && scene_.hovered())
+  if (position && scene().hovered())
     viewport()->setCursor(Qt::PointingHandCursor);
   else
     viewport()->unsetCursor();
@@ -197,28 +201,28 @@ void VectorPreviewView::mouseMoveEvent(QMouseEvent* event) {
 void VectorPreviewView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mousePressEvent(event);
   pointTo(event->position().toPoint());
-  pressed_ = scene_.hovered();
+  pressed_ = scene().hovered();
 }
 
 void VectorPreviewView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return QAbstractScrollArea::mouseReleaseEvent(event);
   pointTo(event->position().toPoint());
-  if (const auto pressed = std::exchange(pressed_, {}); pressed && pressed == scene_.hovered())
+  if (const auto pressed = std::exchange(pressed_, {}); pressed && pressed == scene().hovered())
     pick();
   if (!viewport()->rect().contains(event->position().toPoint())) pointTo(std::nullopt);
 }
 
 void VectorPreviewView::pick() {
   // Copies: what is called may change the project, and with it what is hovered.
-  if (const CharacterPairInfo* pair = scene_.hoveredPair()) {
+  if (const CharacterPairInfo* pair = scene().hoveredPair()) {
     const std::string left = pair->leftGlyph;
     const std::string right = pair->rightGlyph;
     if (onPairClicked) onPairClicked(left, right);
-  } else if (const CharacterInfo* glyph = scene_.hoveredGlyph()) {
+  } else if (const CharacterInfo* glyph = scene().hoveredGlyph()) {
     const std::string name = glyph->glyphName;
     if (onGlyphClicked) onGlyphClicked(name);
   }
-  repaint(scene_.hoveredBounds()); // the pair exists now
+  repaint(scene().hoveredBounds()); // the pair exists now
 }
 
 void VectorPreviewView::scrollTo(const Rect& rect) {
@@ -237,13 +241,13 @@ void VectorPreviewView::scrollTo(const Rect& rect) {
 void VectorPreviewView::keyPressEvent(QKeyEvent* event) {
   const bool plain =
       !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-  if (scene_.mode() != PreviewMode::none && plain) {
+  if (scene().mode() != PreviewMode::none && plain) {
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Right:
       pointer_.reset(); // scrolling must not hand the highlight back to a resting pointer
-      rehover([&] { return scene_.hoverNext(event->key() == Qt::Key_Left ? -1 : 1); });
-      if (const auto bounds = scene_.hoveredBounds()) scrollTo(*bounds);
+      rehover([&] { return scene().hoverNext(event->key() == Qt::Key_Left ? -1 : 1); });
+      if (const auto bounds = scene().hoveredBounds()) scrollTo(*bounds);
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -264,7 +268,7 @@ void VectorPreviewView::focusInEvent(QFocusEvent* event) {
 
 void VectorPreviewView::focusOutEvent(QFocusEvent* event) {
   QAbstractScrollArea::focusOutEvent(event);
-  if (!pointer_) rehover([&] { return scene_.leave(); });
+  if (!pointer_) rehover([&] { return scene().leave(); });
   if (std::exchange(focusByKey_, false)) viewport()->update();
 }
 

@@ -26,14 +26,14 @@ public:
   void setFontSize(double points);
   void setMode(PreviewMode mode);
 
-  PreviewScene& scene() { return scene_; }
+  /// In step with the project.
+  PreviewScene& scene();
   /// A rectangle of the drawing surface in viewport coordinates.
   QRectF viewportRect(const Rect& rect) const;
 
   QSize minimumSizeHint() const override;
 
 protected:
-  bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -48,8 +48,8 @@ protected:
   void focusOutEvent(QFocusEvent* event) override;
 
 private:
-  void projectChanged(const ProjectChange& change);
-  void layoutIsStale();
+  void refresh(const ProjectChanges& changes);
+  void layOut();
   void updateScrollBars();
   void paintHighlight(QPainter& painter);
   void pointTo(std::optional<QPoint> viewportPosition);
@@ -59,12 +59,12 @@ private:
   void pick();
   void scrollTo(const Rect& rect);
 
-  PreviewScene scene_;
+  PreviewScene scene_; // read through scene()
   GlyphPictures pictures_;
   std::optional<QPoint> pointer_; // in the viewport, while it is there
   std::optional<std::size_t> pressed_;
   bool focusByKey_ = false;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -19,10 +19,8 @@ constexpr int kBarSteps = 1000;
 ImportProgressView::ImportProgressView(ProjectManager& manager, QWidget* parent)
     : QDialog(parent, Qt::Sheet), manager_(manager),
       title_(new TextLabel({}, TextStyle::headline, Role::text, this)),
-      bar_(new QProgressBar(this)),
-      connection_(manager.changed.connect([this](const ProjectChange& change) {
-        if (change.what == ProjectChange::What::imports) refresh();
-      })) {
+      bar_(new QProgressBar(this)), watch_(manager, {{ProjectChange::What::imports}},
+                                           [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("importProgress"));
   setWindowModality(Qt::WindowModal);
   setWindowTitle(tr("Import"));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/project_manager.h"
+#include "project/project_watch.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -27,7 +27,7 @@ private:
   TextLabel* title_;
   QProgressBar* bar_;
   QTimer patience_;
-  Connection connection_;
+  ProjectWatch watch_;
 };
 
 } // namespace quillery

@@ -1,15 +1,9 @@
-#include "app/ui/glyph_grid_view.h"
-#include "app/ui/main_window.h"
 #include "app/ui/resizable_split_view.h"
 #include "desktop/segmented_control.h"
-#include "gui/desktop/gui_test.h"
+#include "gui/app/program.h"
 #include "kerning/kerning_pairs.h"
-#include "support/scripted_desktop.h"
-#include "support/temporary_folder.h"
-#include "svg/svg_import.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,55 +14,14 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
+#include <QTextEdit>
 #include <QToolButton>
 #include <QUrl>
 
 using namespace quillery;
 using namespace quillery::test;
-
-namespace {
-
-// A window on a scripted desktop.
-struct Program {
-  explicit Program(std::initializer_list<const char*> drawings = {}) {
-    std::vector<std::filesystem::path> files;
-    for (const char* name : drawings)
-      files.push_back(
-          folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L60 0 L60 70 Z\"/>"));
-    if (!files.empty()) importSVGFiles(manager, files);
-    manager.clearSelection();
-    window.show();
-    window.activateWindow();
-    (void)QTest::qWaitForWindowActive(&window);
-  }
-
-  QAction* action(const char* name) { return window.findChild<QAction*>(QLatin1String(name)); }
-  GlyphCardArea& cards() { return window.grid().cards(); }
-  void click(std::size_t card, Qt::KeyboardModifiers modifiers = {}) {
-    cards().updateCards();
-    QTest::mousePress(cards().viewport(), Qt::LeftButton, modifiers,
-                      cards().cardRect(card).center());
-  }
-  // Names of the selected glyphs in display order.
-  QString selected() {
-    QString names;
-    cards().updateCards();
-    for (std::size_t i = 0; i < cards().cardCount(); ++i)
-      if (cards().isSelected(i)) names += QString::fromStdString(cards().glyphOfCard(i)->name());
-    return names;
-  }
-
-  TemporaryFolder folder;
-  ScriptedDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
-  FontGenerator generator{desktop, {{}, {}, {}, {}}};
-  ExportFlow exportFlow{manager, generator};
-  MainWindow window{manager, recent, exportFlow};
-};
-
-} // namespace
 
 class MainWindowTest : public QObject {
   Q_OBJECT
@@ -157,8 +110,8 @@ private Q_SLOTS:
     program.cards().setFocus();
     QCOMPARE(program.manager.undoManager().undoActionName(), std::string("Change Ascender"));
     program.action("undo")->trigger();
-    QCOMPARE(field->text(), QStringLiteral("800"));
     QVERIFY(program.action("redo")->isEnabled());
+    QCOMPARE(field->text(), QStringLiteral("800"));
   }
 
   void theRecentMenuFollowsTheList() {
@@ -169,6 +122,7 @@ private Q_SLOTS:
     QVERIFY(!menu->actions().first()->isEnabled());
     const auto file = program.folder / "R&D, \"x\".fontproj";
     QVERIFY(program.manager.saveProjectTo(file).ok());
+    settle();
     QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - R&D, \"x\""));
     QCOMPARE(menu->actions().first()->text(), QStringLiteral("R&&D, \"x\""));
     program.action("newProject")->trigger();
@@ -180,11 +134,10 @@ private Q_SLOTS:
 
   void dropsOfDrawingsAreImportedAndOthersRefused() {
     Program program{"A"};
-    const auto drop = [&](const std::filesystem::path& file) {
+    const auto drop = [&](const std::filesystem::path& file, QWidget* target) {
       QMimeData data;
       data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
                     QUrl(QStringLiteral("https://example.org/B.svg"))});
-      QWidget* target = program.cards().viewport();
       QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
       QCoreApplication::sendEvent(target, &enter);
       if (!enter.isAccepted()) return false;
@@ -192,10 +145,14 @@ private Q_SLOTS:
       QCoreApplication::sendEvent(target, &event);
       return event.isAccepted();
     };
-    QVERIFY(!drop(program.folder.write("notes.txt", "x")));
-    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>")));
+    QWidget* cards = program.cards().viewport();
+    QVERIFY(!drop(program.folder.write("notes.txt", "x"), cards));
+    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>"), cards));
     program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
     QCOMPARE(program.selected(), QStringLiteral("C d"));
+    // The header above the cards takes them, too.
+    QVERIFY(drop(program.folder.write("E.svg", "<path d=\"M0 0 L9 9\"/>"),
+                 find<QToolButton>("sortMenu")));
   }
 
   void theProgressSheetFollowsTheExport() {
@@ -211,22 +168,40 @@ private Q_SLOTS:
     QVERIFY(sheet->isVisible());
     program.manager.setExportStatus(ExportStatus::exporting());
     QCOMPARE(title(), QStringLiteral("Generating Font..."));
-    program.manager.setExportStatus(ExportStatus::success("/tmp/a b.otf"));
+    const std::string folder(300, 'x');
+    program.manager.setExportStatus(ExportStatus::success("/tmp/" + folder + "/a b.otf"));
     QCOMPARE(title(), QStringLiteral("Export Complete!"));
+    QVERIFY(find<QTextEdit>("exportText")->document()->size().width() <= 360);
+    QCOMPARE(sheet->width(), 400);
     QVERIFY(find<QPushButton>("showInFileManager")->isDefault());
     QTest::mouseClick(find<QPushButton>("showInFileManager"), Qt::LeftButton);
     QVERIFY(sheet->isVisible());
     QTest::mouseClick(find<QPushButton>("done"), Qt::LeftButton);
-    QVERIFY(!sheet->isVisible());
-    program.manager.setExportStatus(ExportStatus::failed("Font generation failed: boom"));
+    QVERIFY(!find<QWidget>("exportProgress"));
+    std::string message = "Font generation failed: boom";
+    for (int line = 0; line < 300; ++line) message += "\nline " + std::to_string(line);
+    program.manager.setExportStatus(ExportStatus::failed(message));
     program.manager.setExporting(true);
-    QCOMPARE(find<QLabel>("exportText")->text(), QStringLiteral("Font generation failed: boom"));
+    auto* text = find<QTextEdit>("exportText");
+    QCOMPARE(text->toPlainText(), QString::fromStdString(message));
+    QVERIFY(text->verticalScrollBar()->maximum() > 0 && sheet->height() < 560);
+    QVERIFY(sheet->rect().contains(find<QPushButton>("ok")->geometry()));
     QTest::keyClick(find<QWidget>("exportProgress"), Qt::Key_Return);
     QVERIFY(!program.manager.isExporting());
   }
 
   void aFixInTheSidebarMakesItsWarningGo() {
-    Program program{"A"};
+    Program program;
+    QVERIFY(find<QPushButton>("addSpace") && find<QPushButton>("addNotdef"));
+    importSVGFiles(program.manager, {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")});
+    // A space that is typed is no longer missing, and a link of before adds no second one.
+    auto* stale = find<QPushButton>("addSpace");
+    const Uuid id = program.manager.currentProject().glyphs.front().id();
+    program.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode(Utf8(" ")); });
+    stale->click();
+    QVERIFY(!find<QPushButton>("addSpace"));
+    QCOMPARE(program.manager.currentProject().glyphs.size(), 1U);
+    program.manager.editGlyph(id, [](Glyph& glyph) { glyph.setUnicode(Utf8("A")); });
     QTest::mouseClick(find<QPushButton>("addSpace"), Qt::LeftButton);
     QTRY_VERIFY(!find<QPushButton>("addSpace"));
     QTest::mouseClick(find<QPushButton>("addNotdef"), Qt::LeftButton);
@@ -245,8 +220,8 @@ private Q_SLOTS:
     QCOMPARE(program.manager.selectedTab(), 1);
     QVERIFY(find<QWidget>("kerningEditor") && !find<QWidget>("glyphsPane"));
     importSVGFiles(program.manager, {program.folder.write("B.svg", "<path d=\"M0 0 L9 9\"/>")});
-    QCOMPARE(tabs->current(), 0);
     QVERIFY(find<QWidget>("glyphsPane"));
+    QCOMPARE(tabs->current(), 0);
 
     auto* split = program.window.findChild<ResizableSplitView*>();
     const double part = double(split->sizes().first()) / split->height();
@@ -267,13 +242,8 @@ private Q_SLOTS:
   void allViewsAgreeOnWhatIsSelected() {
     Program program{"A", "V"};
     const auto edited = [] {
-      QCoreApplication::sendPostedEvents();
       auto* canvas = find<QWidget>("glyphCanvas");
       return canvas ? canvas->accessibleName() : QString();
-    };
-    const auto settle = [&] {
-      QCoreApplication::sendPostedEvents();
-      program.desktop.runPosted();
     };
     // The text is set at 20, 20: its first letters are A and, without a glyph for B to U, V.
     QWidget* preview = find<QAbstractScrollArea>("vectorPreview")->viewport();
@@ -286,14 +256,15 @@ private Q_SLOTS:
     settle();
     QVERIFY(program.cards().cardRect(1).bottom() > program.cards().viewport()->height());
     program.manager.selectGlyph(program.cards().glyphOfCard(1)->id());
+    settle();
     QVERIFY(program.cards().cardRect(1).bottom() <= program.cards().viewport()->height());
     program.manager.selectGlyph(program.cards().glyphOfCard(0)->id());
     program.manager.deleteSelectedGlyphs();
-    QVERIFY((settle(), find<QWidget>("noGlyphSelected")));
+    QVERIFY(find<QWidget>("noGlyphSelected"));
     program.manager.undo();
-    QCOMPARE((settle(), edited()), QStringLiteral("Outline of A"));
+    QCOMPARE(edited(), QStringLiteral("Outline of A"));
     program.click(1, Qt::ControlModifier);
-    QVERIFY((settle(), find<QWidget>("overlayCanvas")));
+    QVERIFY(find<QWidget>("overlayCanvas"));
 
     program.manager.setSelectedTab(1);
     auto* text = find<QPlainTextEdit>("previewText");
@@ -318,7 +289,9 @@ private Q_SLOTS:
     QVERIFY(program.action("undo")->isEnabled());
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(program.manager.currentProject().ascender, 800.0);
+    settle();
     QCOMPARE(field->text(), QStringLiteral("800"));
+    settle();
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(program.manager.currentProject().ascender, 65.0);
     program.cards().setFocus();
@@ -381,8 +354,7 @@ private Q_SLOTS:
   void everyControlHasANameForTestsAndForScreenReaders() {
     Program program;
     const auto check = [&](const char* state) {
-      QCoreApplication::sendPostedEvents();
-      program.desktop.runPosted();
+      settle();
       for (QWidget* widget : program.window.findChildren<QWidget*>()) {
         if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
         const QString told =
@@ -404,7 +376,8 @@ private Q_SLOTS:
     check("two glyphs");
     program.manager.setSelectedTab(1);
     check("no pair");
-    program.manager.selectKerningPair(addKerningPair(program.manager, quillery::Utf8("A"), quillery::Utf8("V")));
+    program.manager.selectKerningPair(
+        addKerningPair(program.manager, quillery::Utf8("A"), quillery::Utf8("V")));
     check("a pair");
   }
 

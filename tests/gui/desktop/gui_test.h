@@ -18,8 +18,14 @@ inline void failOnWarnings() {
   QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
 }
 
-/// A widget by its object name, wherever it is.
+/// Ends a turn of the event loop: what has changed is shown.
+inline void settle() {
+  QCoreApplication::sendPostedEvents();
+}
+
+/// A widget by its object name, wherever it is, as soon as all is shown.
 template <typename Widget> Widget* find(const char* name) {
+  settle();
   const auto widgets = QApplication::allWidgets();
   for (QWidget* widget : widgets)
     if (widget->objectName() == QLatin1String(name) && widget->isVisible())

@@ -7,8 +7,8 @@
 #include "editor/ui/metrics_panel.h"
 #include "editor/ui/multi_glyph_overlay_canvas.h"
 #include "gui/desktop/gui_test.h"
+#include "gui/desktop/window_desktop.h"
 #include "support/projects.h"
-#include "support/scripted_desktop.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -47,15 +47,10 @@ struct Editor {
     for (const std::size_t glyph : glyphs) manager.toggleGlyphSelection(ids[glyph]);
     settle();
   }
-  void settle() {
-    QCoreApplication::processEvents();
-    desktop.runPosted();
-    QCoreApplication::processEvents();
-  }
   const Glyph& glyph(std::size_t i = 0) const { return manager.currentProject().glyphs[i]; }
   std::string undoName() const { return manager.undoManager().undoActionName(); }
 
-  ScriptedDesktop desktop;
+  WindowDesktop desktop;
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
   std::vector<Uuid> ids;
@@ -64,6 +59,7 @@ struct Editor {
 };
 
 QString readout(const char* metric) {
+  settle();
   return find<ValueReadout>((std::string(metric) + "Value").c_str())->text();
 }
 
@@ -91,22 +87,23 @@ private Q_SLOTS:
     Editor editor{"A", "B", "C"};
     QVERIFY(find<QWidget>("noGlyphSelected"));
     editor.manager.selectGlyph(editor.ids[0]);
-    QCoreApplication::processEvents();
-    QVERIFY(find<QWidget>("loadingEditor"));
-    editor.settle();
+    editor.area->focusEditor();
+    QVERIFY(editor.area->findChild<QWidget*>(u"loadingEditor"_s)->isVisible());
     QVERIFY(find<GlyphCanvas>("glyphCanvas"));
     QCOMPARE(find<QLabel>("glyphName")->text(), u"A"_s);
     editor.manager.selectGlyph(editor.ids[1]);
-    QCoreApplication::processEvents(); // no loading again
     QCOMPARE(find<QLabel>("glyphName")->text(), u"B"_s);
     editor.select({0, 2});
     QCOMPARE(find<QLabel>("selectionCount")->text(), u"2 selected"_s);
     QVERIFY(!find<GlyphCanvas>("glyphCanvas"));
+    // The selection keeps glyphs of another project, and two are selected still.
+    const FontProject project = editor.manager.currentProject();
+    editor.manager.editGlyphList([](auto& glyphs) { glyphs.pop_back(); });
+    QCOMPARE(find<QLabel>("selectionCount")->text(), u"1 selected"_s);
+    editor.manager.editGlyphList([&](auto& glyphs) { glyphs = project.glyphs; });
     editor.manager.deleteGlyph(editor.ids[0]);
-    editor.settle();
     QCOMPARE(find<QLabel>("glyphName")->text(), u"C"_s);
     editor.manager.newProject();
-    editor.settle();
     QVERIFY(find<QWidget>("noGlyphSelected"));
   }
 
@@ -138,6 +135,7 @@ private Q_SLOTS:
     QCOMPARE(readout("verticalOffset"), QString::number(editor.glyph().verticalOffset(), 'f', 0));
     QCOMPARE(editor.undoName(), std::string("Change Vertical Offset"));
     editor.manager.undo();
+    settle();
     QCOMPARE(slider->shownValue(), 0.0);
     QVERIFY(!editor.manager.canUndo());
     drag(slider, Qt::LeftButton, {{10, 0}, {30, 0}}, false);
@@ -174,6 +172,58 @@ private Q_SLOTS:
     }
   }
 
+  // What is shown is rounded: typing it is a change, only looking at the field is none.
+  void aTypedValueThatLooksLikeTheOldOneIsEntered() {
+    Editor editor{"A"};
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& g) { g.setLeftSideBearing(50.4); });
+    editor.select({0});
+    auto* value = find<ValueReadout>("leftSideBearingValue");
+    QTest::mouseDClick(value, Qt::LeftButton);
+    QTest::keyClicks(find<QLineEdit>("entry"), u"\r"_s);
+    QCOMPARE(editor.glyph().leftSideBearing(), 50.4);
+    QTest::mouseDClick(value, Qt::LeftButton);
+    QTest::keyClicks(find<QLineEdit>("entry"), u"50\r"_s);
+    QCOMPARE(editor.glyph().leftSideBearing(), 50.0);
+    // Every readout rounds as the fields of the sidebar do.
+    for (const auto& [exact, shown] : {std::pair(2.5, u"2"_s), {3.5, u"4"_s}, {-0.4, u"0"_s}}) {
+      editor.manager.editGlyph(editor.ids[0], [&](Glyph& g) { g.setVerticalOffset(exact); });
+      QCOMPARE(readout("verticalOffset"), shown);
+    }
+  }
+
+  void theWheelIsOneGestureUntilAPauseOrAnotherInput() {
+    Editor editor{"A"};
+    editor.select({0});
+    auto* slider = find<ValueSlider>("leftSideBearing");
+    slider->setFocus();
+    std::vector<GestureKind> kinds;
+    connect(slider, &ValueSlider::gestureBegan, this, [&](GestureKind k) { kinds.push_back(k); });
+    const auto turn = [&] {
+      const QPointF at = slider->rect().center();
+      QWheelEvent wheel(at, slider->mapToGlobal(at), {}, QPoint(0, 120), Qt::NoButton, {},
+                        Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(slider, &wheel);
+    };
+    const auto steps = [&] { return editor.manager.undoManager().undoCount(); };
+    for (int notch = 0; notch < 3; ++notch) turn();
+    QCOMPARE(editor.glyph().leftSideBearing(), 53.0);
+    QCOMPARE(steps(), 0U);
+    QTRY_COMPARE(steps(), 1U);
+    turn();
+    QTest::keyClick(slider, Qt::Key_Right);
+    QCOMPARE(steps(), 3U);
+    turn();
+    QTest::mouseClick(find<GlyphCanvas>("glyphCanvas"), Qt::LeftButton);
+    QCOMPARE(steps(), 4U);
+    turn();
+    QTest::keyClick(slider, Qt::Key_Escape);
+    QCOMPARE(editor.glyph().leftSideBearing(), 56.0);
+    drag(slider, Qt::LeftButton, {{9, 0}});
+    QVERIFY(kinds.back() == GestureKind::pointer);
+    kinds.pop_back();
+    QCOMPARE(kinds, std::vector<GestureKind>(5, GestureKind::steps));
+  }
+
   // A value that lies beyond the slider, which rests at its end.
   void anEntryReachesTheEndOfTheRange() {
     Editor editor{"A"};
@@ -198,8 +248,10 @@ private Q_SLOTS:
     QVERIFY(editor.glyph().unicode() == "x");
     // Undo typed in the field is the document's, and shows there.
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
+    settle();
     QCOMPARE(field->text(), u"A"_s);
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    settle();
     QCOMPARE(field->text(), u"x"_s);
     field->clear();
     QTest::keyClicks(field, u"z"_s);
@@ -281,8 +333,10 @@ private Q_SLOTS:
       edit.apply(value);
     };
     set(GlyphMetric::advanceWidth, 777);
+    settle();
     QVERIFY(canvas->isComplete());
     set(GlyphMetric::scale, 0.5);
+    settle();
     QVERIFY(!canvas->isComplete());
   }
 
@@ -290,7 +344,6 @@ private Q_SLOTS:
     Editor editor{"A", "B"};
     editor.manager.selectGlyph(editor.ids[0]);
     editor.area->focusEditor();
-    editor.settle();
     QVERIFY(find<GlyphCanvas>("glyphCanvas")->hasFocus());
     editor.select({0, 1});
     editor.area->focusEditor();

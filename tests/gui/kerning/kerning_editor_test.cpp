@@ -1,8 +1,8 @@
 #include "gui/desktop/gui_test.h"
+#include "gui/desktop/window_desktop.h"
 #include "kerning/ui/kerning_canvas.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "support/projects.h"
-#include "support/scripted_desktop.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -40,7 +40,10 @@ struct Program {
 
   const KerningPair& pair(std::size_t i) const { return manager.currentProject().kerningPairs[i]; }
   bool canUndo() const { return manager.undoManager().canUndo(); }
-  QListView* list() const { return window.findChild<QListView*>(u"pairList"_s); }
+  QListView* list() const {
+    settle();
+    return window.findChild<QListView*>(u"pairList"_s);
+  }
   QStringList rows() const {
     QStringList result;
     for (int row = 0; row < list()->model()->rowCount(); ++row)
@@ -66,7 +69,7 @@ struct Program {
     (void)QTest::qWaitForWindowActive(sheet);
   }
 
-  ScriptedDesktop desktop;
+  WindowDesktop desktop;
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
   KerningEditorView window{manager};
@@ -141,9 +144,12 @@ private Q_SLOTS:
     drag(Qt::RightButton, 30);
     QTest::mouseRelease(canvas, Qt::RightButton);
     QCOMPARE(program.pair(2).value, 0.0);
-    drag(Qt::LeftButton, 30);
+    drag(Qt::LeftButton, 10);
+    QTest::mouseClick(canvas, Qt::RightButton); // is nothing to this drag
+    QTest::mouseMove(canvas, QPoint(230, 150));
     QTest::mouseRelease(canvas, Qt::LeftButton);
     QCOMPARE(program.pair(2).value, 30 / scale);
+    QCOMPARE(program.manager.undoManager().undoCount(), 1U);
     QCOMPARE(program.rows()[1], u"A V, "_s + program.readout());
     program.manager.undo();
     QCOMPARE(program.readout(), u"+0"_s);
@@ -160,7 +166,10 @@ private Q_SLOTS:
     Program program;
     program.manager.selectKerningPair(program.pair(1).id);
     auto* canvas = find<KerningCanvas>("kerningCanvas");
-    const auto picture = [&] { return canvas->grab().toImage(); };
+    const auto picture = [&] {
+      settle();
+      return canvas->grab().toImage();
+    };
     const QImage before = picture();
     program.manager.setKerningValue(program.pair(1).id, 0);
     const QImage noKerning = picture();
@@ -171,6 +180,10 @@ private Q_SLOTS:
     QVERIFY(raised != noKerning);
     program.manager.editGlyphList([](auto& glyphs) { glyphs.resize(2); });
     QVERIFY(picture() != raised);
+    // The span of the kerning is marked also beside a glyph that is missing.
+    const QImage unmarked = picture();
+    program.manager.setKerningValue(program.pair(1).id, 150);
+    QVERIFY(picture() != unmarked);
   }
 
   void sliderEntryAndResetAreStepsOfTheirOwn() {
@@ -224,7 +237,8 @@ private Q_SLOTS:
     QTest::keyClick(left, Qt::Key_Down);
     QTest::keyClick(left, Qt::Key_Return);
     QCOMPARE(left->text(), u"a"_s);
-    QVERIFY(right->hasFocus() && !add->isEnabled());
+    QVERIFY(!left->hasFocus() && !right->hasFocus() && !add->isEnabled());
+    right->setFocus();
     auto* list = find<QListView>("rightGlyphList");
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualRect(list->model()->index(2, 0)).center());
@@ -236,8 +250,7 @@ private Q_SLOTS:
     QVERIFY(right->hasFocus());
     QTest::keyClick(right, Qt::Key_Return);
     QCOMPARE(program.rows().size(), 0);
-    QVERIFY(add->hasFocus());
-    QTest::keyClick(add, Qt::Key_Return);
+    QTest::keyClick(find<QWidget>("addKerningPairSheet"), Qt::Key_Return);
     QVERIFY(!find<QWidget>("addKerningPairSheet"));
     QCOMPARE(program.selectedRow(), u"a V, +0"_s);
     program.openSheet();

@@ -1,14 +1,15 @@
 #include "desktop/value_slider.h"
 #include "gui/desktop/gui_test.h"
+#include "gui/desktop/window_desktop.h"
 #include "preview/ui/available_characters_view.h"
 #include "preview/ui/plain_text_editor.h"
 #include "preview/ui/preview_panel.h"
 #include "preview/ui/vector_preview_view.h"
 #include "support/projects.h"
-#include "support/scripted_desktop.h"
 
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolButton>
 #include <cmath>
@@ -76,7 +77,7 @@ struct Preview {
     return picture.pixelColor(at * picture.devicePixelRatio());
   }
 
-  ScriptedDesktop desktop;
+  WindowDesktop desktop;
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
   PreviewPanel panel{manager, nullptr};
@@ -244,24 +245,47 @@ private Q_SLOTS:
     shown("scale");
   }
 
+  // The part of a 1366 x 768 screen that the panel has, less, and more.
   void charactersAreListedWhereThereIsRoom() {
     Preview preview;
     auto* const list = find<AvailableCharactersView>("availableCharacters");
     QCOMPARE(list->text(), u"A B V"_s);
-    for (const int height : {150, 320, 900}) {
+    QCOMPARE(preview.editor().cursorRect().topLeft(), QPoint(8, 8));
+    for (const int height : {150, 213, 900}) {
       preview.panel.resize(700, height);
-      QCoreApplication::processEvents();
-      QVERIFY2(preview.view().height() >= (height < 200 ? 60 : 96), QByteArray::number(height));
-      QVERIFY(preview.editor().height() <= 84 && preview.editor().height() >= 36);
-      QCOMPARE(list->isVisible(), height >= 320);
+      settle();
+      QCOMPARE(preview.editor().height(), 84);
+      QVERIFY2(preview.view().height() >= (height < 200 ? 24 : 40), QByteArray::number(height));
+      QCOMPARE(list->isVisible(), height >= 213);
     }
+    QPixmap expected = list->grab();
+    expected.fill(list->palette().color(QPalette::Window));
+    const auto text = [&](const QString& shown) {
+      QPainter painter(&expected);
+      painter.setFont(Theme::current().font(TextStyle::body));
+      painter.setPen(themeColor(Role::text));
+      const int row = list->minimumSizeHint().height();
+      painter.drawText(QRect(0, 0, 500, row), Qt::AlignVCenter, shown);
+      return expected.toImage();
+    };
+    QCOMPARE(list->grab().toImage(), text(u"A B V"_s)); // set as one text
     preview.manager.editGlyphList([](auto& glyphs) {
-      for (int i = 0; i < 3000; ++i) glyphs.push_back(makeGlyph("g" + std::to_string(i), "x"));
+      for (int i = 0; i < 3000; ++i) glyphs.push_back(makeGlyph("g" + std::to_string(i), "xi"));
+      glyphs.push_back(makeGlyph("last", std::string(500, 'W')));
     });
-    QCoreApplication::processEvents();
-    QVERIFY(list->verticalScrollBar()->maximum() > 0);
-    QVERIFY(list->parentWidget()->height() <= 200);
+    settle();
+    QVERIFY(list->parentWidget()->height() <= 200 && list->parentWidget()->height() > 150);
+    // The end is laid out when it is looked at.
+    auto* const bar = list->verticalScrollBar();
+    for (int looks = 0; looks < 2; ++looks) {
+      bar->setValue(bar->maximum());
+      list->grab();
+    }
+    const QImage end = list->grab().toImage();
+    QVERIFY(end.copy(0, end.height() - 20, end.width(), 20) !=
+            end.copy(0, end.height() - 60, end.width(), 20));
     preview.manager.newProject();
+    settle();
     QCOMPARE(list->text(), u"No characters assigned yet"_s);
   }
 };

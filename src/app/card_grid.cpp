@@ -1,4 +1,4 @@
-#include "editor/card_grid.h"
+#include "app/card_grid.h"
 
 #include <algorithm>
 #include <cmath>
