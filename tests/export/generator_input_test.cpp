@@ -3,8 +3,6 @@
 #include "support/console_capture.h"
 #include "support/testing.h"
 
-#include <regex>
-
 namespace quillery::test {
 namespace {
 
@@ -40,31 +38,6 @@ TEST(GeneratorInput, HoldsNamesMetricsOutlinesAndPairsAsTheyAre) {
       R"({"name":".notdef","advanceWidth":600,"leftSideBearing":50,"rightSideBearing":50,)"
       R"("fontPath":[]}],"kerningPairs":[{"leftGlyph":"A","rightGlyph":"V","value":-80},)"
       R"({"leftGlyph":"A","rightGlyph":"gone","value":0.25}]})");
-}
-
-TEST(GeneratorInput, HoldsManyGlyphsInTheirOrder) {
-  FontProject project;
-  std::string names;
-  for (int i = 0; i < 1000; ++i) {
-    GlyphRecord glyph;
-    glyph.name = "g" + std::to_string(i);
-    glyph.fontPath = {PathCommand::moveTo({double(i), 0}), PathCommand::closePath()};
-    project.glyphs.emplace_back(glyph);
-    names += glyph.name + " " + std::to_string(i) + ",";
-  }
-  ConsoleCapture console;
-  const std::string document = createJSONData(project).value();
-  const std::regex glyph(
-      R"re(\n    \{\n      "name" : "(g\d+)"[^[]*\[)re"
-      R"re(\n        \{ "type" : "moveTo", "point" : \{ "x" : (\d+), "y" : 0 \} \},)re"
-      R"re(\n        \{ "type" : "closePath" \}\n      \]\n    \}(,|\n  \]))re");
-  std::string found;
-  for (std::sregex_iterator match(document.begin(), document.end(), glyph), end; match != end;
-       ++match)
-    found += (*match)[1].str() + " " + (*match)[2].str() + ",";
-  EXPECT_EQ(found, names);
-  project.glyphs[900].setAdvanceWidth(kInfinity);
-  EXPECT_EQ(createJSONData(project).error().place, "glyphs[900].advanceWidth of glyph \"g900\"");
 }
 
 TEST(GeneratorInput, PrintsThePairsAndTheBeginningOfTheDocument) {
