@@ -148,10 +148,13 @@ Result<void, Problem> FileReplacement::append(std::string_view content) {
     return {};
   }
   if (const int code = writeAll(descriptor_.get(), content, written_)) return failure(code);
-  // Let the disk begin while the next piece is made, so that the flush at the end is short.
-  sync_file_range(descriptor_.get(), static_cast<off_t>(written_),
-                  static_cast<off_t>(content.size()), SYNC_FILE_RANGE_WRITE);
+  // Let the disk begin while the next pieces are made, so that the flush at the end is short.
+  constexpr std::size_t kStep = 512 * 1024;
+  const std::size_t begin = written_ / kStep * kStep;
   written_ += content.size();
+  if (written_ - begin >= kStep)
+    sync_file_range(descriptor_.get(), static_cast<off_t>(begin),
+                    static_cast<off_t>(written_ - begin), SYNC_FILE_RANGE_WRITE);
   return {};
 }
 

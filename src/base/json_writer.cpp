@@ -45,7 +45,7 @@ std::size_t plainBlocks(std::string_view text) {
 } // namespace
 
 void JsonWriter::grow(std::size_t more) {
-  constexpr std::size_t kLeast = 4096;
+  constexpr std::size_t kLeast = 16 * 1024;
   const std::size_t capacity = std::max({size_ + more, 2 * capacity_, kLeast});
   auto larger = std::make_unique_for_overwrite<char[]>(capacity);
   view().copy(larger.get(), size_);

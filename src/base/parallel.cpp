@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace quillery {
 namespace {
@@ -27,6 +28,9 @@ std::size_t helpersFor(std::size_t count) {
 } // namespace
 
 struct OrderedProduction::State {
+  State(std::size_t productCount, std::size_t places, std::function<void(std::size_t)> makeProduct)
+      : count(productCount), window(places), produce(std::move(makeProduct)), isReady(places) {}
+
   const std::size_t count;
   const std::size_t window;
   const std::function<void(std::size_t)> produce;
@@ -36,7 +40,7 @@ struct OrderedProduction::State {
   std::size_t released = 0;
   std::size_t producing = 0;
   bool stopped = false;
-  std::vector<bool> isReady = std::vector<bool>(window);
+  std::vector<bool> isReady;
 
   bool canClaim() const { return claimed < count && claimed < released + window; }
 

@@ -89,9 +89,9 @@ Result<std::string, Problem> documentOf(const FontProject& project) {
   };
   DocumentWriter document(sink);
   document.take(fontInfo(project));
-  document.list(",\n  \"glyphs\" : ", project.glyphs,
+  document.list(",\n  \"glyphs\" : ", project.glyphs, kGlyphsPerPiece,
                 [](JsonWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
-  document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, writeKerningPair);
+  document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, kPairsPerPiece, writeKerningPair);
   document.take("\n}");
   if (document.isFinite()) return text;
   return Failure{Problem{placeOfNonFinite(project, {kFontNumbers, {}, kGlyphNumbers}),

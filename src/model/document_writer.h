@@ -61,6 +61,9 @@ void writeItems(JsonWriter& out, const Items& items, bool isFirst, Write write) 
   }
 }
 
+inline constexpr std::size_t kGlyphsPerPiece = 8;
+inline constexpr std::size_t kPairsPerPiece = 256;
+
 /// Hands the pieces of a document to a sink, in their order.
 class DocumentWriter {
 public:
@@ -71,17 +74,18 @@ public:
   bool take(const JsonWriter& piece);
   bool take(std::string_view text);
 
-  /// A list behind `key`, whose items `write(JsonWriter&, item)` writes on any thread.
+  /// A list behind `key`, whose items `write(JsonWriter&, item)` writes on any thread, `perPiece`
+  /// of them at a time. Pieces of some ten KB are worth a thread's while and fit its cache.
   template <typename Item, typename Write>
-  void list(std::string_view key, const std::vector<Item>& items, Write write) {
-    constexpr std::size_t kItemsPerPiece = 32;
+  void list(std::string_view key, const std::vector<Item>& items, std::size_t perPiece,
+            Write write) {
     take(key);
     take("[");
-    produceInOrder((items.size() + kItemsPerPiece - 1) / kItemsPerPiece,
+    produceInOrder((items.size() + perPiece - 1) / perPiece,
                    [&](std::size_t piece) {
-                     const std::size_t first = piece * kItemsPerPiece;
-                     const auto some = std::span(items).subspan(
-                         first, std::min(kItemsPerPiece, items.size() - first));
+                     const std::size_t first = piece * perPiece;
+                     const auto some =
+                         std::span(items).subspan(first, std::min(perPiece, items.size() - first));
                      JsonWriter out;
                      writeItems(out, some, first == 0, [&](const Item& item) { write(out, item); });
                      return out;

@@ -97,9 +97,9 @@ JsonWriter fontInfo(const FontInfo& font) {
 Result<void, Problem> encodeProject(const FontProject& project, const ByteSink& sink) {
   DocumentWriter document(sink);
   document.take(fontInfo(project));
-  document.list(",\n  \"glyphs\" : ", project.glyphs,
+  document.list(",\n  \"glyphs\" : ", project.glyphs, kGlyphsPerPiece,
                 [](JsonWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
-  document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, writeKerningPair);
+  document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, kPairsPerPiece, writeKerningPair);
   document.take("\n}\n");
   if (document.isFinite()) return {};
   return Failure{Problem{placeOfNonFinite(project, {kFontNumbers, kGlyphBoxes, kGlyphNumbers}),

@@ -6,16 +6,10 @@
 #include "svg/glyph_identity.h"
 #include "svg/path_converter.h"
 
-#include <re2/re2.h>
+#include <algorithm>
 
 namespace quillery::SVGParser {
 namespace {
-
-const RE2& pathPattern() {
-  // Latin-1 makes every byte a character, which costs nothing: all bytes that matter are ASCII.
-  static const RE2 pattern(R"re(<path[^>]*d="[^"]+")re", RE2::Latin1);
-  return pattern;
-}
 
 // What stands between the numbers of path data that is read in full: command letters, commas and
 // spaces.
@@ -40,13 +34,25 @@ constexpr bool isSeparator(char c) {
 } // namespace
 
 std::optional<std::string_view> findPathData(std::string_view svg) {
-  // Without a group to capture the engine gets by with its fast automaton. The value is what
-  // stands between the last two quotes of the match.
-  re2::StringPiece match;
-  const re2::StringPiece text(svg.data(), svg.size());
-  if (!pathPattern().Match(text, 0, text.size(), RE2::UNANCHORED, &match, 1)) return std::nullopt;
-  std::string_view found(match.data(), match.size() - 1);
-  return found.substr(found.rfind('"') + 1);
+  constexpr std::string_view kElement = "<path";
+  constexpr auto kNone = std::string_view::npos;
+  std::size_t quote = 0; // never goes back, so that the time is linear
+  for (std::size_t path = svg.find(kElement); path != kNone;) {
+    const std::size_t begin = path + kElement.size();
+    const std::size_t end = std::min(svg.find('>', begin), svg.size());
+    std::optional<std::string_view> last;
+    if (quote < begin) quote = svg.find('"', begin);
+    while (quote < end) {
+      const std::size_t next = svg.find('"', quote + 1); // perhaps behind a ">" in the value
+      const bool opens = quote >= begin + 2 && svg[quote - 2] == 'd' && svg[quote - 1] == '=';
+      if (opens && next != kNone && next > quote + 1)
+        last = svg.substr(quote + 1, next - quote - 1);
+      quote = next;
+    }
+    if (last) return last;
+    path = svg.find(kElement, end); // another one before that has no more to offer
+  }
+  return std::nullopt;
 }
 
 Rect computeViewBox(std::string_view pathData) {

@@ -82,21 +82,6 @@ TEST(ProduceInOrder, LetsOneExceptionOutAndLeavesNothingBehind) {
   }
 }
 
-TEST(ProduceInOrder, WorksInsideItself) {
-  std::size_t sum = 0;
-  produceInOrder(
-      50,
-      [](std::size_t i) {
-        std::size_t inner = 0;
-        produceInOrder(
-            i, [](std::size_t k) { return k; },
-            [&](std::size_t, std::size_t k) { return inner += k, true; });
-        return inner;
-      },
-      [&](std::size_t, std::size_t inner) { return sum += inner, true; });
-  EXPECT_EQ(sum, 19600U);
-}
-
 TEST(WorkerPool, RunsAllWorkBeforeItGoes) {
   std::atomic<int> done = 0;
   {

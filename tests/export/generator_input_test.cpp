@@ -3,8 +3,6 @@
 #include "support/console_capture.h"
 #include "support/testing.h"
 
-#include <simdjson.h>
-
 namespace quillery::test {
 namespace {
 
@@ -41,25 +39,6 @@ TEST(GeneratorInput, HoldsNamesMetricsOutlinesAndPairsAsTheyAre) {
       R"({"name":".notdef","advanceWidth":600,"leftSideBearing":50,"rightSideBearing":50,)"
       R"("fontPath":[]}],"kerningPairs":[{"leftGlyph":"A","rightGlyph":"V","value":-80},)"
       R"({"leftGlyph":"A","rightGlyph":"gone","value":0.25}]})");
-}
-
-TEST(GeneratorInput, HoldsManyGlyphsInTheirOrder) {
-  FontProject project;
-  for (int i = 0; i < 1000; ++i) {
-    project.glyphs.push_back(makeGlyph("g" + std::to_string(i), {}, i));
-    project.glyphs.back().placeOutline({PathCommand::moveTo({double(i), 0})}, {});
-  }
-  ConsoleCapture console;
-  simdjson::dom::parser parser;
-  const auto document = parser.parse(createJSONData(project).value());
-  int i = 0;
-  for (const auto& glyph : document["glyphs"].get_array()) {
-    ASSERT_EQ(std::string_view(glyph["name"]), "g" + std::to_string(i));
-    ASSERT_EQ(double(glyph.at_pointer("/fontPath/0/point/x")), i++);
-  }
-  EXPECT_EQ(i, 1000);
-  project.glyphs[900].setAdvanceWidth(kInfinity);
-  EXPECT_EQ(createJSONData(project).error().place, "glyphs[900].advanceWidth of glyph \"g900\"");
 }
 
 TEST(GeneratorInput, ShowsItsFirstFiveHundredCharactersWhole) {

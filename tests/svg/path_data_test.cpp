@@ -209,7 +209,7 @@ TEST(Drawings, OfHostileMegabytesAreReadToTheirEnd) {
     while (result.size() < kSize) result += piece;
     return result;
   };
-  for (const char* piece : {"<path ", "<path d=", "<path d=\"\" ", "<path id=\"\"", "\"", "<"}) {
+  for (const char* piece : {"<path ", "<path>", "<path d=", "<path d=\"\" ", "<path id=\"\"", "\"", "<"}) {
     const std::string svg = repeated(piece);
     EXPECT_EQ(SVGParser::findPathData(svg), std::nullopt) << piece;
     EXPECT_EQ(SVGParser::findPathData(svg + "><path d=\"end\">"), "end") << piece;
