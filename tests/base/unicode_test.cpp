@@ -81,18 +81,7 @@ TEST(Lines, EndAtEveryKindOfBreak) {
   for (const auto& [text, expected] : rows) EXPECT_EQ(lines(text), expected);
 }
 
-TEST(Properties, AreThoseOfUnicode) {
-  const auto properties = [](char32_t c) {
-    return std::string(isLetter(c) ? "L" : "") + (isAlphanumeric(c) ? "A" : "") +
-           (isSpace(c) ? "S" : "");
-  };
-  const std::pair<char32_t, const char*> rows[] = {
-      {U'a', "LA"}, {U'5', "A"},      {U'½', "A"},      {U'\u0308', "A"},
-      {U'ß', "LA"}, {U'漢', "LA"},    {U'€', ""},       {U' ', "S"},
-      {U'\t', "S"}, {U'\u00A0', "S"}, {U'\u3000', "S"}, {U'\n', ""},
-      {U'\r', ""},  {U'\u2028', ""},  {U'_', ""},       {U'\u200B', ""}};
-  for (const auto& [scalar, expected] : rows)
-    EXPECT_EQ(properties(scalar), expected) << scalarHex(scalar);
+TEST(Spaces, AreTrimmedButForLineBreaks) {
   EXPECT_EQ(trimSpaces(" \t5 6\t "), "5 6");
   EXPECT_EQ(trimSpaces("\u00A0 é \u3000"), "é");
   EXPECT_EQ(trimSpaces("\n5\n"), "\n5\n");

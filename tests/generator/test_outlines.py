@@ -226,3 +226,12 @@ def test_outlines_of_many_points_unpack_from_woff2(make):
         fonts = [make(document([glyph("A", "A", zigzag)]), target) for target in ("f.ttf", "f.woff2")]
         coordinates = [list(font["glyf"]["A"].coordinates) for font in fonts]
         assert coordinates[0] == coordinates[1] and len(coordinates[0]) == count
+
+
+def test_fonts_of_a_hundred_and_more_kilobytes_have_long_offsets(make):
+    for count, are_long in ((500, 0), (900, 1)):
+        zigzag = [line(index * 397 % 901, index * 461 % 899) for index in range(40)]
+        font = make(document([glyph("g", None, zigzag)] * count), "f.ttf")
+        assert font["head"].indexToLocFormat == are_long
+        assert abs(len(font.getTableData("glyf")) - 2 * 0xFFFF) < 50_000 and sanitize(font) == ""
+        assert len(font["glyf"][font.getGlyphOrder()[count]].coordinates) == 40

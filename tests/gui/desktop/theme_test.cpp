@@ -51,28 +51,21 @@ private Q_SLOTS:
                  pairName(int(text), int(surface), scheme));
   }
 
-  void everyPaletteGroupIsFilledAndReadable() {
+  void whatIsDisabledLooksDisabledAndIsReadable() {
     using P = QPalette;
-    const std::pair<P::ColorRole, P::ColorRole> pairs[] = {
-        {P::WindowText, P::Window},    {P::Text, P::Base},
-        {P::Text, P::AlternateBase},   {P::ButtonText, P::Button},
-        {P::PlaceholderText, P::Base}, {P::HighlightedText, P::Highlight},
-        {P::Link, P::Window},          {P::LinkVisited, P::Base}};
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
       const QPalette palette = Theme::palette(scheme);
-      for (const auto group : {P::Active, P::Inactive, P::Disabled})
-        for (int role = 0; role < P::NColorRoles; ++role)
-          QVERIFY2(role == P::NoRole || palette.isBrushSet(group, P::ColorRole(role)),
-                   pairName(group, role, scheme));
-      for (const auto& [text, surface] : pairs) {
+      for (const auto& [text, surface] : {std::pair{P::WindowText, P::Window},
+                                          {P::Text, P::Base},
+                                          {P::ButtonText, P::Button},
+                                          {P::HighlightedText, P::Highlight}}) {
         const auto ratio = [&, t = text, s = surface](P::ColorGroup group) {
           return contrast(palette.color(group, t), palette.color(group, s));
         };
-        // Disabled text can still be made out, and looks disabled.
-        const bool readable = ratio(P::Active) >= 4.5 && ratio(P::Inactive) == ratio(P::Active) &&
-                              ratio(P::Disabled) >= 1.7 &&
-                              ratio(P::Disabled) < ratio(P::Active) - 1;
-        QVERIFY2(readable, pairName(text, surface, scheme));
+        const double disabled = ratio(P::Disabled);
+        QVERIFY2(ratio(P::Inactive) == ratio(P::Active) && disabled >= 1.7 &&
+                     disabled < ratio(P::Active) - 1,
+                 pairName(text, surface, scheme));
       }
     }
   }
