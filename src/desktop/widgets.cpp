@@ -21,11 +21,6 @@ void TextLabel::setRole(Role role) {
   follow();
 }
 
-void TextLabel::setTextStyle(TextStyle style) {
-  style_ = style;
-  follow();
-}
-
 void TextLabel::follow() {
   setFont(Theme::current().font(style_));
   QPalette colors = palette();
@@ -45,41 +40,30 @@ void SymbolLabel::paintEvent(QPaintEvent*) {
 }
 
 SectionHeader::SectionHeader(const QString& title, QWidget* parent)
-    : QWidget(parent), label_(new TextLabel(title, TextStyle::headline, Role::text, this)),
-      row_(new QHBoxLayout(this)) {
-  label_->setObjectName(QStringLiteral("title"));
+    : QWidget(parent), row_(new QHBoxLayout(this)) {
+  auto* label = new TextLabel(title, TextStyle::headline, Role::text, this);
+  label->setObjectName(QStringLiteral("title"));
   setAccessibleName(title);
   row_->setContentsMargins(0, 0, 0, 0);
-  row_->addWidget(label_, 1);
-}
-
-void SectionHeader::setTitle(const QString& title) {
-  label_->setText(title);
-  setAccessibleName(title);
+  row_->addWidget(label, 1);
 }
 
 void SectionHeader::addTrailing(QWidget* control) {
   row_->addWidget(control);
 }
 
-IconButton::IconButton(Symbol symbol, const QString& title, QWidget* parent)
-    : QToolButton(parent), symbol_(symbol) {
+IconButton::IconButton(Symbol symbol, const QString& title, QWidget* parent) : QToolButton(parent) {
   setAutoRaise(true);
   setFocusPolicy(Qt::TabFocus);
   setIconSize({grid::toolIconSize, grid::toolIconSize});
   setToolButtonStyle(Qt::ToolButtonIconOnly);
   setSymbol(symbol);
-  setTitle(title);
+  setToolTip(title);
+  setAccessibleName(title);
 }
 
 void IconButton::setSymbol(Symbol symbol, Role role) {
-  symbol_ = symbol;
   setIcon(quillery::icon(symbol, role));
-}
-
-void IconButton::setTitle(const QString& title) {
-  setToolTip(title);
-  setAccessibleName(title);
 }
 
 Badge::Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidget* parent)

@@ -25,7 +25,6 @@ public:
             QWidget* parent = nullptr);
 
   void setRole(Role role);
-  void setTextStyle(TextStyle style);
 
 private:
   void follow();
@@ -55,13 +54,10 @@ class SectionHeader : public QWidget {
 public:
   explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
 
-  QString title() const { return label_->text(); }
-  void setTitle(const QString& title);
   /// Puts a control at the end of the row and owns it.
   void addTrailing(QWidget* control);
 
 private:
-  TextLabel* label_;
   QBoxLayout* row_;
 };
 
@@ -71,13 +67,7 @@ class IconButton : public QToolButton {
 public:
   IconButton(Symbol symbol, const QString& title, QWidget* parent = nullptr);
 
-  Symbol symbol() const { return symbol_; }
   void setSymbol(Symbol symbol, Role role = Role::text);
-  /// The tool tip and the accessible name.
-  void setTitle(const QString& title);
-
-private:
-  Symbol symbol_;
 };
 
 /// A small pill of a few words with a symbol, such as "Saved!". Comes and goes with a short fade.
@@ -90,7 +80,6 @@ public:
 
   QString text() const { return text_; }
   void setText(const QString& text);
-  bool isPresented() const { return presented_; }
   /// Lets it fade and grow in, or out; it takes its room in the layout in both cases.
   void setPresented(bool presented);
 
