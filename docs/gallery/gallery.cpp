@@ -136,12 +136,7 @@ QWidget* controlsPage() {
   progress->setValue(40);
   progress->setTextVisible(false);
   form->addRow(text("Progress"), row({progress, new Spinner(24), new Spinner(40)}));
-  form->addRow(
-      text("Badges"),
-      row({new Badge(Symbol::checkCircleFill, text("Saved!"), Badge::Tone::success),
-           new Badge(Symbol::exclamationTriangleFill, text("Two findings"), Badge::Tone::warning),
-           new Badge(std::nullopt, text("Failed"), Badge::Tone::danger),
-           new Badge(std::nullopt, text("12 glyphs"), Badge::Tone::neutral)}));
+  form->addRow(text("Badge"), row({new Badge(Symbol::checkCircleFill, text("Saved!"))}));
   form->addRow(new SectionHeader(text("Lists and text")));
   auto* const list = new QListWidget;
   for (const char* item : {"A V   −80", "T o   −40", "W a   −25", "Y e   +0"})
@@ -278,8 +273,12 @@ int main(int argc, char** argv) {
   saving.message = "Export font";
   saving.proposedName = "Quillery Sans";
   saving.extension = "otf";
-  saving.formats = FormatChooser{
-      "Format:", {"OpenType (.otf)", "TrueType (.ttf)", "Web Open Font Format (.woff)"}, 0, {}};
+  saving.formats =
+      FormatChooser{"Format:",
+                    {"OpenType (.otf)", "TrueType (.ttf)", "Web Open Font Format (.woff)"},
+                    {"otf", "ttf", "woff"},
+                    0,
+                    {}};
   auto* const panel = new FilePanel(saving, QDir::homePath(), &window, [](FilePanel::Files) {});
   if (application.arguments().size() < 3) {
     alert.open();

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QToolButton>
 #include <QVariantAnimation>
-#include <optional>
 
 class QBoxLayout;
 
@@ -70,16 +69,13 @@ public:
   void setSymbol(Symbol symbol, Role role = Role::text);
 };
 
-/// A small pill of a few words with a symbol, such as "Saved!". Comes and goes with a short fade.
+/// A small green pill of a few words with a symbol, such as "Saved!". Comes and goes with a short
+/// fade.
 class Badge : public QWidget {
   Q_OBJECT
 public:
-  enum class Tone { neutral, success, warning, danger };
+  Badge(Symbol symbol, const QString& text, QWidget* parent = nullptr);
 
-  Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidget* parent = nullptr);
-
-  QString text() const { return text_; }
-  void setText(const QString& text);
   /// Lets it fade and grow in, or out; it takes its room in the layout in both cases.
   void setPresented(bool presented);
 
@@ -90,9 +86,8 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  std::optional<Symbol> symbol_;
+  Symbol symbol_;
   QString text_;
-  Tone tone_;
   bool presented_ = true;
   double presence_ = 1; // 0 gone, 1 there
   QVariantAnimation animation_;
