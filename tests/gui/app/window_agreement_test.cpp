@@ -133,11 +133,12 @@ public:
       case 1:
         return begin(glyphMetricBinding(manager, id(), GlyphMetric::verticalOffset), value);
       default:
-        kerning_.begin(pair());
+        kerning_.begin(pairs.empty() ? Uuid() : pairs.front().id);
         return kerning_.set(value - 100);
       }
     case 23:
     case 24:
+      return manager.selectAllGlyphs();
     case 25:
       if (!glyphs.empty()) manager.selectGlyph(glyphs[below(glyphs.size())].id());
       return;
