@@ -74,6 +74,7 @@ public:
         GlyphRecord record = drawn(name()).record();
         record.id = replaced.id();
         replaced = Glyph(record);
+        replaced.setVerticalOffset(50.0 * static_cast<double>(below(2)));
       });
     case 3:
       manager.editGlyph(id(), [&](Glyph& g) { g.setAdvanceWidth(400 + value); });
@@ -131,7 +132,9 @@ public:
       case 0:
         return begin(fontInfoBinding(manager, &FontInfo::capHeight), value);
       case 1:
-        return begin(glyphMetricBinding(manager, id(), GlyphMetric::verticalOffset), value);
+        return begin(glyphMetricBinding(manager, glyphs.empty() ? Uuid() : glyphs.front().id(),
+                                        GlyphMetric::verticalOffset),
+                     value);
       default:
         kerning_.begin(pairs.empty() ? Uuid() : pairs.front().id);
         return kerning_.set(value - 100);
@@ -237,7 +240,7 @@ private Q_SLOTS:
     other.show();
     RandomEdits edits(program, 20240607);
     program.window.resize(kWindow);
-    for (int step = 0; step < 600; ++step) {
+    for (int step = 0; step < 750; ++step) {
       // What is looked at is what one edit has done, on top of what others did together.
       const bool look = step % 3 == 2;
       if (look || edits.below(2)) settle();
