@@ -26,6 +26,18 @@ constexpr QSize kScreen(1920, 1080);
 constexpr std::size_t kGlyphs = 20000;
 constexpr std::size_t kPairs = 10000;
 
+// Its main queue is the event loop, as in the program.
+class WindowDesktop : public HeadlessDesktop {
+public:
+  WindowDesktop() : HeadlessDesktop({}, nullptr) {}
+  void postToMain(std::function<void()> work) override {
+    QMetaObject::invokeMethod(&main_, std::move(work), Qt::QueuedConnection);
+  }
+
+private:
+  QObject main_;
+};
+
 // A window that shows the made project.
 struct Program {
   Program() {
@@ -38,12 +50,14 @@ struct Program {
     window.show();
   }
 
-  // To the end of the turn: what was posted to the main loop, then the repaint that it causes.
-  static void settle();
+  static void settle() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+  }
 
   GlyphCardArea& cards() { return window.grid().cards(); }
 
-  HeadlessDesktop desktop{{}, nullptr};
+  WindowDesktop desktop;
   RecentProjectsManager recent{desktop};
   ProjectManager manager{desktop, recent};
   FontGenerator generator{desktop, {{}, {}, {}, {}}};
@@ -54,15 +68,6 @@ struct Program {
 Program& program() {
   static Program* const running = new Program; // Qt's statics go first at the end
   return *running;
-}
-
-void Program::settle() {
-  static HeadlessDesktop* const loop = &program().desktop;
-  bool done = false;
-  loop->postToMain([&done] { done = true; });
-  loop->runUntil([&done] { return done; });
-  QCoreApplication::sendPostedEvents();
-  QCoreApplication::processEvents();
 }
 
 // A grid that nobody saw yet, outlines that were never painted.
@@ -174,10 +179,6 @@ void selectGlyphs(std::size_t count, int tab) {
   for (std::size_t i = 0; i < count; ++i) ids.push_back(program().cards().glyphOfCard(i)->id());
   if (count > 0) manager.selectGlyph(ids.front());
   if (count > 1) manager.selectGlyphRange(ids.front(), ids.back(), ids);
-  Program::settle();
-  bool done = false;
-  manager.desktop().postToMain([&] { done = true; });
-  static_cast<HeadlessDesktop&>(manager.desktop()).runUntil([&] { return done; });
   Program::settle();
 }
 

@@ -162,28 +162,22 @@ private Q_SLOTS:
     QCOMPARE(program.pair(2).value, -9.0);
   }
 
-  void theCanvasShowsWhatItsGlyphsAndValueAre() {
+  void theSpanOfTheKerningIsMarkedBesideAGlyphThatIsMissing() {
     Program program;
     program.manager.selectKerningPair(program.pair(1).id);
+    program.manager.editGlyphList([](auto& glyphs) { glyphs.resize(2); }); // no V
     auto* canvas = find<KerningCanvas>("kerningCanvas");
-    const auto picture = [&] {
-      settle();
-      return canvas->grab().toImage();
-    };
-    const QImage before = picture();
-    program.manager.setKerningValue(program.pair(1).id, 0);
-    const QImage noKerning = picture();
-    QVERIFY(noKerning != before);
-    program.manager.editGlyph(program.manager.firstGlyphNamed("V")->id(),
-                              [](Glyph& glyph) { glyph.setVerticalOffset(100); });
-    const QImage raised = picture();
-    QVERIFY(raised != noKerning);
-    program.manager.editGlyphList([](auto& glyphs) { glyphs.resize(2); });
-    QVERIFY(picture() != raised);
-    // The span of the kerning is marked also beside a glyph that is missing.
-    const QImage unmarked = picture();
+    const QImage before = canvas->grab().toImage();
     program.manager.setKerningValue(program.pair(1).id, 150);
-    QVERIFY(picture() != unmarked);
+    const auto inAccent = [&](const QImage& image) {
+      int count = 0;
+      for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+          count += image.pixelColor(x, y) == themeColor(Role::accent) ? 1 : 0;
+      return count;
+    };
+    settle();
+    QVERIFY(inAccent(canvas->grab().toImage()) > inAccent(before) + 20);
   }
 
   void sliderEntryAndResetAreStepsOfTheirOwn() {
