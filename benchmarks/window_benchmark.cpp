@@ -48,6 +48,7 @@ struct Program {
     std::filesystem::remove(file);
     window.resize(kScreen);
     window.show();
+    settle();
   }
 
   static void settle() {
