@@ -76,7 +76,7 @@ public:
         GlyphRecord record = drawn(name()).record();
         record.id = replaced.id();
         replaced = Glyph(record);
-        replaced.setVerticalOffset(50.0 * static_cast<double>(below(2)));
+        for (Glyph& glyph : list) glyph.setVerticalOffset(value);
       });
     case 3:
       manager.editGlyph(id(), [&](Glyph& g) { g.setAdvanceWidth(400 + value); });
