@@ -110,12 +110,12 @@ void ProjectSidebar::addField(QFormLayout& rows, const QString& label, const cha
       this);
   field->setObjectName(QString::fromLatin1(objectName));
   field->setAccessibleName(label);
-  if constexpr (!std::is_same_v<T, std::string>) {
+  if constexpr (std::is_arithmetic_v<T>) {
     field->setFixedWidth(kNumberWidth);
     field->setAlignment(Qt::AlignRight);
   }
   rows.addRow(label, field);
-  if constexpr (!std::is_same_v<T, std::string>) rows.setAlignment(field, Qt::AlignRight);
+  if constexpr (std::is_arithmetic_v<T>) rows.setAlignment(field, Qt::AlignRight);
   refreshers_.emplace_back([field] { field->refresh(); });
 }
 

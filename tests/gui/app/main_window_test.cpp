@@ -111,6 +111,7 @@ private Q_SLOTS:
         {"descender", "Change Descender", [&] { return number(info().descender); }},
         {"capHeight", "Change Cap Height", [&] { return number(info().capHeight); }},
         {"xHeight", "Change x-Height", [&] { return number(info().xHeight); }}};
+    QVERIFY(find<QLineEdit>("fontName")->width() > find<QLineEdit>("ascender")->width());
     int typed = 650;
     for (const auto& [name, action, value] : rows) {
       auto* field = find<QLineEdit>(name);
