@@ -136,7 +136,9 @@ QWidget* controlsPage() {
   progress->setValue(40);
   progress->setTextVisible(false);
   form->addRow(text("Progress"), row({progress, new Spinner(24), new Spinner(40)}));
-  form->addRow(text("Badge"), row({new Badge(Symbol::checkCircleFill, text("Saved!"))}));
+  auto* const badge = new Badge(Symbol::checkCircleFill, text("Saved!"));
+  badge->setPresented(true);
+  form->addRow(text("Badge"), row({badge}));
   form->addRow(new SectionHeader(text("Lists and text")));
   auto* const list = new QListWidget;
   for (const char* item : {"A V   −80", "T o   −40", "W a   −25", "Y e   +0"})

@@ -68,7 +68,6 @@ void IconButton::setSymbol(Symbol symbol, Role role) {
 
 Badge::Badge(Symbol symbol, const QString& text, QWidget* parent)
     : QWidget(parent), symbol_(symbol), text_(text) {
-  setAccessibleName(text);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   animation_.setEasingCurve(QEasingCurve::OutCubic);
   connect(&animation_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {

@@ -76,7 +76,8 @@ class Badge : public QWidget {
 public:
   Badge(Symbol symbol, const QString& text, QWidget* parent = nullptr);
 
-  /// Lets it fade and grow in, or out; it takes its room in the layout in both cases.
+  /// Lets it fade and grow in, or out; it takes its room in the layout in both cases. At first it
+  /// is out.
   void setPresented(bool presented);
 
   QSize sizeHint() const override;
@@ -88,8 +89,8 @@ protected:
 private:
   Symbol symbol_;
   QString text_;
-  bool presented_ = true;
-  double presence_ = 1; // 0 gone, 1 there
+  bool presented_ = false;
+  double presence_ = 0; // 0 gone, 1 there
   QVariantAnimation animation_;
 };
 
