@@ -157,6 +157,13 @@ TEST(Entrance, TellsWrongArgumentsAndTakesEmptyOnes) {
     EXPECT_EQ(run(words).status, 2) << escaped(words[2]) << escaped(words.back());
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1) << "nothing was written";
   EXPECT_EQ(run({"preview", file, "--text=", "-o", folder / "x.svg"}).status, 0);
+  FontProject noEm;
+  noEm.unitsPerEm = 0;
+  const std::string flat = folder.write("flat.fontproj", encoded(noEm));
+  for (const char* picture : {"y.svg", "y.json", "y.pdf"}) {
+    EXPECT_EQ(run({"preview", flat, "--text", "A", "-o", folder / picture}).status, 3) << picture;
+    EXPECT_FALSE(fs::exists(folder / picture));
+  }
   EXPECT_EQ(escaped("a\xff\n\u00E4\xE2\x82"), "a\\xFF\\x0A\u00E4\\xE2\\x82");
 }
 
