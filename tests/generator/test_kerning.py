@@ -3,7 +3,7 @@
 import random
 
 import pytest
-from conftest import FORMATS, sanitize, shape
+from conftest import sanitize, shape
 from drawings import box, document, glyph, pair
 
 
@@ -97,30 +97,6 @@ def test_pairs_read_back_from_every_form(make, form):
     left, right = list(values)[len(values) // 2]
     text = chr(0x4E00 + left) + chr(0x4E00 + right)
     assert [advance for _, advance in shape(font, text)] == [600 + values[left, right], 600]
-
-
-MANY = {
-    "scattered": {(l, (l * 31 + step * step * 7) % 1601): (l * 7919 + step * 104729) % 401 - 200 or 1
-                  for l in range(1600) for step in range(80)},
-    "classes": {(l, r): (l // 8 * 7 + r // 5 * 13) % 181 - 90 or 1 for l in range(320) for r in range(320)},
-}
-
-
-@pytest.mark.parametrize("form, target", [("classes", "f.otf"),
-                                          *(("scattered", f"f.{extension}") for extension in FORMATS)])
-def test_a_hundred_thousand_pairs_shape_as_they_are(make, form, target):
-    values = dict(list(MANY[form].items())[:100_000])
-    assert len(values) == 100_000
-    glyphs = named(1601) + [glyph("gap", "A")]
-    font = make(document(glyphs, [pair(f"g{l}", f"g{r}", v) for (l, r), v in values.items()]), target)
-    assert sanitize(font) == ""
-    pick = random.Random(form)
-    sample = pick.sample(sorted(values), 400) + [tuple(pick.choices(range(1601), k=2)) for _ in range(100)]
-    sample += [min(values), max(values)]
-    text = "".join(f"{chr(0x4E00 + l)}{chr(0x4E00 + r)}A" for l, r in sample)
-    advances = [advance for _, advance in shape(font, text)]
-    assert advances[::3] == [600 + values.get(one, 0) for one in sample]
-    assert set(advances[1::3] + advances[2::3]) == {600}
 
 
 def test_a_name_that_half_the_project_has_makes_no_pairs_of_all_of_them(make):

@@ -15,11 +15,8 @@ from font_generator.document import read_document
 from font_generator.errors import GeneratorError
 from font_reporter import proof, samples
 from font_reporter.cli import make_report
-from font_reporter.coverage import cover
 from font_reporter.distances import largest_distance
 from font_reporter.facts import as_drawn, collect
-from font_reporter.languages import LANGUAGES, letters_of
-from font_reporter.markup import number, text
 
 
 @pytest.fixture
@@ -39,15 +36,11 @@ SQUARE = [[(0, 0), (100, 0), (100, 100), (0, 100)]]
 # Drawing, exported outline and their largest distance.
 APART = {
     "the same": (SQUARE, SQUARE, 0),
-    "turned round and begun elsewhere": (SQUARE, [[(100, 100), (100, 0), (0, 0), (0, 100), (100, 100)]], 0),
     "a corner moved": (SQUARE, [[(0, 0), (100, 0), (103, 104), (0, 100)]], 5),
     "a piece missing": (SQUARE + [[(200, 0), (210, 0), (210, 10)]], SQUARE, math.hypot(110, 0)),
-    "a piece too much": (SQUARE, SQUARE + [[(200, 0), (210, 0), (210, 10)]], math.hypot(110, 0)),
     "nothing exported": (SQUARE, [], math.inf),
     "nothing at all": ([[(5, 5)]], [], 0),
     "a parabola as cubic": ([[(0, 0), (40, 80, 80, 80, 120, 0)]], [[(0, 0), (60, 120, 120, 0)]], 0),
-    "a cut corner": ([[(0, 0), (0, 60, 60, 60)]], [[(0, 0), (60, 60)]], 15 * math.sqrt(2)),
-    "a double point": ([[(0, 0), (0, 0, 30, 0, 90, 0), (90, 9), (0, 9)]], [[(0, 0), (90, 0), (90, 9), (0, 9)]], 0),
 }
 
 
@@ -125,23 +118,6 @@ def test_long_lists_are_cut_and_say_so(report, monkeypatch):
     assert html.count("<figure>") == 10
     assert "20 more glyphs" in html and "22 further glyphs" in html
     assert "7 more pairs" in html and "28 pairs of smaller values are left out" in html
-
-
-def test_coverage_counts_what_is_drawn():
-    basic = [ord(letter) for letter in letters_of("English")]
-    found = cover(basic, [*basic, 0x37E])
-    assert [(block.name, block.covered, block.size) for block in found.blocks] == [("Basic Latin", 52, 95)]
-    assert "English" in found.complete and "German" not in found.complete
-    assert ("Basque", "Ññ") in found.nearly
-    everything = [ord(letter) for language in LANGUAGES for letter in letters_of(language)]
-    assert cover(everything, everything).complete == list(LANGUAGES)
-    assert len(letters_of("Vietnamese")) == 52 + 2 * 67
-
-
-def test_texts_and_numbers_are_fit_for_a_page():
-    assert text('<a & "b">') == "&lt;a &amp; &quot;b&quot;&gt;"
-    assert text("a\u2066\nb") == r"a\u{2066}\u{a}b" and len(text("x" * 9999)) < 500
-    assert (number(-1234), number(12345), number(0.456, 2)) == ("−1234", "12\u202f345", "0.46")
 
 
 def test_what_can_not_be_reported_is_refused_in_one_sentence(tmp_path):
