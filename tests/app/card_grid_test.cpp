@@ -6,22 +6,6 @@ namespace {
 
 constexpr double kText = 40;
 
-TEST(CardGrid, FillsTheWidthWithColumnsBetweenTheirLimits) {
-  struct Row {
-    double width;
-    double cardSize;
-    std::size_t columns;
-    double columnWidth;
-  };
-  const Row rows[] = {{300, 120, 2, 142}, {255, 120, 1, 150}, {256, 120, 2, 120},
-                      {50, 120, 1, 120},  {0, 80, 1, 80},     {1000, 200, 4, 230}};
-  for (const Row& row : rows) {
-    const CardGrid grid(10, row.width, row.cardSize, kText);
-    EXPECT_EQ(grid.columns(), row.columns) << row.width;
-    EXPECT_EQ(grid.cardSize().width, row.columnWidth) << row.width;
-  }
-}
-
 TEST(CardGrid, FindsEveryCardAtItsPlaceAndNoneBetween) {
   const CardGrid grid(11, 460, 100, kText);
   ASSERT_EQ(grid.columns(), 4U);

@@ -64,13 +64,6 @@ TEST(FormatShortest, WritesOrdinaryMagnitudesPlainly) {
   EXPECT_EQ(formatShortest(9999999999999998), "9999999999999998");
 }
 
-TEST(FormatShortest, AddsAFractionPartWhereAsked) {
-  const std::pair<double, const char*> rows[] = {
-      {-50, "-50.0"},        {0.5, "0.5"},         {-0.0, "-0.0"},       {1e21, "1.0e+21"},
-      {1.5e300, "1.5e+300"}, {5e-324, "5.0e-324"}, {-kInfinity, "-inf"}, {-std::nan(""), "nan"}};
-  for (const auto& [value, text] : rows) EXPECT_EQ(formatShortestWithFraction(value), text);
-}
-
 // The digits that carry the value, without sign, point, exponent and outer zeros.
 std::string significantDigits(std::string text) {
   text = text.substr(0, text.find('e'));

@@ -25,30 +25,12 @@ TEST_F(UndoableFieldTest, FollowsEveryKeyAndRecordsOneStep) {
   }
   ascender.type("650x");
   EXPECT_EQ(value(), 650);
-  EXPECT_FALSE(manager.undoManager().canUndo());
   ascender.focusOut();
   EXPECT_EQ(ascender.text(), "650");
   EXPECT_EQ(manager.undoManager().undoActionName(), "Change Ascender");
   manager.undo();
   ascender.refresh();
   EXPECT_EQ(ascender.text(), "800");
-  EXPECT_FALSE(manager.undoManager().canUndo());
-  manager.redo();
-  EXPECT_EQ(value(), 650);
-}
-
-TEST_F(UndoableFieldTest, RecordsNothingForAnEditThatChangedNothing) {
-  ascender.focusIn();
-  ascender.type("abc");
-  EXPECT_EQ(value(), 800);
-  ascender.type("900");
-  ascender.type("800");
-  ascender.focusOut();
-  EXPECT_EQ(ascender.text(), "800");
-  manager.editFontInfo([](FontInfo& font) { font.ascender = NAN; });
-  ascender.focusIn();
-  ascender.focusOut();
-  EXPECT_FALSE(manager.undoManager().canUndo());
 }
 
 TEST_F(UndoableFieldTest, EscapePutsTheValueBackAndReturnEndsTheStep) {

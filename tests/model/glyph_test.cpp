@@ -145,12 +145,5 @@ TEST(Outline, ReadsAsIfEveryMoveHadMovedItsPoints) {
   for (const auto& [then, was] : earlier) ASSERT_EQ(then, Outline(was));
 }
 
-TEST(Outline, BoxHoldsControlPointsAndIsInfiniteWithoutPoints) {
-  EXPECT_EQ(controlBox(placedGlyph().fontPath()), (Rect{100, 0, 400, 700}));
-  const Rect nothing{kInfinity, kInfinity, -kInfinity, -kInfinity};
-  EXPECT_EQ(controlBox({}), nothing);
-  EXPECT_EQ(controlBox({PathCommand::closePath()}), nothing);
-}
-
 } // namespace
 } // namespace quillery::test

@@ -134,16 +134,6 @@ TEST_F(SceneTest, ForgetsTheHoveredItemWithTheTextAndTheModeOnly) {
   EXPECT_FALSE(scene.hoveredBounds());
 }
 
-TEST_F(SceneTest, KeysGoThroughTheItemsAndStopAtTheEnds) {
-  scene.setMode(PreviewMode::glyphs);
-  EXPECT_FALSE(scene.hoverNext(1));
-  scene.setText("A\nB");
-  std::string names;
-  for (const int step : {-1, 1, -1, -1, 1})
-    names += (scene.hoverNext(step), scene.hoveredGlyph()->glyphName);
-  EXPECT_EQ(names, "BBAAB");
-}
-
 TEST_F(SceneTest, FindsWhatHitTestingTheWholeListFinds) {
   std::mt19937 random(7);
   const auto pick = [&](std::initializer_list<double> values) {

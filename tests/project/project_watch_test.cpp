@@ -68,17 +68,5 @@ TEST(ProjectWatch, AlwaysHearsOfAnotherProjectAndOfUndo) {
                 changes.hasGlyph(Uuid::random()) && changes.hasPair(Uuid::random()));
 }
 
-TEST(ProjectWatch, ThatIsGoneRefreshesNothing) {
-  Watched d;
-  int refreshes = 0;
-  {
-    const ProjectWatch watch(d.manager, {{What::selection}},
-                             [&](const ProjectChanges&) { ++refreshes; });
-    d.manager.selectGlyph(d.glyph(0));
-  }
-  d.desktop.runPosted();
-  EXPECT_EQ(refreshes, 0);
-}
-
 } // namespace
 } // namespace quillery::test

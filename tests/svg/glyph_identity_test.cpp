@@ -54,18 +54,5 @@ TEST(GlyphIdentity, IsToldFromTheFileName) {
   }
 }
 
-TEST(GlyphNameTables, LeadFromEveryCharacterToItsNameAndBack) {
-  int names = 0;
-  for (char32_t c = 0x80; c < 0x250; ++c)
-    if (const auto name = glyphNameForCharacter(scalarText(c))) {
-      ++names;
-      const bool byNameToo = *name != "oe" && *name != "OE";
-      EXPECT_EQ(characterForGlyphName(*name), byNameToo ? std::optional(c) : std::nullopt);
-    }
-  EXPECT_EQ(names, 28);
-  for (const char* name : {"divide", "ydieresis", "nbspace", "Euro", "", "a"})
-    EXPECT_FALSE(characterForGlyphName(name)) << name;
-}
-
 } // namespace
 } // namespace quillery::test

@@ -5,7 +5,6 @@
 #include "svg/drawing_files.h"
 #include "svg/svg_drop.h"
 #include "svg/svg_import.h"
-#include "svg/svg_parser.h"
 
 #include <chrono>
 #include <thread>
@@ -29,17 +28,6 @@ struct ImportTest : ::testing::Test {
     return d.folder.write(name, "<svg><path d=\"" + pathData + "\"/></svg>");
   }
 };
-
-TEST_F(ImportTest, ReadsADrawingToAnUnplacedGlyph) {
-  const auto glyph = SVGParser::parseSVGFile(drawing("x.small.svg", "M10 20 L30 5"));
-  ASSERT_TRUE(glyph);
-  GlyphRecord expected = makeGlyph("x.small", "x").record();
-  expected.id = glyph->id();
-  expected.svgPath = SharedText(utf8("M10 20 L30 5"));
-  expected.viewBox = {10, 5, 20, 15};
-  EXPECT_EQ(glyph->record(), expected);
-  EXPECT_NE(glyph->id(), Uuid());
-}
 
 TEST_F(ImportTest, SortsAndSelectsTheLastGlyph) {
   d.manager.setSelectedTab(2);
@@ -110,16 +98,6 @@ TEST_F(ImportTest, SkipsWhatItCannotReadAndSaysSo) {
   outcome = importSVGFiles(d.manager, {none, drawing("c.svg")});
   EXPECT_EQ(outcome.imported, 1U);
   EXPECT_EQ(glyphNames(d.project()), "a b c");
-}
-
-TEST_F(ImportTest, AsksForDrawings) {
-  d.desktop.openAnswer = {drawing("a.svg"), drawing("b.svg")};
-  importSVG(d.manager);
-  ASSERT_EQ(d.desktop.openPanels.size(), 1U);
-  EXPECT_EQ(d.desktop.openPanels[0].extension, "svg");
-  EXPECT_TRUE(d.desktop.openPanels[0].multipleSelection);
-  d.desktop.runUntil([&] { return !d.project().glyphs.empty(); });
-  EXPECT_EQ(glyphNames(d.project()), "a b");
 }
 
 TEST_F(ImportTest, CopiesDroppedDrawingsBeforeImportingThem) {

@@ -126,52 +126,6 @@ private Q_SLOTS:
     QCOMPARE(editor.glyph().leftSideBearing(), 70.0);
   }
 
-  void aSlidersGestureIsOneStep() {
-    Editor editor{"A", "B"};
-    editor.select({0});
-    auto* slider = find<ValueSlider>("verticalOffset");
-    drag(slider, Qt::LeftButton, {{10, 0}, {25, 0}, {40, 0}});
-    QVERIFY(editor.glyph().verticalOffset() > 100);
-    QCOMPARE(readout("verticalOffset"), QString::number(editor.glyph().verticalOffset(), 'f', 0));
-    QCOMPARE(editor.undoName(), std::string("Change Vertical Offset"));
-    editor.manager.undo();
-    settle();
-    QCOMPARE(slider->shownValue(), 0.0);
-    QVERIFY(!editor.manager.canUndo());
-    drag(slider, Qt::LeftButton, {{10, 0}, {30, 0}}, false);
-    QTest::keyClick(slider, Qt::Key_Escape);
-    QCOMPARE(editor.glyph().verticalOffset(), 0.0);
-    QVERIFY(!editor.manager.canUndo());
-    // Another glyph arrives during a gesture.
-    drag(slider, Qt::LeftButton, {{10, 0}, {30, 0}}, false);
-    editor.select({1});
-    QCOMPARE(editor.undoName(), std::string("Change Vertical Offset"));
-    QTest::mouseRelease(slider, Qt::LeftButton);
-    QCOMPARE(editor.glyph(1).verticalOffset(), 0.0);
-  }
-
-  void valuesCanBeTyped() {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"leftSideBearing", "42.4", "42"}, {"leftSideBearing", "-9999", "-100"},
-        {"leftSideBearing", "inf", "300"}, {"leftSideBearing", "nan", "50"},
-        {"leftSideBearing", "four", "50"}, {"scale", "70 %", "70%"},
-        {"scale", "9000%", "200%"}};
-    for (const auto& [metric, typed, shown] : rows) {
-      Editor editor{"A"};
-      editor.select({0});
-      const QString before = readout(metric);
-      QTest::mouseDClick(find<ValueReadout>((std::string(metric) + "Value").c_str()),
-                         Qt::LeftButton);
-      QTest::keyClicks(find<QLineEdit>("entry"), QLatin1String(typed) + u'\r');
-      QVERIFY2(readout(metric) == QLatin1String(shown), typed);
-      QVERIFY(find<ValueSlider>(metric)->hasFocus());
-      QCOMPARE(editor.manager.canUndo(), readout(metric) != before);
-      editor.manager.undo();
-      QVERIFY(!editor.manager.canUndo());
-      QCOMPARE(readout(metric), before);
-    }
-  }
-
   // What is shown is rounded: typing it is a change, only looking at the field is none.
   void aTypedValueThatLooksLikeTheOldOneIsEntered() {
     Editor editor{"A"};

@@ -115,24 +115,6 @@ private Q_SLOTS:
     QCOMPARE(preview.view().scene().text(), std::string("AVB"));
   }
 
-  void presetsReplaceTheTextAsTheyAre() {
-    Preview preview;
-    auto* const button = find<QToolButton>("presetMenu");
-    const auto presets = button->menu()->actions();
-    preview.type("mine");
-    presets.at(7)->trigger();
-    QVERIFY(presets.at(7)->isChecked() && !presets.at(0)->isChecked());
-    QCOMPARE(button->text(), u"Kerning Test"_s);
-    QVERIFY(preview.editor().text().startsWith(u"AVATAR AWAY\nTo"_s));
-    QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(preview.view().scene().text(), std::string("mine"));
-    // A key typed into the characters beyond ASCII takes none of them away.
-    presets.at(10)->trigger();
-    const std::string extended = preview.view().scene().text();
-    QTest::keyClicks(&preview.editor(), u"a"_s);
-    QCOMPARE(preview.view().scene().text(), "a" + extended);
-  }
-
   void aClickPicksAsTheTabSays() {
     Preview preview;
     preview.type("AV B");
@@ -155,15 +137,6 @@ private Q_SLOTS:
     QTest::mousePress(preview.view().viewport(), Qt::LeftButton, {}, preview.place(0));
     QTest::mouseRelease(preview.view().viewport(), Qt::LeftButton, {}, preview.place(1));
     QCOMPARE(preview.selectedGlyphs(), QString());
-  }
-
-  void keysPickToo() {
-    Preview preview;
-    preview.type("AVB");
-    preview.view().setFocus(Qt::TabFocusReason);
-    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Return})
-      QTest::keyClick(&preview.view(), key);
-    QCOMPARE(preview.selectedGlyphs(), u"B"_s);
   }
 
   void aHoverHighlightsTheItemAndRepaintsNoMore() {
