@@ -136,12 +136,7 @@ QWidget* controlsPage() {
   progress->setValue(40);
   progress->setTextVisible(false);
   form->addRow(text("Progress"), row({progress, new Spinner(24), new Spinner(40)}));
-  form->addRow(
-      text("Badges"),
-      row({new Badge(Symbol::checkCircleFill, text("Saved!"), Badge::Tone::success),
-           new Badge(Symbol::exclamationTriangleFill, text("Two findings"), Badge::Tone::warning),
-           new Badge(std::nullopt, text("Failed"), Badge::Tone::danger),
-           new Badge(std::nullopt, text("12 glyphs"), Badge::Tone::neutral)}));
+  form->addRow(text("Badge"), row({new Badge(Symbol::checkCircleFill, text("Saved!"))}));
   form->addRow(new SectionHeader(text("Lists and text")));
   auto* const list = new QListWidget;
   for (const char* item : {"A V   −80", "T o   −40", "W a   −25", "Y e   +0"})

@@ -89,7 +89,8 @@ void FilePanel::addFormats(const FormatChooser& formats) {
   for (const std::string& title : formats.titles) pop->addItem(QString::fromStdString(title));
   pop->setCurrentIndex(static_cast<int>(formats.selected));
   auto* const label = new QLabel(QString::fromStdString(formats.label), accessory);
-  label->setGeometry(kFormatLabel);
+  label->setFixedSize(kFormatLabel.size()); // the style makes those without one higher
+  label->move(kFormatLabel.topLeft());
   label->setObjectName(QStringLiteral("formatLabel"));
   label->setBuddy(pop);
   pop->setAccessibleName(label->text());

@@ -21,9 +21,6 @@ enum class ButtonKind {
 };
 void setButtonKind(QPushButton& button, ButtonKind kind);
 
-/// For the main button of an empty state.
-void setLarge(QPushButton& button);
-
 /// Draws the controls in the colours of the theme: flat, with lines of whole device pixels, and a
 /// ring around what has the keyboard's focus.
 class Style : public QProxyStyle {

@@ -46,11 +46,6 @@ void setButtonKind(QPushButton& button, ButtonKind kind) {
   button.update();
 }
 
-void setLarge(QPushButton& button) {
-  button.setMinimumHeight(grid::largeControlHeight);
-  button.setMinimumWidth(160);
-}
-
 void Style::drawButtonBevel(const QStyleOptionButton& option, QPainter& painter,
                             const QWidget* widget) const {
   const ButtonKind kind = kindOf(option, widget);

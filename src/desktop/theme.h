@@ -51,10 +51,7 @@ enum class Role {
   success,
   warning,
   danger,
-  neutralFill,
   successFill,
-  warningFill,
-  dangerFill,
   // Canvases. The hues are for guides and overlays, mostly translucent.
   canvas,
   canvasInk, ///< outlines

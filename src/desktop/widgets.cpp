@@ -21,11 +21,6 @@ void TextLabel::setRole(Role role) {
   follow();
 }
 
-void TextLabel::setTextStyle(TextStyle style) {
-  style_ = style;
-  follow();
-}
-
 void TextLabel::follow() {
   setFont(Theme::current().font(style_));
   QPalette colors = palette();
@@ -45,46 +40,35 @@ void SymbolLabel::paintEvent(QPaintEvent*) {
 }
 
 SectionHeader::SectionHeader(const QString& title, QWidget* parent)
-    : QWidget(parent), label_(new TextLabel(title, TextStyle::headline, Role::text, this)),
-      row_(new QHBoxLayout(this)) {
-  label_->setObjectName(QStringLiteral("title"));
+    : QWidget(parent), row_(new QHBoxLayout(this)) {
+  auto* label = new TextLabel(title, TextStyle::headline, Role::text, this);
+  label->setObjectName(QStringLiteral("title"));
   setAccessibleName(title);
   row_->setContentsMargins(0, 0, 0, 0);
-  row_->addWidget(label_, 1);
-}
-
-void SectionHeader::setTitle(const QString& title) {
-  label_->setText(title);
-  setAccessibleName(title);
+  row_->addWidget(label, 1);
 }
 
 void SectionHeader::addTrailing(QWidget* control) {
   row_->addWidget(control);
 }
 
-IconButton::IconButton(Symbol symbol, const QString& title, QWidget* parent)
-    : QToolButton(parent), symbol_(symbol) {
+IconButton::IconButton(Symbol symbol, const QString& title, QWidget* parent) : QToolButton(parent) {
   setAutoRaise(true);
   setFocusPolicy(Qt::TabFocus);
   setIconSize({grid::toolIconSize, grid::toolIconSize});
   setToolButtonStyle(Qt::ToolButtonIconOnly);
   setSymbol(symbol);
-  setTitle(title);
-}
-
-void IconButton::setSymbol(Symbol symbol, Role role) {
-  symbol_ = symbol;
-  setIcon(quillery::icon(symbol, role));
-}
-
-void IconButton::setTitle(const QString& title) {
   setToolTip(title);
   setAccessibleName(title);
 }
 
-Badge::Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidget* parent)
-    : QWidget(parent), symbol_(symbol), tone_(tone) {
-  setText(text);
+void IconButton::setSymbol(Symbol symbol, Role role) {
+  setIcon(quillery::icon(symbol, role));
+}
+
+Badge::Badge(Symbol symbol, const QString& text, QWidget* parent)
+    : QWidget(parent), symbol_(symbol), text_(text) {
+  setAccessibleName(text);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   animation_.setEasingCurve(QEasingCurve::OutCubic);
   connect(&animation_, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
@@ -92,13 +76,6 @@ Badge::Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidg
     update();
   });
   connect(&Theme::current(), &Theme::changed, this, &QWidget::updateGeometry);
-}
-
-void Badge::setText(const QString& text) {
-  text_ = text;
-  setAccessibleName(text);
-  updateGeometry();
-  update();
 }
 
 void Badge::setPresented(bool presented) {
@@ -115,26 +92,12 @@ void Badge::setPresented(bool presented) {
 
 QSize Badge::sizeHint() const {
   const QFontMetrics metrics(Theme::current().font(TextStyle::caption));
-  const int symbol = symbol_ ? grid::iconSize + grid::half : 0;
-  return {metrics.horizontalAdvance(text_) + symbol + 2 * grid::unit + 2,
+  return {metrics.horizontalAdvance(text_) + grid::iconSize + grid::half + 2 * grid::unit + 2,
           std::max(metrics.height(), grid::iconSize) + grid::unit};
 }
 
 void Badge::paintEvent(QPaintEvent*) {
   if (presence_ <= 0) return;
-  const auto [ink, fill] = [this]() -> std::pair<Role, Role> {
-    switch (tone_) {
-    case Tone::neutral:
-      return {Role::textSecondary, Role::neutralFill};
-    case Tone::success:
-      return {Role::success, Role::successFill};
-    case Tone::warning:
-      return {Role::warning, Role::warningFill};
-    case Tone::danger:
-      return {Role::danger, Role::dangerFill};
-    }
-    return {Role::text, Role::neutralFill};
-  }();
   QPainter painter(this);
   painter.setOpacity(presence_);
   if (presence_ < 1) {
@@ -144,19 +107,17 @@ void Badge::paintEvent(QPaintEvent*) {
     painter.translate(-rect().center());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
   }
-  painting::box(painter, rect(), height() / 2.0, themeColor(fill));
+  painting::box(painter, rect(), height() / 2.0, themeColor(Role::successFill));
   QRectF text = QRectF(rect()).adjusted(grid::unit + 1, 0, -grid::unit - 1, 0);
   const bool mirrored = layoutDirection() == Qt::RightToLeft;
-  if (symbol_) {
-    QRectF square(0, 0, grid::iconSize, grid::iconSize);
-    square.moveCenter(text.center());
-    mirrored ? square.moveRight(text.right()) : square.moveLeft(text.left());
-    paintSymbol(painter, *symbol_, square, themeColor(ink));
-    const double taken = grid::iconSize + grid::half;
-    mirrored ? text.adjust(0, 0, -taken, 0) : text.adjust(taken, 0, 0, 0);
-  }
+  QRectF square(0, 0, grid::iconSize, grid::iconSize);
+  square.moveCenter(text.center());
+  mirrored ? square.moveRight(text.right()) : square.moveLeft(text.left());
+  paintSymbol(painter, symbol_, square, themeColor(Role::success));
+  const double taken = grid::iconSize + grid::half;
+  mirrored ? text.adjust(0, 0, -taken, 0) : text.adjust(taken, 0, 0, 0);
   painter.setFont(Theme::current().font(TextStyle::caption));
-  painter.setPen(themeColor(ink));
+  painter.setPen(themeColor(Role::success));
   painter.drawText(text, Qt::AlignCenter | Qt::TextSingleLine, text_);
 }
 

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QToolButton>
 #include <QVariantAnimation>
-#include <optional>
 
 class QBoxLayout;
 
@@ -25,7 +24,6 @@ public:
             QWidget* parent = nullptr);
 
   void setRole(Role role);
-  void setTextStyle(TextStyle style);
 
 private:
   void follow();
@@ -55,13 +53,10 @@ class SectionHeader : public QWidget {
 public:
   explicit SectionHeader(const QString& title, QWidget* parent = nullptr);
 
-  QString title() const { return label_->text(); }
-  void setTitle(const QString& title);
   /// Puts a control at the end of the row and owns it.
   void addTrailing(QWidget* control);
 
 private:
-  TextLabel* label_;
   QBoxLayout* row_;
 };
 
@@ -71,26 +66,16 @@ class IconButton : public QToolButton {
 public:
   IconButton(Symbol symbol, const QString& title, QWidget* parent = nullptr);
 
-  Symbol symbol() const { return symbol_; }
   void setSymbol(Symbol symbol, Role role = Role::text);
-  /// The tool tip and the accessible name.
-  void setTitle(const QString& title);
-
-private:
-  Symbol symbol_;
 };
 
-/// A small pill of a few words with a symbol, such as "Saved!". Comes and goes with a short fade.
+/// A small green pill of a few words with a symbol, such as "Saved!". Comes and goes with a short
+/// fade.
 class Badge : public QWidget {
   Q_OBJECT
 public:
-  enum class Tone { neutral, success, warning, danger };
+  Badge(Symbol symbol, const QString& text, QWidget* parent = nullptr);
 
-  Badge(std::optional<Symbol> symbol, const QString& text, Tone tone, QWidget* parent = nullptr);
-
-  QString text() const { return text_; }
-  void setText(const QString& text);
-  bool isPresented() const { return presented_; }
   /// Lets it fade and grow in, or out; it takes its room in the layout in both cases.
   void setPresented(bool presented);
 
@@ -101,9 +86,8 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  std::optional<Symbol> symbol_;
+  Symbol symbol_;
   QString text_;
-  Tone tone_;
   bool presented_ = true;
   double presence_ = 1; // 0 gone, 1 there
   QVariantAnimation animation_;

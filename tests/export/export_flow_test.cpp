@@ -41,9 +41,13 @@ TEST_F(ExportFlowTest, OpensThePanelAtOnceForACompleteFont) {
   flow->exportFont();
   ASSERT_EQ(desktop.savePanels.size(), 1u) << "a second panel beside the open one";
   const SavePanelSettings& panel = desktop.savePanels.front();
-  EXPECT_EQ(panel.proposedName, "My Font");
-  EXPECT_EQ(panel.extension, "otf");
-  EXPECT_EQ(panel.formats->selected, 0u);
+  EXPECT_EQ(std::tuple(panel.message, panel.proposedName, panel.extension, panel.freeStanding,
+                       panel.folder.has_value(), panel.formats->label, panel.formats->selected),
+            std::tuple("Export font", "My Font", "otf", true, false, "Format:", 0u));
+  EXPECT_THAT(panel.formats->titles,
+              ElementsAre("OpenType (.otf)", "TrueType (.ttf)", "Web Open Font Format (.woff)",
+                          "Web Open Font Format 2 (.woff2)"));
+  EXPECT_THAT(panel.formats->extensions, ElementsAre("otf", "ttf", "woff", "woff2"));
   for (const std::size_t index : {3u, 1u, 2u, 0u, 4u}) panel.formats->changed(index);
   desktop.confirmSavePanel(std::nullopt);
   panel.formats->changed(1);

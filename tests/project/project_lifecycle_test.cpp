@@ -117,8 +117,10 @@ TEST(ProjectManager, AsksForAFileWhenThereIsNone) {
   d.desktop.saveAnswer = brush;
   d.makeStep();
   d.manager.saveProject();
-  EXPECT_EQ(d.desktop.savePanels[1].proposedName, "a/b.fontproj");
-  EXPECT_EQ(d.desktop.savePanels[1].extension, "fontproj");
+  const SavePanelSettings& panel = d.desktop.savePanels[1];
+  EXPECT_EQ(std::tuple(panel.message, panel.proposedName, panel.extension, panel.freeStanding),
+            std::tuple("Save font project", "a/b.fontproj", "fontproj", false));
+  EXPECT_FALSE(panel.folder || panel.formats);
   d.desktop.runPosted();
   EXPECT_EQ(contentOf(brush), encoded(d.project()));
   EXPECT_EQ(d.manager.projectDisplayName(), "Brush");
@@ -131,7 +133,8 @@ TEST(ProjectManager, AsksForAFileWhenThereIsNone) {
   d.desktop.runPosted();
   EXPECT_EQ(d.manager.projectDisplayName(), "Second");
   EXPECT_THAT(d.recents.recentProjects(), ElementsAre(second, brush));
-  EXPECT_EQ(d.desktop.savePanels.size(), 3U);
+  ASSERT_EQ(d.desktop.savePanels.size(), 3U);
+  EXPECT_EQ(d.desktop.savePanels[2].folder, brush.parent_path());
 }
 
 TEST(ProjectManager, KeepsItsFileWhenASaveFails) {

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QSlider>
 #include <QToolButton>
+#include <algorithm>
 
 namespace quillery {
 namespace {
@@ -28,14 +29,16 @@ QString title(GlyphSortOrder order) {
 
 GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
     : QWidget(parent), drops_(manager), cards_(new GlyphCardArea(manager, this)),
-      sortButton_(new QToolButton(this)), sizeSlider_(new QSlider(Qt::Horizontal, this)) {
+      sortButton_(new QToolButton(this)), sizeSlider_(new QSlider(Qt::Horizontal, this)),
+      header_(makeHeader()) {
   setObjectName(QStringLiteral("glyphGrid"));
   setAcceptDrops(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(makeHeader());
+  column->addWidget(header_);
   column->addWidget(cards_, 1);
+  setSortOrder(cards_->sortOrder());
   setTabOrder(sortButton_, sizeSlider_);
   setTabOrder(sizeSlider_, cards_);
 }
@@ -44,7 +47,7 @@ QWidget* GlyphGridView::makeHeader() {
   auto* header = new QWidget(this);
   auto* row = new QHBoxLayout(header);
   row->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::gap);
-  row->setSpacing(grid::unit);
+  row->setSpacing(grid::half);
 
   row->addWidget(new TextLabel(tr("Glyphs"), TextStyle::title, Role::text, header));
   row->addStretch(1);
@@ -63,9 +66,7 @@ QWidget* GlyphGridView::makeHeader() {
     connect(action, &QAction::triggered, this, [this, order] { setSortOrder(order); });
   }
   sortButton_->setMenu(menu);
-  setSortOrder(cards_->sortOrder());
   row->addWidget(sortButton_);
-  row->addSpacing(grid::unit);
 
   sizeSlider_->setObjectName(QStringLiteral("cardSize"));
   sizeSlider_->setAccessibleName(tr("Card size"));
@@ -82,8 +83,25 @@ QWidget* GlyphGridView::makeHeader() {
 }
 
 void GlyphGridView::setSortOrder(GlyphSortOrder order) {
-  sortButton_->setText(tr("Sort: ") + title(order));
   cards_->setSortOrder(order);
+  fitSortButton();
+}
+
+// The order's name gives way where the grid is narrow.
+void GlyphGridView::fitSortButton() {
+  const QString text = tr("Sort: ") + title(cards_->sortOrder());
+  sortButton_->setText(text);
+  const int lacking = header_->layout()->sizeHint().width() - width();
+  if (lacking <= 0) return;
+  const QFontMetrics metrics(sortButton_->font());
+  const int room = std::max(metrics.horizontalAdvance(text) - lacking,
+                            metrics.horizontalAdvance(QStringLiteral("…")));
+  sortButton_->setText(metrics.elidedText(text, Qt::ElideRight, room));
+}
+
+void GlyphGridView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  fitSortButton();
 }
 
 void GlyphGridView::dragEnterEvent(QDragEnterEvent* event) {

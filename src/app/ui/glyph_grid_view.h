@@ -18,17 +18,20 @@ public:
   GlyphCardArea& cards() { return *cards_; }
 
 protected:
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
 private:
   QWidget* makeHeader();
   void setSortOrder(GlyphSortOrder order);
+  void fitSortButton();
 
   SVGDropDelegate drops_;
   GlyphCardArea* cards_;
   QToolButton* sortButton_;
   QSlider* sizeSlider_;
+  QWidget* header_;
 };
 
 } // namespace quillery

@@ -142,7 +142,7 @@ void MainWindow::makeToolBar() {
   title_ = new TextLabel({}, TextStyle::headline, Role::text, bar);
   title_->setObjectName(QStringLiteral("projectTitle"));
   bar->addWidget(title_);
-  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), Badge::Tone::success, bar);
+  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), bar);
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
   savedBadge_->setPresented(manager_.showSavedBadge());
   bar->addWidget(savedBadge_);

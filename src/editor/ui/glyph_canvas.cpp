@@ -15,7 +15,8 @@ namespace {
 
 using What = ProjectChange::What;
 
-constexpr QSize kLeastSize(240, 240);
+// So narrow that the panel shows whole beside the narrowest grid in the smallest window.
+constexpr QSize kLeastSize(76, 240);
 constexpr double kNudge = 1; // font units
 constexpr double kLargeNudge = 10;
 

@@ -13,7 +13,6 @@ public:
   ElidedLabel(TextStyle style, Role role, QWidget* parent);
 
   void setFullText(const QString& text);
-  const QString& fullText() const { return full_; }
 
 protected:
   bool event(QEvent* event) override;

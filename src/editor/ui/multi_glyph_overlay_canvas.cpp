@@ -16,7 +16,8 @@ namespace {
 
 using What = ProjectChange::What;
 
-constexpr QSize kLeastSize(240, 240);
+// So narrow that the panel shows whole beside the narrowest grid in the smallest window.
+constexpr QSize kLeastSize(76, 240);
 constexpr Role kColors[] = {Role::blue,   Role::red,  Role::green, Role::purple,
                             Role::orange, Role::pink, Role::cyan,  Role::yellow};
 constexpr double kOpacity = 0.4;

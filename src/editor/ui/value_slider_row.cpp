@@ -64,10 +64,6 @@ ValueSliderRow::ValueSliderRow(const GlyphMetricInfo& info, QWidget* parent) : Q
   });
 }
 
-QString ValueSliderRow::shownText() const {
-  return readout_->text();
-}
-
 std::optional<double> ValueSliderRow::parse(const std::string& typed) const {
   return numberFormat().parse(typed);
 }

@@ -25,7 +25,6 @@ public:
 
   ValueSlider& slider() { return *slider_; }
   const ValueSlider& slider() const { return *slider_; }
-  QString shownText() const;
 
 protected:
   virtual void beginGesture(GestureKind kind) = 0;

@@ -26,8 +26,10 @@ constexpr int kSliderWidth = 120;
 constexpr int kSizeLabelWidth = 40;
 constexpr int kEditorHeight = 84;
 constexpr QSize kEditorInsets(8, 8);
-constexpr int kCharactersHeight = 200;  // at most
-constexpr int kLeastPreviewHeight = 40; // what it keeps before the characters go
+constexpr int kCharactersHeight = 200; // at most
+// What the preview keeps before the characters go, and before they have a second line.
+constexpr int kLeastPreviewHeight = 40;
+constexpr int kPreviewBesideLines = 112;
 
 QString withoutMnemonic(QString title) {
   return title.replace(QLatin1Char('&'), QStringLiteral("&&"));
@@ -188,9 +190,9 @@ QSize PreviewPanel::minimumSizeHint() const {
 
 void PreviewPanel::divideHeight() {
   const int rest = height() - header_->sizeHint().height() - 2 - kEditorHeight; // and two lines
-  const int room = std::min(kCharactersHeight, rest - kLeastPreviewHeight);
+  const int room = std::min(kCharactersHeight, rest - kPreviewBesideLines);
   const int least = charactersSection_->layout()->minimumSize().height(); // with a row of them
-  charactersSection_->setVisible(room >= least);
+  charactersSection_->setVisible(rest - kLeastPreviewHeight >= least);
   const int row = characters_->minimumSizeHint().height();
   const int frame = least - row;
   const int lines = std::max(row, (room - frame) / row * row);

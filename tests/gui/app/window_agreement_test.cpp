@@ -76,6 +76,7 @@ public:
         GlyphRecord record = drawn(name()).record();
         record.id = replaced.id();
         replaced = Glyph(record);
+        for (Glyph& glyph : list) glyph.setVerticalOffset(value);
       });
     case 3:
       manager.editGlyph(id(), [&](Glyph& g) { g.setAdvanceWidth(400 + value); });
@@ -100,7 +101,7 @@ public:
     case 10:
       return manager.toggleGlyphSelection(id());
     case 11:
-      return below(2) ? manager.selectAllGlyphs() : manager.clearSelection();
+      return below(4) ? manager.selectAllGlyphs() : manager.clearSelection();
     case 12:
       return manager.editFontInfo(
           [&](FontInfo& font) { (below(2) ? font.ascender : font.xHeight) = 500 + value; });
@@ -135,14 +136,16 @@ public:
       case 0:
         return begin(fontInfoBinding(manager, &FontInfo::capHeight), value);
       case 1:
-        metrics_.begin({id()}, {GlyphMetric::verticalOffset}, "Offset");
+        metrics_.begin({glyphs.empty() ? Uuid() : glyphs.front().id()},
+                       {GlyphMetric::verticalOffset}, "Offset");
         return metrics_.set({value});
       default:
-        kerning_.begin(pair());
+        kerning_.begin(pairs.empty() ? Uuid() : pairs.front().id);
         return kerning_.set(value - 100);
       }
     case 23:
     case 24:
+      return manager.selectAllGlyphs();
     case 25:
       if (!glyphs.empty()) manager.selectGlyph(glyphs[below(glyphs.size())].id());
       return;
@@ -243,10 +246,12 @@ private Q_SLOTS:
     other.show();
     RandomEdits edits(program, 20240607);
     program.window.resize(kWindow);
-    for (int step = 0; step < 600; ++step) {
+    for (int step = 0; step < 750; ++step) {
+      // What is looked at is what one edit has done, on top of what others did together.
+      const bool look = step % 3 == 2;
+      if (look || edits.below(2)) settle();
       edits.next();
-      if (edits.below(2)) settle();
-      if (step % 4 != 3) continue;
+      if (!look) continue;
       MainWindow fresh(program.manager, program.recent, program.exportFlow);
       fresh.resize(kWindow);
       fresh.show();

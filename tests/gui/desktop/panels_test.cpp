@@ -100,6 +100,10 @@ private Q_SLOTS:
     const auto handle = showExportPanel("Jo/Ann");
     auto* const panel = find<FilePanel>("savePanel");
     auto* const pop = panel->findChild<QComboBox*>(u"formatPopup"_s);
+    QCOMPARE(panel->windowModality(), Qt::NonModal);
+    QCOMPARE(pop->parentWidget()->size(), QSize(300, 32));
+    QCOMPARE(pop->geometry(), QRect(55, 2, 240, 28));
+    QCOMPARE(panel->findChild<QLabel*>(u"formatLabel"_s)->geometry(), QRect(0, 6, 50, 20));
     QCOMPARE(nameField(*panel)->text(), u"Jo-Ann.otf"_s);
     pop->setCurrentIndex(3);
     QCOMPARE(nameField(*panel)->text(), u"Jo-Ann.woff2"_s);

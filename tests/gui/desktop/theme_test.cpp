@@ -38,10 +38,7 @@ private Q_SLOTS:
       pairs.emplace_back(R::accentText, surface, 4.5);
     for (const auto& [text, surface] : {std::pair{R::danger, R::control},
                                         {R::textSecondary, R::selection},
-                                        {R::textSecondary, R::neutralFill},
                                         {R::success, R::successFill},
-                                        {R::warning, R::warningFill},
-                                        {R::danger, R::dangerFill},
                                         {R::tooltipText, R::tooltip},
                                         {R::canvasInk, R::canvas}})
       pairs.emplace_back(text, surface, 4.5);

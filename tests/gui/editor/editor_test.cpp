@@ -1,5 +1,6 @@
 #include "desktop/value_readout.h"
 #include "desktop/value_slider.h"
+#include "editor/canvas_mapping.h"
 #include "editor/multi_glyph.h"
 #include "editor/selection_metric_edit.h"
 #include "editor/ui/editor_area.h"
@@ -124,6 +125,43 @@ private Q_SLOTS:
     QCOMPARE(editor.glyph().scale(), 1.25);
     QTest::keyClick(canvas, Qt::Key_Left, Qt::ShiftModifier);
     QCOMPARE(editor.glyph().leftSideBearing(), 70.0);
+  }
+
+  // At a point to the unit: the baseline lies 240 points above the bottom, x = 0 at 40.
+  void theCanvasShowsTheOutlineUprightAmongItsLines() {
+    Editor editor{"A"};
+    editor.select({0});
+    auto* canvas = find<GlyphCanvas>("glyphCanvas");
+    const CanvasMapping mapping(editor.manager.currentProject(), {1080, 1080});
+    const auto pixel = [&](double x, double y) {
+      settle();
+      const QImage picture = canvas->grab().toImage();
+      const Point at = mapping.toView({x, y});
+      return picture.pixelColor(static_cast<int>(at.x), static_cast<int>(at.y));
+    };
+    const auto isInk = [&](double x, double y) {
+      return pixel(x, y) == themeColor(Role::canvasInk);
+    };
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& glyph) { // wide below, narrow above
+      glyph.placeOutline({PathCommand::moveTo({0, 0}), PathCommand::lineTo({600, 0}),
+                          PathCommand::lineTo({0, 600}), PathCommand::closePath()},
+                         {0, 0, 600, 600});
+    });
+    QVERIFY(isInk(400, 100) && !isInk(400, 450) && isInk(50, 500) && !isInk(400, -50));
+    QCOMPARE(pixel(900, 0.5), themeColor(Role::blue)); // the baseline
+    const auto labelled = [&] {
+      const Point at = guideLabels(editor.manager.currentProject(), {1080, 1080})[0].centre;
+      const QImage label = canvas->grab().toImage().copy(int(at.x) - 25, int(at.y) - 6, 50, 12);
+      int inked = 0;
+      for (int x = 0; x < label.width(); ++x)
+        for (int y = 0; y < label.height(); ++y)
+          inked += label.pixelColor(x, y).blue() > label.pixelColor(x, y).red() + 60 ? 1 : 0;
+      return inked;
+    };
+    QVERIFY2(labelled() > 20 && labelled() < 300, QByteArray::number(labelled()));
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& glyph) { glyph.placeOutline({}, {}); });
+    QVERIFY(!isInk(400, 100));
+    QCOMPARE(pixel(900, 0.5), themeColor(Role::blue));
   }
 
   // What is shown is rounded: typing it is a change, only looking at the field is none.

@@ -154,6 +154,24 @@ private Q_SLOTS:
     QVERIFY(!program.manager.canUndo());
   }
 
+  void theSpanOfTheKerningIsMarkedBesideAGlyphThatIsMissing() {
+    Program program;
+    program.manager.selectKerningPair(program.pair(1).id);
+    program.manager.editGlyphList([](auto& glyphs) { glyphs.resize(2); }); // no V
+    auto* canvas = find<KerningCanvas>("kerningCanvas");
+    const QImage before = canvas->grab().toImage();
+    program.manager.setKerningValue(program.pair(1).id, 150);
+    const auto inAccent = [&](const QImage& image) {
+      int count = 0;
+      for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+          count += image.pixelColor(x, y) == themeColor(Role::accent) ? 1 : 0;
+      return count;
+    };
+    settle();
+    QVERIFY(inAccent(canvas->grab().toImage()) > inAccent(before) + 20);
+  }
+
   void theSheetAddsThePairOfTheChosenNames() {
     Program program;
     find<QLineEdit>("pairSearch")->setText(u"T"_s);

@@ -150,15 +150,29 @@ private Q_SLOTS:
     QCOMPARE(viewport->cursor().shape(), Qt::PointingHandCursor);
     QTRY_COMPARE(watch.paints, 1);
     QVERIFY(watch.area.width() < 40 && watch.area.height() < 70);
-    QVERIFY(preview.pixel(preview.place(0)) != paper);
+    const auto highlight = [&](Role role) {
+      const QColor over = themeColor(role);
+      const auto mixed = [](int under, int top) { return (under * 4 + top + 2) / 5; };
+      return QColor(mixed(paper.red(), over.red()), mixed(paper.green(), over.green()),
+                    mixed(paper.blue(), over.blue()));
+    };
+    const auto isHighlighted = [&](Role role) {
+      settle();
+      const QColor shown = preview.pixel(preview.place(0));
+      const QColor meant = highlight(role);
+      return std::abs(shown.red() - meant.red()) < 3 &&
+             std::abs(shown.green() - meant.green()) < 3 &&
+             std::abs(shown.blue() - meant.blue()) < 3;
+    };
+    QVERIFY(isHighlighted(Role::orange));
     QTest::mouseMove(viewport, QPoint(300, 5));
     QCOMPARE(viewport->cursor().shape(), Qt::ArrowCursor);
     QCOMPARE(preview.pixel(preview.place(0)), paper);
     preview.manager.setSelectedTab(1);
     QTest::mouseMove(viewport, preview.place(0));
-    const QColor absent = preview.pixel(preview.place(0));
+    QVERIFY(isHighlighted(Role::blue)); // there is no such pair
     preview.click(0);
-    QVERIFY(preview.pixel(preview.place(0)) != absent); // green now
+    QVERIFY(isHighlighted(Role::green));
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(viewport, &leave);
     QCOMPARE(preview.pixel(preview.place(0)), paper);
