@@ -80,29 +80,10 @@ TEST(DisplayOrder, IsThatOfAFileManager) {
 }
 
 TEST(LocalizedFinder, DisregardsCaseOnly) {
-  const std::pair<std::string_view, std::string_view> found[] = {{"", ""},
-                                                                 {"", "A"},
-                                                                 {"av", "Av"},
-                                                                 {"AV", "xavx"},
-                                                                 {"é", "É"},
-                                                                 {"e\u0301", "é"},
-                                                                 {"É", "e\u0301b"},
-                                                                 {"a", "aacute"},
-                                                                 {"c", "chi"},
-                                                                 {".", "a.b"},
-                                                                 {" ", "a b"},
-                                                                 {"STRASSE", "Straße"},
-                                                                 {"ß", "grosse"},
-                                                                 {"σ", "ΟΔΟΣ"},
-                                                                 {"ς", "σ"},
-                                                                 {"ﬁ", "OFFICE fi"},
-                                                                 {"x", "\u00E9x"},
-                                                                 {"ạ̈", "Ạ\u0308"},
-                                                                 {"\u212A", "kern"},
-                                                                 {"b", "\u00E9\u0301b"},
-                                                                 {"각", "x각x"},
-                                                                 {"क", "का"},
-                                                                 {"\U00010400", "\U00010428"}};
+  const std::pair<std::string_view, std::string_view> found[] = {
+      {"", ""},        {"AV", "xavx"}, {"é", "É"},         {"É", "e\u0301b"},     {"c", "chi"},
+      {"ß", "grosse"}, {"σ", "ΟΔΟΣ"},  {"ﬁ", "OFFICE fi"}, {"x", "\u00E9x"},      {"ạ̈", "Ạ\u0308"},
+      {"각", "x각x"},  {"क", "का"},    {"\u212A", "kern"}, {"b", "\u00E9\u0301b"}};
   const std::pair<std::string_view, std::string_view> absent[] = {
       {"a", ""},        {"av", "A V"},         {"e", "é"},    {"e", "e\u0301"}, {"a", "\uFF21"},
       {"x", "x\u0304"}, {"\u0301", "e\u0301"}, {"abc", "ab"}, {"가", "각"},     {"e", "ｅ"},

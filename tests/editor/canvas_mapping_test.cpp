@@ -26,17 +26,5 @@ TEST(CanvasMapping, CentresTheEmWithFortyPointsAround) {
   EXPECT_LE(CanvasMapping(font, {60, 500}).pointsPerUnit(), 0);
 }
 
-TEST(GlyphGuides, StandAtTheMeasuresOfFontAndGlyph) {
-  const FontInfo font;
-  Glyph glyph = makeGlyph("A");
-  glyph.placeOutline({}, {100, 0, 400, 700});
-  // At 0.5 points a unit: x = 40 + fx / 2, y = 500 - (fy - 300) / 2.
-  std::string places;
-  for (const Guide& guide : glyphGuides(font, glyph, {580, 1000}))
-    places += guide.from.y == guide.to.y ? "y" + formatShortest(guide.from.y) + " "
-                                         : "x" + formatShortest(guide.from.x) + " ";
-  EXPECT_EQ(places, "y650 y400 y300 y750 y250 x40 x90 x290 x340 ");
-}
-
 } // namespace
 } // namespace quillery::test

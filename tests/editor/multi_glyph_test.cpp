@@ -29,10 +29,6 @@ struct SelectionTest : ::testing::Test {
   }
 
   const Glyph& glyph(std::size_t i) const { return d.project().glyphs[i]; }
-  std::optional<double> common(GlyphMetric metric) {
-    return commonValue(d.manager, selectedGlyphs(d.manager), metric);
-  }
-
   void set(GlyphMetric metric, double value) {
     SelectionMetricEdit edit(d.manager, metric);
     edit.begin();
@@ -44,16 +40,6 @@ struct SelectionTest : ::testing::Test {
   std::vector<Uuid> ids;
   std::vector<Glyph> before;
 };
-
-TEST_F(SelectionTest, HasACommonValueOnlyWhenAllAgreeExactly) {
-  EXPECT_THAT(selectedGlyphs(d.manager), ElementsAre(ids[0], ids[1], ids[2]));
-  EXPECT_EQ(common(GlyphMetric::leftSideBearing), std::nullopt);
-  EXPECT_EQ(common(GlyphMetric::verticalOffset), 0);
-  d.manager.toggleGlyphSelection(ids[1]);
-  EXPECT_EQ(common(GlyphMetric::leftSideBearing), 50);
-  d.manager.clearSelection();
-  EXPECT_EQ(common(GlyphMetric::leftSideBearing), std::nullopt);
-}
 
 TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
   d.manager.toggleGlyphSelection(Uuid::random()); // counts in the name
@@ -96,16 +82,6 @@ TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
     EXPECT_THAT(heard.kinds, ElementsAre(What::glyphs, What::glyphs, What::everything, What::glyphs,
                                          What::everything, What::glyphs, What::everything));
   }
-}
-
-TEST_F(SelectionTest, ComesBackAlsoWhenSomeOfItHasGone) {
-  set(GlyphMetric::verticalOffset, 5);
-  d.manager.deleteGlyph(ids[0]);
-  d.manager.undo();
-  EXPECT_EQ(glyph(0), before[1]);
-  d.manager.clearSelection();
-  set(GlyphMetric::verticalOffset, 5);
-  EXPECT_FALSE(d.manager.canUndo());
 }
 
 TEST_F(SelectionTest, TakesAStepForEveryMovementOfADragAndOneForAKeyHeldDown) {

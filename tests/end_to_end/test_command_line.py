@@ -151,13 +151,6 @@ def test_wrong_usage_is_told_and_changes_nothing(quillery, tmp_path, arguments):
     assert SAMPLE.read_bytes() == before and not list(tmp_path.iterdir())
 
 
-def test_help_and_version(quillery):
-    for command in ((), ("import",), ("export",), ("check",), ("convert",), ("metrics",), ("kern",),
-                    ("preview",)):
-        assert quillery(*command, "--help").status == 0
-    assert quillery("--version").out == ["quillery 0.1.0"]
-
-
 def test_a_closed_pipe_does_not_stop_a_save(quillery, draw, tmp_path):
     quillery("import", "p.fontproj", draw("A.svg"))
     read, write = os.pipe()

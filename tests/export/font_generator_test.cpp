@@ -116,17 +116,6 @@ TEST_F(FontGeneratorTest, TellsHowTheGenerationEnded) {
   expect("Font generator not found. The app may be corrupted.", "no script");
 }
 
-TEST_F(FontGeneratorTest, PassesOnWhatTheGeneratorPrints) {
-  for (const fs::path& program : {script, packaged}) {
-    writeProgram(program, "echo fine; printf oops >&2; exit 4");
-    ConsoleCapture console;
-    outcomeOf(folder / "font.otf");
-    EXPECT_THAT(console.text(),
-                AllOf(HasSubstr("Output: " + (folder / "font.otf").string()),
-                      HasSubstr(" stdout ===\nfine\n"), HasSubstr(" stderr ===\noops\n")));
-  }
-}
-
 TEST_F(FontGeneratorTest, MakesSeveralFontsAtOnceOfAnyName) {
   // A generator would take a bare name that begins with a dash for an option.
   writeProgram(packaged, "case $2 in /*) cat \"$1\" > \"$2\";; *) exit 5;; esac");

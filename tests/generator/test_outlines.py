@@ -13,13 +13,11 @@ import pytest
 from conftest import FORMATS, sanitize, unpacked
 from drawings import CLOSE, box, circle, curve, document, glyph, line, move
 from font_generator.charstrings import encode_charstring, encoded_number
-from font_generator.glyf import encode_glyf, quadratic_outline
 from font_generator.outlines import outline_of, reversed_contours, signed_area
 from fontTools.misc.psCharStrings import T2CharString
 from fontTools.pens.boundsPen import BoundsPen
 from fontTools.pens.momentsPen import MomentsPen
 from fontTools.pens.recordingPen import RecordingPen
-from fontTools.ttLib.tables._g_l_y_f import Glyph
 
 RING = math.pi * (300 ** 2 - 200 ** 2)
 
@@ -138,20 +136,6 @@ def test_charstrings_draw_the_rounded_drawing(reach):
         bounds = BoundsPen(None)
         recording.replay(bounds)
         assert found_box == (bounds.bounds and pytest.approx(bounds.bounds, abs=1)), seed
-
-
-@pytest.mark.parametrize("reach", [60, 1000, 16000])
-def test_glyf_entries_read_back(reach):
-    for seed in range(80):
-        outline = quadratic_outline(outline_of(wild_contours(seed, reach)), 1000)
-        read = Glyph(encode_glyf(outline))
-        read.expand(None)
-        assert read.numberOfContours == len(outline.ends)
-        if outline.ends:
-            assert list(read.coordinates) == list(zip(outline.xs, outline.ys)), seed
-            assert [flag & 1 for flag in read.flags] == [int(on) for on in outline.on_curve], seed
-            assert read.endPtsOfContours == outline.ends
-            assert (read.xMin, read.yMin, read.xMax, read.yMax) == outline.box()
 
 
 OVERLAPS = {

@@ -13,7 +13,6 @@ from drawings import box, circle, document, glyph, hard_project, pair
 from font_generator.cli import _make
 from font_generator.document import read_document
 from font_generator.errors import GeneratorError
-from font_reporter import proof, samples
 from font_reporter.cli import make_report
 from font_reporter.distances import largest_distance
 from font_reporter.facts import as_drawn, collect
@@ -106,18 +105,6 @@ def test_texts_of_a_project_stay_texts(report):
 def test_a_project_of_hardly_anything_has_a_report(report, project):
     _, html = report(project, "otf")
     assert _Page(html).open == []
-
-
-def test_long_lists_are_cut_and_say_so(report, monkeypatch):
-    for module, name, most in ((proof, "MOST_CARDS", 10), (proof, "MOST_ROWS", 20), (samples, "MOST_TILES", 5),
-                               (samples, "MOST_ROWS", 7)):
-        monkeypatch.setattr(module, name, most)
-    glyphs = [glyph(f"g{index}", chr(0x4E00 + index), box(0, 0, 99, 99)) for index in range(50)]
-    facts, html = report(document(glyphs, [pair(f"g{index}", "g1", -index) for index in range(1, 41)]))
-    assert [abs(entry.value) for entry in facts.pairs] == list(range(40, 0, -1))
-    assert html.count("<figure>") == 10
-    assert "20 more glyphs" in html and "22 further glyphs" in html
-    assert "7 more pairs" in html and "28 pairs of smaller values are left out" in html
 
 
 def test_what_can_not_be_reported_is_refused_in_one_sentence(tmp_path):

@@ -21,16 +21,6 @@ TEST(KerningCanvasMapping, PlacesBothGlyphsOnTheBaseline) {
   EXPECT_EQ(byWidth->rightToView({500, 0}), (Point{540, 1040}));
 }
 
-TEST(KerningCanvasMapping, IsNotThereWhereNothingCanBeDrawn) {
-  const Size canvas{400, 400};
-  EXPECT_FALSE(KerningCanvasMapping::make(600, 500, 0, {400, 80})) << "as low as its margins";
-  EXPECT_FALSE(KerningCanvasMapping::make(0, 0, 0, {60, 400})) << "narrow and nothing to fit";
-  EXPECT_FALSE(KerningCanvasMapping::make(kInfinity, 500, 0, canvas));
-  EXPECT_FALSE(KerningCanvasMapping::make(kInfinity, -kInfinity, 0, canvas));
-  EXPECT_GT(KerningCanvasMapping::make(0, 0, 0, canvas)->pointsPerUnit(), 0) << "no advances";
-  EXPECT_GT(KerningCanvasMapping::make(50, 40, -150, canvas)->pointsPerUnit(), 0);
-}
-
 struct KerningEditTest : ::testing::Test {
   KerningEditTest() {
     d.setGlyphs({makeGlyph("A", "A", 600), makeGlyph("V", "V", 500)});

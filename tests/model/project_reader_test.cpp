@@ -161,23 +161,17 @@ TEST(DecodeProject, RefusesMalformedValuesByPlaceAndReason) {
   const std::string path = "glyphs[0].fontPath";
   const std::tuple<const char*, const char*, std::string> rows[] = {
       {"[10, 20]", "[10]", "glyphs[0].viewBox[1]: " + point},
-      {"[10, 20]", "[10, 20, 30]", "glyphs[0].viewBox[1]: " + point},
       {"[10, 20]", "[10, null]", "glyphs[0].viewBox[1][1]: Expected a number"},
       {", [10, 20]", "", "glyphs[0].viewBox: " + box},
-      {", [10, 20]", ", [10, 20], []", "glyphs[0].viewBox: " + box},
       {"{ \"moveTo\"", "{ \"lineTo\" : {}, \"moveTo\"", path + "[0]: " + one},
-      {"{ \"moveTo\" : { \"_0\" : [1, 2] } }", "{}", path + "[0]: " + one},
-      {"{ \"moveTo\" : { \"_0\" : [1, 2] } }", "7", path + "[0]: Expected a path command object"},
       {"moveTo", "MoveTo", path + "[0]: Unknown path command \"MoveTo\""},
       {"{ \"_0\" : [1, 2] }", "[1, 2]", path + "[0].moveTo: Expected an object with the points"},
       {"\"_0\" : [1, 2]", "\"_1\" : [1, 2]", path + "[0].moveTo: The point \"_0\" is missing"},
       {"[5, 6]", "[5, \"6\"]", path + "[1].curveTo._1[1]: Expected a number"},
-      {"\"fontPath\" : [", "\"fontPath\" : 0, \"x\" : [", path + ": Expected an array"},
       {"\"glyphs\" : [", "\"glyphs\" : {}, \"x\" : [", "glyphs: Expected an array"},
       {"\"glyphs\" : [", "\"glyphs\" : [ 5,", "glyphs[0]: Expected a glyph object"},
       {"1000,", "1000.5,", "unitsPerEm: Expected a whole number"},
       {"1000,", "9223372036854775808,", "unitsPerEm: Expected a whole number"},
-      {"1000,", "-9223372036854775809,", "unitsPerEm: Expected a whole number"},
       {"5A1F0B7C-", "5A1F0B7C", "glyphs[0].id: Malformed UUID"}};
   for (const auto& [from, to, expected] : rows)
     EXPECT_EQ(decodingError(replaced(kDocument, from, to)), expected) << from << " became " << to;

@@ -1,4 +1,3 @@
-#include "project/undoable_edit.h"
 #include "support/document.h"
 #include "support/testing.h"
 
@@ -7,9 +6,8 @@ namespace {
 
 // What every control that types or drags relies on, told on the height of the small letters.
 struct OpenEditTest : ::testing::Test {
-  OpenEditTest() {
-    d.setGlyphs({makeGlyph("A")});
-    edit.begin();
+  OpenEdit begin(const char* name) {
+    return d.manager.beginEdit(name, std::make_unique<ValueStep<double>>(binding, binding.get()));
   }
   double height() const { return d.project().xHeight; }
   void set(double value) { binding.set(value); }
@@ -19,12 +17,10 @@ struct OpenEditTest : ::testing::Test {
   ValueBinding<double> binding = {
       [this] { return d.project().xHeight; },
       [this](double value) { d.manager.editFontInfo([=](FontInfo& f) { f.xHeight = value; }); }};
-  UndoableEdit<double> edit{d.manager, binding, "First"};
-  UndoableEdit<double> other{d.manager, binding, "Second"};
+  OpenEdit edit = begin("First");
 };
 
 TEST_F(OpenEditTest, IsOneStepFromItsBeginningToItsEnd) {
-  edit.begin(); // is open already
   EXPECT_FALSE(d.manager.canUndo());
   for (const double value : {510, 520, 530}) set(value);
   EXPECT_TRUE(d.manager.canUndo() && !isStep());
@@ -41,21 +37,19 @@ TEST_F(OpenEditTest, LeavesNoStepWhenTheValueIsWhatItWas) {
   set(510);
   set(500);
   edit.end();
-  edit.begin();
+  edit = begin("Cancelled");
   set(kNan);
-  edit.restore(); // stays open
+  edit.cancel();
   EXPECT_EQ(height(), 500);
-  EXPECT_TRUE(edit.isOpen());
-  edit.end();
   d.manager.editFontInfo([](FontInfo& font) { font.xHeight = kNan; });
-  edit.begin();
+  edit = begin("Looked at");
   edit.end();
   EXPECT_FALSE(isStep());
 }
 
 TEST_F(OpenEditTest, EndsBeforeWhateverNeedsTheHistory) {
   set(510);
-  other.begin();
+  OpenEdit other = begin("Second");
   EXPECT_FALSE(edit.isOpen());
   set(520);
   d.manager.undo(); // takes back what is being changed
@@ -65,14 +59,15 @@ TEST_F(OpenEditTest, EndsBeforeWhateverNeedsTheHistory) {
   EXPECT_TRUE(d.manager.canRedo());
   d.manager.undo();
   EXPECT_EQ(height(), 500);
-  edit.begin();
+  d.setGlyphs({makeGlyph("A")});
+  edit = begin("First");
   set(510);
   d.manager.selectAllGlyphs();
   d.manager.deleteSelectedGlyphs();
   d.manager.undo();
   EXPECT_EQ(glyphNames(d.project()), "A");
   EXPECT_EQ(d.manager.undoManager().undoActionName(), "First");
-  edit.begin();
+  edit = begin("First");
   d.manager.newProject();
   set(520);
   edit.end();

@@ -24,10 +24,6 @@ TEST(ProjectManager, OpensTheFileThatThePanelAnswers) {
   EXPECT_EQ(d.manager.projectDisplayName(), "Brush.v2");
   EXPECT_FALSE(d.manager.undoManager().canUndo());
   EXPECT_THAT(d.recents.recentProjects(), ElementsAre(file));
-  d.desktop.openAnswer.clear();
-  d.manager.openProject();
-  d.desktop.runPosted();
-  EXPECT_EQ(d.manager.currentProjectURL(), file);
   d.manager.newProject();
   EXPECT_EQ(d.manager.projectDisplayName(), "Untitled");
   EXPECT_THAT(d.project().glyphs, IsEmpty());
@@ -135,24 +131,6 @@ TEST(ProjectManager, AsksForAFileWhenThereIsNone) {
   EXPECT_THAT(d.recents.recentProjects(), ElementsAre(second, brush));
   ASSERT_EQ(d.desktop.savePanels.size(), 3U);
   EXPECT_EQ(d.desktop.savePanels[2].folder, brush.parent_path());
-}
-
-TEST(ProjectManager, KeepsItsFileWhenASaveFails) {
-  Document d;
-  const auto file = d.projectFile("Brush.fontproj", "a");
-  ASSERT_TRUE(d.manager.loadProject(file));
-  const auto elsewhere = d.folder / "no/folder.fontproj";
-  d.desktop.saveAnswer = elsewhere;
-  d.manager.saveProjectAs();
-  d.desktop.runPosted();
-  d.desktop.runPosted();
-  ASSERT_EQ(d.desktop.alerts.size(), 1U);
-  EXPECT_EQ(d.desktop.alerts[0].title, "Save Failed");
-  EXPECT_EQ(d.desktop.alerts[0].message,
-            "Could not save project: " + elsewhere.string() + ": No such file or directory");
-  EXPECT_EQ(d.manager.currentProjectURL(), file);
-  EXPECT_FALSE(d.manager.showSavedBadge());
-  EXPECT_THAT(d.recents.recentProjects(), ElementsAre(file));
 }
 
 TEST(ProjectManager, ShowsTheSavedBadgeForTwoSecondsAfterTheLastSave) {

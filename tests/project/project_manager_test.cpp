@@ -100,21 +100,6 @@ TEST(Selection, TakesRangesInTheDisplayedOrderAndAllInTheStoredOne) {
   EXPECT_EQ(d.selection(), ":");
 }
 
-// Ids may be handed over from where the operation itself changes them.
-TEST(Selection, TakesIdsOutOfItself) {
-  FourGlyphs d;
-  d.manager.selectAllGlyphs();
-  d.manager.selectGlyph(*d.manager.selectedGlyphIds().begin());
-  ASSERT_EQ(d.manager.selectedGlyphIds().size(), 1U);
-  const Uuid id = *d.manager.selectedGlyphIds().begin();
-  d.manager.toggleGlyphSelection(*d.manager.selectedGlyphIds().begin());
-  EXPECT_THAT(d.manager.selectedGlyphIds(), IsEmpty());
-  EXPECT_EQ(d.manager.lastSelectedGlyphId(), id);
-  d.manager.selectAllGlyphs();
-  d.manager.deleteGlyph(d.project().glyphs[1].id());
-  EXPECT_EQ(d.selection(), "ACD:D");
-}
-
 TEST(Deletion, OfTheSelectionIsOneStepWithoutRedo) {
   FourGlyphs d;
   d.manager.editKerningList([](auto& pairs) { pairs = {makePair("A", "D")}; });

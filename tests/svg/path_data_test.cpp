@@ -102,23 +102,6 @@ TEST(ReadPlainPath, AgreesWithTheReadersOfOutlineAndViewBox) {
     EXPECT_FALSE(readPlainPath(data)) << data;
 }
 
-TEST(ParsePathData, ReadsEveryNumberToTheBit) {
-  std::mt19937_64 random(7);
-  std::string data = "L";
-  std::vector<double> numbers;
-  for (int i = 0; i < 2000; ++i) {
-    char digits[64];
-    std::snprintf(digits, sizeof(digits), "%.17f",
-                  static_cast<double>(random() >> 11) / std::exp2(random() % 60));
-    numbers.push_back(std::strtod(digits, nullptr));
-    data += digits + std::string(random() % 2 == 0 ? "," : "  ");
-  }
-  const PlacedCommands commands = SVGParser::readPath(data).outline.commands();
-  ASSERT_EQ(commands.size(), numbers.size() / 2);
-  for (std::size_t i = 0; i < numbers.size(); i += 2)
-    ASSERT_EQ(commands[i / 2], PathCommand::lineTo({numbers[i], numbers[i + 1]}));
-}
-
 TEST(ConvertToFontCoordinates, PutsTheBottomOfTheDrawingOnTheBaseline) {
   const auto placed = PathConverter::convertToFontCoordinates("M10 20 L30 120 C40 0 50 130 20 60Z",
                                                               {10, 20, 40, 100}, 2048);

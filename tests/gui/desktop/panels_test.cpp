@@ -67,16 +67,6 @@ private Q_SLOTS:
         (files == std::vector<fs::path>{path("a.svg").toStdString(), path("B.SVG").toStdString()}));
   }
 
-  void aCancelledPanelAnswersWithNothing() {
-    std::vector<fs::path> files = {"unchanged"};
-    desktop_->showOpenPanel({"Open", false, "fontproj"}, [&](auto chosen) { files = chosen; });
-    QTest::keyClick(find<FilePanel>("openPanel"), Qt::Key_Escape);
-    QVERIFY(files.empty());
-    showSavePanel(kProject);
-    QTest::keyClick(find<FilePanel>("savePanel"), Qt::Key_Escape);
-    QVERIFY(answered_ && !chosen_);
-  }
-
   void aSavePanelEnforcesTheExtension() {
     const std::pair<const char*, const char*> rows[] = {{"Brush", "Brush.fontproj"},
                                                         {"Brush.fontproj", "Brush.fontproj"},
@@ -137,13 +127,6 @@ private Q_SLOTS:
     QCOMPARE(QString::fromStdString(chosen_->string()), path("Old.ttf"));
   }
 
-  void proposedNamesCanStandInAFolder() {
-    QCOMPARE(usableFileName(u" ../a/b\n "_s), u"-a-b"_s);
-    QCOMPARE(usableFileName(u"\u00E9"_s.repeated(300)).toUtf8().size(), 200);
-    showSavePanel({"", ".fontproj", "fontproj", std::nullopt});
-    QCOMPARE(nameField(*find<FilePanel>("savePanel"))->text(), u"Untitled.fontproj"_s);
-  }
-
   void anAlertAnswersWithTheButtonPressed() {
     struct Row {
       const char* name;
@@ -168,27 +151,6 @@ private Q_SLOTS:
       QTRY_VERIFY2(answers.size() == 1 && answers[0] == answer, name);
       QTRY_VERIFY(!find<AlertSheet>("alert"));
     }
-  }
-
-  void alertsStackAndShowLongMessages() {
-    std::string message = "Found:\n\n🔴 Missing <space>\nText.\n";
-    for (int i = 0; i < 200; ++i) message += "line " + std::to_string(i) + "\n";
-    std::vector<int> order;
-    desktop_->showAlert({"First", message, Alert::Style::informational, {"OK"}},
-                        [&](auto) { order.push_back(1); });
-    auto* const first = find<AlertSheet>("alert");
-    QVERIFY(first->height() < 600);
-    const auto* const text = first->findChild<QTextEdit*>(u"alertMessage"_s);
-    QVERIFY(text->toPlainText().contains("Missing <space>"_L1));
-    QVERIFY(!text->toPlainText().contains(u"🔴"_s));
-    QVERIFY(text->verticalScrollBar()->maximum() > 0);
-    first->setObjectName("first");
-    desktop_->showAlert({"Second", "", Alert::Style::critical, {"OK"}},
-                        [&](auto) { order.push_back(2); });
-    find<AlertSheet>("alert")->reject();
-    QTRY_COMPARE(order, std::vector<int>{2});
-    first->reject();
-    QTRY_COMPARE(order, (std::vector<int>{2, 1}));
   }
 
 private:

@@ -1,10 +1,8 @@
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"
 
-#include <QDesktopServices>
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QUrl>
 #include <atomic>
 #include <thread>
 
@@ -45,21 +43,6 @@ private Q_SLOTS:
     }
   }
 
-  void postedWorkRunsInOrderOnTheMainThread() {
-    QtDesktop desktop({});
-    std::vector<int> order[3];
-    constexpr int kPieces = 200;
-    for (auto& own : order)
-      desktop.runInBackground([&] {
-        for (int i = 0; i < kPieces; ++i) desktop.postToMain([&, i] { own.push_back(i); });
-      });
-    QVERIFY(order[0].empty()); // never at once
-    for (const auto& own : order) {
-      QTRY_COMPARE(own.size(), std::size_t(kPieces));
-      QVERIFY(std::is_sorted(own.begin(), own.end()));
-    }
-  }
-
   void aDesktopThatGoesWaitsForItsThreadsAndDropsWhatTheyPost() {
     bool ran = false;
     std::atomic<bool> worked = false;
@@ -91,19 +74,6 @@ private Q_SLOTS:
     QVERIFY(!itself);
   }
 
-  void onlyAddressesOfPagesAreOpened() {
-    QDesktopServices::setUrlHandler(u"https"_s, this, "open");
-    QtDesktop desktop({});
-    QVERIFY(desktop.openWebPage("https://quillery.example/help?a=b#c"));
-    QVERIFY(!desktop.openWebPage("not an address"));
-    QVERIFY(!desktop.openWebPage(""));
-    QDesktopServices::unsetUrlHandler(u"https"_s);
-    QCOMPARE(opened_, QList<QUrl>{QUrl(u"https://quillery.example/help?a=b#c"_s)});
-  }
-
-public Q_SLOTS:
-  void open(const QUrl& url) { opened_ << url; }
-
 private:
   QtDesktop::Places placesIn(const char* name) const {
     QtDesktop::Places places;
@@ -112,7 +82,6 @@ private:
   }
 
   QTemporaryDir folder_;
-  QList<QUrl> opened_;
 };
 
 int main(int argc, char** argv) {

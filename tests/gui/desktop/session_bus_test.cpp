@@ -28,16 +28,6 @@ public Q_SLOTS:
   }
 };
 
-class FakeFileManager : public QObject {
-  Q_OBJECT
-  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-public:
-  QStringList shown;
-
-public Q_SLOTS:
-  void ShowItems(const QStringList& items, const QString&) { shown << items; }
-};
-
 class SessionBusTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
@@ -76,28 +66,6 @@ private Q_SLOTS:
     announce("accent-color", 2);
     announce("color-scheme", 0); // no preference: the palette that the application came with
     QTRY_COMPARE(theme.scheme(), ColorScheme::light);
-  }
-
-  void theEnvironmentOverridesTheDesktop() {
-    qputenv("QUILLERY_THEME", "light");
-    {
-      const Theme theme(*qobject_cast<QApplication*>(QCoreApplication::instance()));
-      QCOMPARE(theme.scheme(), ColorScheme::light);
-    }
-    qunsetenv("QUILLERY_THEME");
-  }
-
-  void theFileManagerIsGivenAnEncodedAddress() {
-    FakeFileManager manager;
-    QVERIFY(desktopBus_->registerObject(u"/org/freedesktop/FileManager1"_s, &manager,
-                                        QDBusConnection::ExportAllSlots));
-    QVERIFY(desktopBus_->registerService(u"org.freedesktop.FileManager1"_s));
-    QtDesktop desktop({});
-    desktop.revealFile("/tmp/with space, ü #1/My Font.otf");
-    QTRY_COMPARE(manager.shown,
-                 QStringList{u"file:///tmp/with%20space%2C%20%C3%BC%20%231/My%20Font.otf"_s});
-    desktopBus_->unregisterService(u"org.freedesktop.FileManager1"_s);
-    desktopBus_->unregisterObject(u"/org/freedesktop/FileManager1"_s);
   }
 
   void withoutAFileManagerTheFolderIsOpened() {

@@ -48,25 +48,6 @@ private Q_SLOTS:
                  pairName(int(text), int(surface), scheme));
   }
 
-  void whatIsDisabledLooksDisabledAndIsReadable() {
-    using P = QPalette;
-    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-      const QPalette palette = Theme::palette(scheme);
-      for (const auto& [text, surface] : {std::pair{P::WindowText, P::Window},
-                                          {P::Text, P::Base},
-                                          {P::ButtonText, P::Button},
-                                          {P::HighlightedText, P::Highlight}}) {
-        const auto ratio = [&, t = text, s = surface](P::ColorGroup group) {
-          return contrast(palette.color(group, t), palette.color(group, s));
-        };
-        const double disabled = ratio(P::Disabled);
-        QVERIFY2(ratio(P::Inactive) == ratio(P::Active) && disabled >= 1.7 &&
-                     disabled < ratio(P::Active) - 1,
-                 pairName(text, surface, scheme));
-      }
-    }
-  }
-
   void widgetsAndIconsFollowASwitchAtOnce() {
     Theme& theme = Theme::current();
     theme.setOverride(ColorScheme::light);
