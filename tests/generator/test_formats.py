@@ -139,21 +139,6 @@ def test_a_font(fonts, extension, check):
     check(TTFont(fonts[extension]))
 
 
-def test_woff_and_woff2_unpack_to_the_ttf(fonts):
-    plain = TTFont(fonts["ttf"])
-    for extension in ("woff", "woff2"):
-        packed = TTFont(fonts[extension])
-        assert set(packed.keys()) == set(plain.keys())
-        for tag in set(plain.keys()) - {"GlyphOrder", "head", "loca", "glyf", "hmtx"}:
-            assert packed.getTableData(tag) == plain.getTableData(tag), (extension, tag)
-        assert packed["hmtx"].metrics == plain["hmtx"].metrics
-        for name in plain.getGlyphOrder():
-            (points, ends, flags), (same_points, same_ends, same_flags) = [
-                font["glyf"][name].getCoordinates(font["glyf"]) for font in (plain, packed)]
-            assert (points, ends) == (same_points, same_ends), (extension, name)
-            assert [flag & 1 for flag in flags] == [flag & 1 for flag in same_flags], (extension, name)
-
-
 def test_the_same_project_gives_the_same_bytes_and_the_date_can_be_given(generate):
     dated = os.environ | {"SOURCE_DATE_EPOCH": "86400"}
     for extension in FORMATS:

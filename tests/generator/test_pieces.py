@@ -9,7 +9,6 @@ from font_generator import pieces
 from font_generator.document import read_document
 from font_generator.errors import GeneratorError
 from font_generator.formats import FORMATS, encoder_for
-from font_generator.workers import beside
 
 GLYPHS = [glyph(f'g{index} é "}},{{', chr(0x4E00 + index), box(0, 0, index + 1, 9) + circle(90, 90, 50.5))
           for index in range(60)]
@@ -67,13 +66,3 @@ def test_faults_in_pieces_are_told_as_of_the_whole(read, fault):
         read(text)
     assert str(found.value) == str(expected.value)
 
-
-def test_a_second_process_that_fails_gives_nothing(capfd):
-    def fail():
-        raise ValueError("not told")
-
-    assert beside(lambda: [1, 2])() == [1, 2]
-    assert beside(fail)() is None
-    assert beside(lambda: lambda: 1)() is None  # what can't be sent
-    assert beside(lambda: bytes(1 << 20))() == bytes(1 << 20)
-    assert "not told" not in capfd.readouterr().out

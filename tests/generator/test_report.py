@@ -14,7 +14,6 @@ from font_generator.cli import _make
 from font_generator.document import read_document
 from font_generator.errors import GeneratorError
 from font_reporter.cli import make_report
-from font_reporter.distances import largest_distance
 from font_reporter.facts import as_drawn, collect
 
 
@@ -29,28 +28,6 @@ def report(tmp_path):
         facts = collect(read_document(str(source), lambda units_per_em: as_drawn), str(font))
         return facts, page.read_text(encoding="utf-8")
     return run
-
-
-SQUARE = [[(0, 0), (100, 0), (100, 100), (0, 100)]]
-# Drawing, exported outline and their largest distance.
-APART = {
-    "the same": (SQUARE, SQUARE, 0),
-    "a corner moved": (SQUARE, [[(0, 0), (100, 0), (103, 104), (0, 100)]], 5),
-    "a piece missing": (SQUARE + [[(200, 0), (210, 0), (210, 10)]], SQUARE, math.hypot(110, 0)),
-    "nothing exported": (SQUARE, [], math.inf),
-    "nothing at all": ([[(5, 5)]], [], 0),
-    "a parabola as cubic": ([[(0, 0), (40, 80, 80, 80, 120, 0)]], [[(0, 0), (60, 120, 120, 0)]], 0),
-}
-
-
-@pytest.mark.parametrize("name", APART)
-def test_outlines_are_as_far_apart_as_they_look(name):
-    drawing, exported, expected = APART[name]
-    for one, other in ((drawing, exported), (exported, drawing)):
-        assert largest_distance(one, other, 1000).length == pytest.approx(expected, rel=0.01, abs=0.06)
-    scaled = [[[tuple(16 * value for value in points) for points in contour] for contour in outline]
-              for outline in (drawing, exported)]
-    assert largest_distance(*scaled, 16000).length == pytest.approx(16 * expected, rel=0.01, abs=1)
 
 
 @pytest.mark.parametrize("extension", FORMATS)

@@ -124,21 +124,16 @@ TEST_F(ImportTest, AnImportInTheBackgroundGivesWayToWhatHappensMeanwhile) {
 
   startImport(d.manager, files);
   d.manager.editFontInfo([](FontInfo& info) { info.unitsPerEm = 2000; });
-  double progress = 0;
-  int notices = 0;
+  std::vector<double> progress;
   {
     const auto watching = d.manager.changed.connect([&](const ProjectChange& change) {
-      if (change.what != ProjectChange::What::imports || isOver()) return;
-      ++notices;
-      const double now = d.manager.imports()[0]->progress();
-      EXPECT_GE(now, progress);
-      progress = now;
+      if (change.what == ProjectChange::What::imports && !isOver())
+        progress.push_back(d.manager.imports()[0]->progress());
     });
     d.desktop.runUntil(isOver);
   }
-  EXPECT_GT(progress, 0);
-  EXPECT_LE(progress, 1);
-  EXPECT_LE(notices, 101) << "fewer than drawings";
+  EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()) && progress.back() <= 1);
+  EXPECT_LE(progress.size(), 101U) << "fewer than drawings";
   ASSERT_EQ(d.project().glyphs.size(), 400U);
   EXPECT_EQ(d.manager.firstGlyphNamed("g7")->boundingBox().height, 2000);
   EXPECT_EQ(d.manager.lastSelectedGlyphId(), d.manager.firstGlyphNamed("g399")->id());
@@ -155,9 +150,8 @@ TEST_F(ImportTest, AnImportInTheBackgroundGivesWayToWhatHappensMeanwhile) {
   d.desktop.runUntil(isOver);
   EXPECT_EQ(glyphNames(d.project()), "g0");
   // Copies that were under way when the import was cancelled are removed by their own threads.
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-  while (!fs::is_empty(d.folder / "staging") && std::chrono::steady_clock::now() < deadline)
-    std::this_thread::yield();
+  for (int i = 0; i < 20'000 && !fs::is_empty(staging); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
   EXPECT_TRUE(fs::is_empty(staging));
 }
 
