@@ -89,8 +89,7 @@ const Situation kSituations[] = {
 TEST(FileReplacement, LeavesTheOldContentWhicheverCallFails) {
   for (const Situation& situation : kSituations) {
     for (const int code : {EIO, ENOSPC}) {
-      for (const std::string& content :
-           {std::string("new"), std::string(5000, 'n'), std::string()}) {
+      for (const std::string& content : {std::string(5000, 'n'), std::string()}) {
         bool reachedTheEnd = false;
         for (int n = 1; n < 100 && !reachedTheEnd; ++n) {
           const TemporaryFolder folder;

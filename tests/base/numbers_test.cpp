@@ -43,7 +43,7 @@ TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
   std::mt19937 random(1);
   constexpr std::string_view kAlphabet = "0123456789012345678900..eE+-";
   int numbers = 0;
-  for (int i = 0; i < 100'000; ++i) {
+  for (int i = 0; i < 50'000; ++i) {
     std::string token(random() % 24, ' ');
     for (char& c : token) c = kAlphabet[random() % kAlphabet.size()];
     const auto number = parseDecimal(token);
@@ -52,7 +52,7 @@ TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
     ++numbers;
     ASSERT_EQ(bits(*number), bits(std::strtod(token.c_str(), nullptr))) << token;
   }
-  EXPECT_GT(numbers, 1000);
+  EXPECT_GT(numbers, 500);
 }
 
 TEST(FormatShortest, WritesOrdinaryMagnitudesPlainly) {
@@ -87,7 +87,7 @@ void expectShortestRoundTrip(double value) {
 
 TEST(FormatShortest, ReadsBackToTheSameBitsWithTheFewestDigits) {
   std::mt19937_64 random(2);
-  for (int i = 0; i < 50'000; ++i) {
+  for (int i = 0; i < 25'000; ++i) {
     const auto any = std::bit_cast<double>(random());
     if (std::isfinite(any)) expectShortestRoundTrip(any);
     // Subnormal numbers, and numbers of few decimals around the sizes of fonts.

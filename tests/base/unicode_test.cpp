@@ -48,13 +48,6 @@ TEST(Characters, OfPlainTextAreTheSameOnTheQuickRoad) {
   }
 }
 
-TEST(Spaces, AreTrimmedButForLineBreaks) {
-  EXPECT_EQ(trimSpaces(" \t5 6\t "), "5 6");
-  EXPECT_EQ(trimSpaces("\u00A0 é \u3000"), "é");
-  EXPECT_EQ(trimSpaces("\n5\n"), "\n5\n");
-  EXPECT_EQ(trimSpaces("\u2003 \t"), "");
-}
-
 TEST(NameOrder, IsByScalarsAfterComposition) {
   const std::string_view ordered[] = {"",  ".notdef", "A",      "AE",     "B",
                                       "a", "a.alt",   "\u00C4", "\uFFFD", "😀"};

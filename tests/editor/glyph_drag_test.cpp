@@ -90,24 +90,6 @@ TEST_F(DragTest, StopsAtTheLimitsUnderTheNameOfWhatItChanged) {
   }
 }
 
-TEST_F(DragTest, ThatChangesNothingRegistersNothing) {
-  press(MouseButton::left);
-  canvas.release();
-  press(MouseButton::middle);
-  move(0, -200);
-  move(0, 0);
-  canvas.release();
-  move(50, 50); // no button is down
-  // Canvases that show nothing.
-  for (const Size size : {Size{60, 900}, Size{900, 80}, Size{0, 0}, Size{NAN, 900}}) {
-    press(MouseButton::left);
-    canvas.drag({500, 500}, size);
-    EXPECT_EQ(now(), before) << size.width << " x " << size.height;
-    canvas.release();
-  }
-  EXPECT_FALSE(d.manager.canUndo());
-}
-
 // Movements too small to resize the outline one by one add up.
 TEST_F(DragTest, ResizesAlsoByTinyMovements) {
   press(MouseButton::middle);

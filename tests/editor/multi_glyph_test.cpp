@@ -1,5 +1,4 @@
 #include "editor/multi_glyph.h"
-#include "editor/overlay_mapping.h"
 #include "editor/selection_metric_edit.h"
 #include "support/document.h"
 #include "support/testing.h"
@@ -167,18 +166,6 @@ TEST_F(SelectionTest, KeepsNoCopyOfItsGlyphsForEveryStep) {
   EXPECT_LT(d.manager.undoManager().size(), afterOne + 39 * 200);
   for (int i = 0; i < 40; ++i) d.manager.undo();
   EXPECT_EQ(d.project().glyphs, before);
-}
-
-TEST(OverlayMapping, SharesOneOriginAndFillsTheHeight) {
-  const FontInfo font; // 800 to -200
-  const OverlayMapping mapping(font, {1000, 600});
-  EXPECT_EQ(mapping.pointsPerUnit(), 0.5);
-  EXPECT_EQ(mapping.toView({0, -200}), (Point{150, 550}));
-  EXPECT_EQ(mapping.toView({100, 800}), (Point{200, 50}));
-  std::string heights;
-  for (const Guide& guide : overlayGuides(font, {1000, 600}))
-    heights += std::to_string(static_cast<int>(guide.from.y)) + " ";
-  EXPECT_EQ(heights, "450 200 100 50 550 0 ");
 }
 
 } // namespace

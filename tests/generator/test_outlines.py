@@ -1,9 +1,8 @@
-"""Outlines in both flavours: the same ink as drawn, and bytes as fontTools' slow road reads them."""
+"""Outlines in both flavours: the same ink as drawn, and tables that fontTools reads."""
 
 import io
 import json
 import math
-import random
 import re
 from itertools import chain
 from pathlib import Path
@@ -12,11 +11,6 @@ import freetype
 import pytest
 from conftest import FORMATS, sanitize, unpacked
 from drawings import CLOSE, box, circle, curve, document, glyph, line, move
-from font_generator.charstrings import encode_charstring, encoded_number
-from font_generator.outlines import outline_of, reversed_contours, signed_area
-from fontTools.misc.psCharStrings import T2CharString
-from fontTools.pens.boundsPen import BoundsPen
-from fontTools.pens.momentsPen import MomentsPen
 from fontTools.pens.recordingPen import RecordingPen
 
 RING = math.pi * (300 ** 2 - 200 ** 2)
@@ -73,69 +67,6 @@ def test_what_a_drawing_leaves_out_is_read_by_the_table(make, extension):
     for index, (name, (_, contours)) in enumerate(TABLE.items()):
         assert drawing(2 * index) == drawing(2 * index + 1), name
         assert (drawing(2 * index) == []) == (contours == ""), name
-
-
-def wild_contours(seed, reach=2000, curves=0.6):
-    """Contours with everything that rounding and encoding has to get right."""
-    pick = random.Random(seed)
-
-    def number():
-        return pick.choice([pick.randrange(-reach, reach), pick.uniform(-reach, reach), 0, 0.5])
-
-    contours = []
-    for _ in range(pick.randrange(1, 4)):
-        contour = [(number(), number())]
-        for _ in range(pick.choice([0, 1, 2, 9, 60])):
-            x, y = contour[-1][-2:]
-            end = pick.choice([(number(), y), (x, number()), (number(), number()), (x, y)])
-            if pick.random() < curves:
-                first = pick.choice([(x, number()), (number(), y), (number(), number()), (x, y)])
-                second = pick.choice([(end[0], number()), (number(), end[1]), (number(), number()), end])
-                contour.append(first + second + end)
-            else:
-                contour.append(end)
-        contours.append(contour)
-    return contours
-
-
-def draw(contours, pen, rounded=False):
-    for contour in contours:
-        points = [[(number, math.floor(number + 0.5))[rounded] for number in segment] for segment in contour]
-        pen.moveTo(tuple(points[0]))
-        for point in points[1:]:
-            if len(point) == 2:
-                pen.lineTo(tuple(point))
-            else:
-                pen.curveTo(*zip(point[0::2], point[1::2]))
-        pen.closePath()
-    return pen
-
-
-def shape_of(pen):
-    """Area and moments: equal for equal shapes, and hardly ever for others."""
-    return [getattr(pen, name) for name in ("area", "momentX", "momentY", "momentXX", "momentXY", "momentYY")]
-
-
-@pytest.mark.parametrize("reach", [60, 1000, 16000])
-def test_charstrings_draw_the_rounded_drawing(reach):
-    class Private:
-        nominalWidthX, defaultWidthX = 600, 0
-
-    for seed in range(80):
-        contours = wild_contours(seed, reach)
-        data, found_box = encode_charstring(outline_of(contours))
-        data = encoded_number(-17) + data
-        turned = reversed_contours(contours) if signed_area(contours) < 0 else contours
-        charstring = T2CharString(bytecode=data, private=Private, globalSubrs=[])
-        read, recording = MomentsPen(), RecordingPen()
-        charstring.draw(recording)
-        recording.replay(read)
-        expected = shape_of(draw(turned, MomentsPen(), rounded=True))
-        assert shape_of(read) == pytest.approx(expected, rel=1e-6, abs=reach), seed
-        assert charstring.width == 583
-        bounds = BoundsPen(None)
-        recording.replay(bounds)
-        assert found_box == (bounds.bounds and pytest.approx(bounds.bounds, abs=1)), seed
 
 
 OVERLAPS = {

@@ -1,25 +1,9 @@
-#include "kerning/kerning_canvas_mapping.h"
 #include "kerning/kerning_drag.h"
 #include "support/document.h"
 #include "support/testing.h"
 
 namespace quillery::test {
 namespace {
-
-TEST(KerningCanvasMapping, PlacesBothGlyphsOnTheBaseline) {
-  // 1080 points of height give one point a unit; the width would give more.
-  const auto byHeight = KerningCanvasMapping::make(600, 500, -80, {2080, 1080});
-  ASSERT_TRUE(byHeight);
-  EXPECT_EQ(byHeight->pointsPerUnit(), 1);
-  EXPECT_EQ(byHeight->leftToView({10, 100}), (Point{50, 940}));
-  EXPECT_EQ(byHeight->rightToView({10, 100}), (Point{570, 940}));
-  EXPECT_EQ(byHeight->marker()[0], (KerningCanvasMapping::Line{{640, 540}, {560, 540}}));
-
-  const auto byWidth = KerningCanvasMapping::make(600, 500, -100, {580, 1080});
-  ASSERT_TRUE(byWidth);
-  EXPECT_EQ(byWidth->pointsPerUnit(), 0.5);
-  EXPECT_EQ(byWidth->rightToView({500, 0}), (Point{540, 1040}));
-}
 
 struct KerningEditTest : ::testing::Test {
   KerningEditTest() {

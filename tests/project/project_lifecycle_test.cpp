@@ -133,24 +133,6 @@ TEST(ProjectManager, AsksForAFileWhenThereIsNone) {
   EXPECT_EQ(d.desktop.savePanels[2].folder, brush.parent_path());
 }
 
-TEST(ProjectManager, ShowsTheSavedBadgeForTwoSecondsAfterTheLastSave) {
-  Document d;
-  int announced = 0;
-  const auto listening = d.manager.changed.connect([&](const ProjectChange& change) {
-    announced += change.what == ProjectChange::What::savedBadge;
-  });
-  d.manager.flashSavedBadge();
-  d.desktop.runPosted();
-  EXPECT_TRUE(d.manager.showSavedBadge());
-  d.desktop.advance(1.5);
-  d.manager.flashSavedBadge();
-  d.desktop.advance(1.9);
-  EXPECT_TRUE(d.manager.showSavedBadge());
-  d.desktop.advance(0.1);
-  EXPECT_FALSE(d.manager.showSavedBadge());
-  EXPECT_EQ(announced, 2);
-}
-
 TEST(ProjectManager, IsNotCalledBackOnceItIsGone) {
   Document d;
   {

@@ -74,7 +74,7 @@ TEST(ReadPlainPath, AgreesWithTheReadersOfOutlineAndViewBox) {
     return (random() % 3 == 0 ? "-" : "") + digits;
   };
   int plain = 0;
-  for (int i = 0; i < 60'000; ++i) {
+  for (int i = 0; i < 30'000; ++i) {
     std::string data;
     for (auto n = random() % 8; n > 0; --n) {
       const std::string_view letter = any(letters);
@@ -96,7 +96,7 @@ TEST(ReadPlainPath, AgreesWithTheReadersOfOutlineAndViewBox) {
     ASSERT_EQ(read->outline, PathConverter::parsePathData(data)) << data;
     ASSERT_EQ(read->viewBox, SVGParser::computeViewBox(data)) << data;
   }
-  EXPECT_GT(plain, 20'000);
+  EXPECT_GT(plain, 10'000);
   for (const char* data : {"1 2 M3 4", "M1 2 3", "M1 2 Z 3", "M1e1 2", "M1\t2", "M1-2 3", "C1 2",
                            "M1 2 H3", "M1 2\u00A0"})
     EXPECT_FALSE(readPlainPath(data)) << data;
@@ -162,18 +162,18 @@ TEST(FindPathData, AgreesWithBacktracking) {
   const std::string_view pieces[] = {"<path", "<path ", "d=\"", "d=", "\"",   ">",
                                      " ",     "id=\"",  "x",    "\n", "\xFF", "<"};
   int found = 0;
-  for (int i = 0; i < 200'000; ++i) {
+  for (int i = 0; i < 100'000; ++i) {
     std::string svg;
     for (auto n = random() % 14; n > 0; --n) svg += pieces[random() % std::size(pieces)];
     const auto expected = findPathDataByBacktracking(svg);
     ASSERT_EQ(SVGParser::findPathData(svg), expected) << ::testing::PrintToString(svg);
     found += expected.has_value();
   }
-  EXPECT_GT(found, 5000);
+  EXPECT_GT(found, 2500);
 }
 
-TEST(Drawings, OfHostileMegabytesAreReadToTheirEnd) {
-  constexpr std::size_t kSize = 1 << 20;
+TEST(Drawings, OfHostileSizeAreReadToTheirEnd) {
+  constexpr std::size_t kSize = 1 << 18;
   const auto repeated = [](std::string_view piece) {
     std::string result;
     while (result.size() < kSize) result += piece;

@@ -4,20 +4,15 @@
 #include "kerning/kerning_pairs.h"
 
 #include <QAccessible>
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QSlider>
-#include <QTextEdit>
 #include <QToolButton>
-#include <QUrl>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -148,29 +143,6 @@ private Q_SLOTS:
     QCOMPARE(menu->actions().first()->text(), QStringLiteral("No Recent Projects"));
   }
 
-  void dropsOfDrawingsAreImportedAndOthersRefused() {
-    Program program{"A"};
-    const auto drop = [&](const std::filesystem::path& file, QWidget* target) {
-      QMimeData data;
-      data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
-                    QUrl(QStringLiteral("https://example.org/B.svg"))});
-      QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(target, &enter);
-      if (!enter.isAccepted()) return false;
-      QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(target, &event);
-      return event.isAccepted();
-    };
-    QWidget* cards = program.cards().viewport();
-    QVERIFY(!drop(program.folder.write("notes.txt", "x"), cards));
-    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>"), cards));
-    program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
-    QCOMPARE(program.selected(), QStringLiteral("C d"));
-    // The header above the cards takes them, too.
-    QVERIFY(drop(program.folder.write("E.svg", "<path d=\"M0 0 L9 9\"/>"),
-                 find<QToolButton>("sortMenu")));
-  }
-
   void theProgressSheetFollowsTheExport() {
     Program program{"A"};
     const auto title = [] { return find<QLabel>("exportTitle")->text(); };
@@ -189,14 +161,10 @@ private Q_SLOTS:
     QVERIFY(find<QPushButton>("showInFileManager")->isDefault());
     QTest::mouseClick(find<QPushButton>("done"), Qt::LeftButton);
     QVERIFY(!find<QWidget>("exportProgress"));
-    std::string message = "Font generation failed: boom";
-    for (int line = 0; line < 300; ++line) message += "\nline " + std::to_string(line);
-    program.manager.setExportStatus(ExportStatus::failed(message));
+    program.manager.setExportStatus(ExportStatus::failed("boom" + std::string(300, '\n') + "end"));
     program.manager.setExporting(true);
-    auto* text = find<QTextEdit>("exportText");
-    QCOMPARE(text->toPlainText(), QString::fromStdString(message));
-    QVERIFY(text->verticalScrollBar()->maximum() > 0 && sheet->height() < 560);
-    QVERIFY(sheet->rect().contains(find<QPushButton>("ok")->geometry()));
+    const auto* ok = find<QPushButton>("ok");
+    QVERIFY(sheet->rect().contains(ok->geometry()) && sheet->height() < 560);
     QTest::keyClick(find<QWidget>("exportProgress"), Qt::Key_Return);
     QVERIFY(!program.manager.isExporting());
   }

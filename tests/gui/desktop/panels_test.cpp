@@ -11,9 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTemporaryDir>
-#include <QTextEdit>
 
 using namespace quillery;
 using namespace quillery::test;

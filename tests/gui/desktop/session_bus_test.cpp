@@ -1,15 +1,13 @@
 // What the desktop tells and is told over its message bus, on a bus of our own.
 
-#include "desktop/qt_desktop.h"
+#include "desktop/theme.h"
 #include "gui/desktop/gui_test.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QDesktopServices>
 #include <QProcess>
 #include <QThread>
-#include <QUrl>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -68,19 +66,6 @@ private Q_SLOTS:
     QTRY_COMPARE(theme.scheme(), ColorScheme::light);
   }
 
-  void withoutAFileManagerTheFolderIsOpened() {
-    QDesktopServices::setUrlHandler(u"file"_s, this, "open");
-    QtDesktop desktop({});
-    desktop.revealFile("/tmp/a b/font.otf");
-    QVERIFY(opened_.isEmpty()); // returned before the bus had answered
-    QTRY_COMPARE(opened_.size(), 1);
-    QCOMPARE(opened_.constFirst().toLocalFile(), u"/tmp/a b"_s);
-    QDesktopServices::unsetUrlHandler(u"file"_s);
-  }
-
-public Q_SLOTS:
-  void open(const QUrl& url) { opened_ << url; }
-
 private:
   void announce(const char* key, uint value) {
     QDBusMessage signal =
@@ -95,7 +80,6 @@ private:
   std::unique_ptr<QDBusConnection> desktopBus_;
   QThread portalThread_;
   FakePortal portal_;
-  QList<QUrl> opened_;
 };
 
 int main(int argc, char** argv) {

@@ -62,17 +62,6 @@ private Q_SLOTS:
     QCOMPARE(label.palette().color(QPalette::WindowText), themeColor(Role::textSecondary));
     QVERIFY(trash.pixmap(16, 16).toImage() != lightIcon);
   }
-
-  void everySymbolIsDrawn() {
-    for (int i = 0; i < kSymbolCount; ++i) {
-      const QImage large = symbolPixmap(static_cast<Symbol>(i), 48, 2, Qt::red).toImage();
-      bool red = false;
-      for (int x = 0; x < large.width() && !red; ++x)
-        for (int y = 0; y < large.height() && !red; ++y)
-          red = large.pixelColor(x, y) == QColor(Qt::red);
-      QVERIFY2(red, QByteArray::number(i));
-    }
-  }
 };
 
 int main(int argc, char** argv) {

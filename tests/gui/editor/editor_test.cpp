@@ -233,23 +233,6 @@ private Q_SLOTS:
     QCOMPARE(field->text(), u"B"_s);
   }
 
-  void oddValuesNeitherHangNorWidenAnything() {
-    Editor editor{"A"};
-    editor.select({0});
-    for (const double value : {1e308, -1e308, double(INFINITY), std::nan("")}) {
-      editor.manager.editGlyph(editor.ids[0], [&](Glyph& g) {
-        g.setAdvanceWidth(value);
-        g.setVerticalOffset(value);
-        g.setScale(value);
-      });
-      editor.manager.editFontInfo([&](FontInfo& font) { font.xHeight = value; });
-      QVERIFY(!editor.area->grab().isNull());
-      QCOMPARE(find<QWidget>("metricsPanel")->width(), 280);
-    }
-    editor.manager.editFontInfo([](FontInfo& font) { font.ascender = font.descender; });
-    QVERIFY(!editor.area->grab().isNull());
-  }
-
   void severalGlyphsShareASlider() {
     Editor editor{"A", "B", "C"};
     editor.manager.editGlyph(editor.ids[1], [](Glyph& g) { g.setLeftSideBearing(60); });
