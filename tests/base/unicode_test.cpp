@@ -48,17 +48,6 @@ TEST(Characters, OfPlainTextAreTheSameOnTheQuickRoad) {
   }
 }
 
-TEST(NameOrder, IsByScalarsAfterComposition) {
-  const std::string_view ordered[] = {"",  ".notdef", "A",      "AE",     "B",
-                                      "a", "a.alt",   "\u00C4", "\uFFFD", "😀"};
-  for (std::size_t i = 0; i < std::size(ordered); ++i)
-    for (std::size_t j = 0; j < std::size(ordered); ++j)
-      EXPECT_EQ(compareNames(ordered[i], ordered[j]) < 0, i < j)
-          << ordered[i] << " and " << ordered[j];
-  EXPECT_EQ(compareNames("A\u0308", "\u00C4"), 0);
-  EXPECT_EQ(compareNames("\u212B", "\u00C5"), 0);
-}
-
 TEST(DisplayOrder, IsThatOfAFileManager) {
   const DisplayOrder order;
   Texts names = {"glyph10", "b", "Zebra", "glyph9", "á", "ab", "a", "GLYPH2", "apple"};

@@ -109,6 +109,12 @@ def test_the_longest_text_of_several_characters_wins(make):
         assert [name for name, _ in shape(font, "ffififfiff")] == ["ffi", "fi", "ffi", "ff"]
 
 
+def test_scattered_characters_get_a_map_that_holds_them(make):
+    scattered = range(0x3400, 0x3400 + 36000, 2)
+    font = make(document([glyph("g", chr(scalar)) for scalar in scattered]), "f.ttf")
+    assert set(scattered) < set(font.getBestCmap())
+
+
 @pytest.mark.parametrize("name, lean, angle", [
     ("Brush Italic", 129, -10.5), ("Brush Oblique", -123, 10), ("Brush Italic", 0, 0), ("Brush", 123, 0)])
 def test_an_italic_leans_as_its_stems_do(make, name, lean, angle):

@@ -115,18 +115,6 @@ def test_a_target_that_can_not_be_written_is_refused(generate, tmp_path):
     assert stat.S_ISFIFO(os.stat(tmp_path / "pipe.otf").st_mode)
 
 
-def test_wrong_usage_and_unreadable_documents(tmp_path):
-    def run(*operands):
-        result = subprocess.run([sys.executable, str(SCRIPT), *operands], capture_output=True, text=True)
-        assert result.stderr.count("\n") == 1 and "Traceback" not in result.stderr
-        return result.returncode
-
-    font = str(tmp_path / "font.otf")
-    assert run() == run("one") == run("a", font, "c") == run("--brotli-quality", "12", "a", font) == 2
-    assert run(str(tmp_path / "absent.json"), font) == run(str(tmp_path), font) == 1
-    assert os.listdir(tmp_path) == []
-
-
 def test_a_font_takes_the_place_of_the_old_one(generate, tmp_path):
     """Links are followed, the mode is kept, the extension counts in any case."""
     old = tmp_path / "the real.OTF"

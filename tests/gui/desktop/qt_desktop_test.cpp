@@ -1,7 +1,6 @@
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"
 
-#include <QSettings>
 #include <QTemporaryDir>
 #include <atomic>
 #include <thread>
@@ -30,17 +29,6 @@ private Q_SLOTS:
       QVERIFY2(read == list, list.empty() ? "empty" : list.front().c_str());
     }
     QCOMPARE(QtDesktop(places).storedList("another"), std::nullopt);
-  }
-
-  void aSettingOfAnotherTypeReadsAsNothing() {
-    const auto places = placesIn("types");
-    const QString file = QString::fromStdString(places.settingsFile.string());
-    for (const QVariant& value :
-         {QVariant(42), QVariant(u"plain text"_s), QVariant(u"[\"a\", 1]"_s),
-          QVariant(u"[\"unfinished"_s), QVariant(QStringList{u"a"_s, u"b"_s}), QVariant()}) {
-      QSettings(file, QSettings::IniFormat).setValue(u"key"_s, value);
-      QVERIFY(!QtDesktop(places).storedList("key"));
-    }
   }
 
   void aDesktopThatGoesWaitsForItsThreadsAndDropsWhatTheyPost() {
