@@ -6,6 +6,18 @@ namespace {
 
 constexpr double kText = 40;
 
+TEST(CardGrid, FindsEveryCardAtItsPlaceAndNoneBetween) {
+  const CardGrid grid(11, 460, 100, kText);
+  for (std::size_t i = 0; i < grid.count(); ++i) {
+    const Rect card = grid.card(i);
+    EXPECT_EQ(grid.cardAt({card.maxX() - 0.5, card.maxY() - 0.5}), i);
+    EXPECT_EQ(grid.cardAt({card.maxX() + 1, card.minY()}), std::nullopt);
+    const auto [first, end] = grid.cardsBetween(card.minY() + 1, card.minY() + 2);
+    EXPECT_TRUE(first <= i && i < end && end - first <= 4) << i;
+  }
+  EXPECT_EQ(grid.contentHeight(), grid.card(10).maxY());
+}
+
 TEST(CardGrid, KeysMoveAsInAnyGrid) {
   const CardGrid grid(11, 460, 100, kText); // rows of 4, 4 and 3
   using enum CardGrid::Move;

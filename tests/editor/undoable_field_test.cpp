@@ -1,6 +1,6 @@
 #include "editor/undoable_field.h"
 #include "project/action_names.h"
-#include "support/scripted_desktop.h"
+#include "support/document.h"
 #include "support/testing.h"
 
 namespace quillery::test {
@@ -8,9 +8,8 @@ namespace {
 
 class UndoableFieldTest : public ::testing::Test {
 protected:
-  ScriptedDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
+  Document d;
+  ProjectManager& manager = d.manager;
   UndoableField<double> ascender{manager, fontInfoBinding(manager, &FontInfo::ascender),
                                  numberFormat(), action::kChangeAscender};
 

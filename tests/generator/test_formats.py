@@ -69,14 +69,16 @@ def keeps_every_glyph(font):
 
 
 def has_bearings_where_the_outlines_begin(font):
-    drawn, left_most = font.getGlyphSet(), []
+    drawn, left_most, right_most = font.getGlyphSet(), [], []
     for name, (advance, bearing) in font["hmtx"].metrics.items():
         pen = BoundsPen(drawn) if "CFF " in font else ControlBoundsPen(drawn)
         drawn[name].draw(pen)
         bounds = pen.bounds or (0, 0, 0, 0)
         assert abs(bounds[0] - bearing) <= 0.5, name
         left_most.append(bearing)
+        right_most.append(advance - bounds[2])
     assert font["hhea"].minLeftSideBearing == min(left_most) == font["head"].xMin
+    assert abs(font["hhea"].minRightSideBearing - min(right_most)) <= 1
 
 
 def has_outer_contours_in_the_right_direction(font):

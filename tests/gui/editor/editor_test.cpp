@@ -21,7 +21,7 @@ using namespace quillery::test;
 namespace {
 
 // A window with an editor, of a project with glyphs of these names.
-struct Editor {
+struct Editor : WindowProject {
   explicit Editor(std::initializer_list<const char*> names) {
     for (const char* name : names) {
       Glyph glyph = makeGlyph(name, name);
@@ -38,9 +38,7 @@ struct Editor {
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(area);
     window.resize(1080 + 281, 1080); // the canvas shows a unit as a point
-    window.show();
-    window.activateWindow();
-    (void)QTest::qWaitForWindowActive(&window);
+    bringUp(window);
   }
 
   void select(std::initializer_list<std::size_t> glyphs) {
@@ -51,9 +49,6 @@ struct Editor {
   const Glyph& glyph(std::size_t i = 0) const { return manager.currentProject().glyphs[i]; }
   std::string undoName() const { return manager.undoManager().undoActionName(); }
 
-  WindowDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
   std::vector<Uuid> ids;
   QWidget window;
   EditorArea* area = new EditorArea(manager, &window);

@@ -24,7 +24,7 @@ Glyph makeBox(const char* name, double width) {
 }
 
 // An editor in a window, with three pairs of which two have the same names.
-struct Program {
+struct Program : WindowProject {
   Program() {
     manager.editGlyphList([](auto& glyphs) {
       glyphs = {makeBox("A", 600), makeBox("T", 500), makeBox("V", 500), makeBox("a", 400)};
@@ -33,9 +33,7 @@ struct Program {
       pairs = {makePair("V", "A", 25.4), makePair("A", "V", -80), makePair("A", "V")};
     });
     window.resize(1000, 700);
-    window.show();
-    window.activateWindow();
-    (void)QTest::qWaitForWindowActive(&window);
+    bringUp(window);
   }
 
   const KerningPair& pair(std::size_t i) const { return manager.currentProject().kerningPairs[i]; }
@@ -68,9 +66,6 @@ struct Program {
     (void)QTest::qWaitForWindowActive(sheet);
   }
 
-  WindowDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
   KerningEditorView window{manager};
 };
 

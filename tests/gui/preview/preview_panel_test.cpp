@@ -26,15 +26,13 @@ Glyph square(const char* name, std::optional<std::string> unicode) {
 }
 
 // The panel over glyphs A, B, V and one without a character.
-struct Preview {
+struct Preview : WindowProject {
   Preview() {
     manager.editGlyphList([](auto& glyphs) {
       glyphs = {square("A", "A"), square("B", "B"), square("V", "V"), square("n", std::nullopt)};
     });
     panel.resize(700, 500);
-    panel.show();
-    panel.activateWindow();
-    (void)QTest::qWaitForWindowActive(&panel);
+    bringUp(panel);
   }
 
   VectorPreviewView& view() { return *find<VectorPreviewView>("vectorPreview"); }
@@ -73,9 +71,6 @@ struct Preview {
     return picture.pixelColor(at * picture.devicePixelRatio());
   }
 
-  WindowDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
   PreviewPanel panel{manager, nullptr};
 };
 
