@@ -55,7 +55,8 @@ void changeCharacterAndLookUp(benchmark::State& state) {
   bool other = false;
   for (auto _ : state) {
     other = !other;
-    open.manager.editGlyph(open.id, [&](Glyph& glyph) { glyph.setUnicode(other ? "!" : "?"); });
+    open.manager.editGlyph(open.id,
+                           [&](Glyph& glyph) { glyph.setUnicode(other ? Utf8("!") : Utf8("?")); });
     benchmark::DoNotOptimize(open.manager.glyphForCharacter("!"));
   }
 }

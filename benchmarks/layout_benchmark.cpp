@@ -17,7 +17,7 @@ struct Setting {
   std::string text = [this] {
     std::string made;
     for (std::size_t i = 0; i < kCharacters; ++i)
-      made += i % 60 == 59 ? "\n" : *project.glyphs[i * 13 % project.glyphs.size()].unicode();
+      made += i % 60 == 59 ? "\n" : project.glyphs[i * 13 % project.glyphs.size()].character();
     return made;
   }();
 };

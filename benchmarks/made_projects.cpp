@@ -87,10 +87,10 @@ FontProject madeProject(std::size_t glyphs, std::size_t pairs, MakePathData draw
   for (std::size_t i = 0; i < glyphs; ++i) {
     GlyphRecord record;
     record.id = Uuid::random();
-    record.name = nameOf(i);
-    record.unicode = characterOf(i);
+    record.name = Utf8::mended(nameOf(i));
+    record.unicode = Utf8::mended(characterOf(i));
     const std::string data = drawing(static_cast<unsigned>(i));
-    record.svgPath = SharedText(data);
+    record.svgPath = SharedText(Utf8::mended(data));
     record.viewBox = SVGParser::computeViewBox(data);
     const auto placed = PathConverter::convertToFontCoordinates(data, record.viewBox, 1000);
     record.fontPath = placed.fontPath;
@@ -99,9 +99,9 @@ FontProject madeProject(std::size_t glyphs, std::size_t pairs, MakePathData draw
   }
   for (std::size_t i = 0; i < pairs; ++i) {
     KerningPair pair;
-    pair.leftGlyph = nameOf(i % glyphs);
-    pair.rightGlyph = nameOf((i * 7 + i / glyphs) % glyphs);
-    pair.value = -static_cast<double>(i % 100);
+    pair.leftGlyph = Utf8::mended(nameOf(i % glyphs));
+    pair.rightGlyph = Utf8::mended(nameOf((i * 7 + i / glyphs) % glyphs));
+    pair.value = -static_cast<int>(i % 100);
     project.kerningPairs.push_back(pair);
   }
   return project;

@@ -21,8 +21,10 @@ double CardGrid::contentHeight() const {
 }
 
 Rect CardGrid::card(std::size_t index) const {
-  return {static_cast<double>(index % columns_) * (columnWidth_ + kSpacing),
-          static_cast<double>(index / columns_) * rowHeight(), columnWidth_, cardHeight_};
+  const std::size_t row = index / columns_;
+  const std::size_t column = index % columns_;
+  return {static_cast<double>(column) * (columnWidth_ + kSpacing),
+          static_cast<double>(row) * rowHeight(), columnWidth_, cardHeight_};
 }
 
 std::optional<std::size_t> CardGrid::cardAt(Point point) const {

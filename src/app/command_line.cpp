@@ -126,7 +126,7 @@ private:
   // A subcommand that runs `command` once its arguments are read.
   template <typename Command>
   CLI::App* subcommand(const std::string& name, const std::string& description, Command& command,
-                       std::function<void(const CLI::App&)> finish = nullptr) {
+                       const std::function<void(const CLI::App&)>& finish = nullptr) {
     CLI::App* sub = app_.add_subcommand(name, description);
     sub->add_option("PROJECT", command.project, "The project, a .fontproj file")->required();
     sub->add_option("--resources", resources_, "Folder with the generator and the sample")

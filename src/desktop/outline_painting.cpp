@@ -12,6 +12,7 @@ namespace {
 constexpr double kMargin = 10;
 constexpr int kMostKilobytes = 96 * 1024;
 constexpr int kMostElements = 1'000'000; // of paths; 24 bytes each
+constexpr double kFarthest = 1e9;        // font units
 
 // An outline's identity tells it from all others as long as one of its copies lives; the cache's
 // entries hold one.
@@ -102,13 +103,21 @@ QPixmap paint(const Outline& outline, const Rect& box, QSize size, qreal pixelRa
 
 } // namespace
 
-QPainterPath painterPath(const Outline& outline) {
-  if (outline.empty()) return {};
-  const PathKey key{outline.identity()};
+QPainterPath shapePath(const Outline& shape) {
+  if (shape.empty()) return {};
+  const PathKey key{shape.identity()};
   if (const PathEntry* entry = paths().object(key)) return entry->path;
-  QPainterPath path = makePath(outline);
-  paths().insert(key, new PathEntry{outline, path}, path.elementCount() + 1);
+  QPainterPath path = makePath(shape);
+  paths().insert(key, new PathEntry{shape, path}, path.elementCount() + 1);
   return path;
+}
+
+QPainterPath painterPath(const Outline& outline) {
+  const auto [shape, shift] = outline.shape();
+  if (shift == Point{}) return shapePath(shape);
+  const bool isNear = std::abs(shift.x) < kFarthest && std::abs(shift.y) < kFarthest;
+  // Far away the sum may be no number that a path can have.
+  return isNear ? shapePath(shape).translated(shift.x, shift.y) : makePath(outline);
 }
 
 void forgetOutlinePictures() {
@@ -121,7 +130,8 @@ QPixmap outlinePicture(const Outline& outline, const Rect& box, QSize size, qrea
   const bool shown = !outline.empty() && box.width > 0 && box.height > 0 &&
                      isFinite({box.x, box.y}) && isFinite({box.width, box.height});
   if (!shown || size.isEmpty()) return {};
-  const Key key{outline.identity(), size, pixelRatio, color.rgba()};
+  // The box is centred, wherever the outline stands.
+  const Key key{outline.shape().outline.identity(), size, pixelRatio, color.rgba()};
   if (const Entry* entry = cache().object(key)) return entry->picture;
   QPixmap picture = paint(outline, box, size, pixelRatio, color);
   const auto kilobytes = static_cast<int>(picture.width() * picture.height() * 4 / 1024 + 1);

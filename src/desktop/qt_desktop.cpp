@@ -78,7 +78,7 @@ QWidget* QtDesktop::sheetParent() const {
 
 QString QtDesktop::folderFor(const std::string& extension,
                              const std::optional<fs::path>& first) const {
-  const QString wanted = first ? QFile::decodeName(first->c_str()) : QString();
+  QString wanted = first ? QFile::decodeName(first->c_str()) : QString();
   if (!wanted.isEmpty() && QDir(wanted).exists()) return wanted;
   for (const auto& [kind, folder] : folders_)
     if (kind == extension && QDir(folder).exists()) return folder;

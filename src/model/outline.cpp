@@ -31,6 +31,16 @@ PlacedCommands Outline::commands() const {
   return PlacedCommands(std::move(placed));
 }
 
+Outline::Shape Outline::shape() const {
+  Shape shape{*this, {}};
+  std::shared_ptr<const Placement>& last = shape.outline.placement_;
+  while (last && last->move.kind == OutlineMove::Kind::shift) {
+    shape.shift = shape.shift + Point{last->move.a, last->move.b};
+    last = std::shared_ptr<const Placement>(last->before);
+  }
+  return shape;
+}
+
 void Outline::move(const OutlineMove& move) {
   if (empty()) return;
   if (placement_ && placement_->depth == kMostMoves) {

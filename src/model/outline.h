@@ -99,6 +99,10 @@ public:
     friend bool operator==(const Identity&, const Identity&) = default;
   };
   Identity identity() const { return {commands_.get(), placement_.get()}; }
+  /// What the outline looks like wherever it stands: itself before it was shifted last, and the way
+  /// since then. Outlines that differ by shifts only have the same shape.
+  struct Shape;
+  Shape shape() const;
   /// Both read the same commands, however they were moved.
   bool sharesCommandsWith(const Outline& other) const { return commands_ == other.commands_; }
 
@@ -110,6 +114,11 @@ private:
 
   std::shared_ptr<const std::vector<PathCommand>> commands_; // null when there are none
   std::shared_ptr<const Placement> placement_;               // null while nothing has moved them
+};
+
+struct Outline::Shape {
+  Outline outline;
+  Point shift;
 };
 
 /// The box around every point of an outline, control points included; infinite (x and y +inf,

@@ -98,6 +98,11 @@ TEST(Outline, ReadsAsIfEveryMoveHadMovedItsPoints) {
     const PlacedCommands read = outline.commands();
     ASSERT_TRUE(std::equal(read.begin(), read.end(), points.begin(), points.end())) << move;
     EXPECT_NE(outline.identity(), earlier.back().first.identity());
+    const auto [shape, shift] = outline.shape();
+    EXPECT_EQ(shape.identity() == earlier.back().first.shape().outline.identity(),
+              shifts && outline.sharesCommandsWith(earlier.back().first));
+    EXPECT_NEAR(controlBox(shape).x + shift.x, controlBox(outline).x, 1e-6) << move;
+    EXPECT_NEAR(controlBox(shape).y + shift.y, controlBox(outline).y, 1e-6) << move;
   }
   for (const auto& [then, was] : earlier) ASSERT_EQ(then, Outline(was));
 }

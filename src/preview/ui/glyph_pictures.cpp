@@ -18,13 +18,13 @@ constexpr double kFarthest = 1e6;
 
 } // namespace
 
-const GlyphPictures::Picture& GlyphPictures::picture(const Outline& outline, QPoint step) {
-  const Key key{outline.identity(), step};
+const GlyphPictures::Picture& GlyphPictures::picture(const Outline& shape, QPoint step) {
+  const Key key{shape.identity(), step};
   if (const Picture* found = pictures_.object(key)) return *found;
-  auto* const made = new Picture{outline, {}, {}, false};
+  auto* const made = new Picture{shape, {}, {}, false};
   const QTransform place(scale_, 0, 0, -scale_, static_cast<double>(step.x()) / kSteps,
                          static_cast<double>(step.y()) / kStepsDown);
-  const QPainterPath path = painterPath(outline);
+  const QPainterPath path = shapePath(shape);
   const QRectF box = place.mapRect(path.controlPointRect()).adjusted(-1, -1, 1, 1);
   int kilobytes = 1;
   made->tooLarge = !(box.width() * box.height() <= kMostPixels);
@@ -57,9 +57,10 @@ void GlyphPictures::paint(QPainter& painter, std::span<const PreviewScene::Place
   const QTransform base = painter.worldTransform();
   painter.setRenderHint(QPainter::Antialiasing);
   for (const auto& [glyph, origin] : glyphs) {
-    const Outline& outline = glyph->fontPath();
-    if (outline.empty()) continue;
-    const QPointF pen = toDevice.map(QPointF(origin.x, origin.y));
+    const auto [shape, shift] = glyph->fontPath().shape();
+    if (shape.empty()) continue;
+    const QPointF pen =
+        toDevice.map(QPointF(origin.x + shift.x * scale, origin.y - shift.y * scale));
     if (!(std::abs(pen.x()) < kFarthest && std::abs(pen.y()) < kFarthest)) continue;
     const QPoint steps(static_cast<int>(std::lround(pen.x() * kSteps)),
                        static_cast<int>(std::lround(pen.y() * kStepsDown)));
@@ -67,13 +68,13 @@ void GlyphPictures::paint(QPainter& painter, std::span<const PreviewScene::Place
     const QPoint pixel(steps.x() >> 2, steps.y() >> 1);
     static_assert(kSteps == 1 << 2 && kStepsDown == 1 << 1);
     const Picture& shown =
-        picture(outline, {steps.x() - pixel.x() * kSteps, steps.y() - pixel.y() * kStepsDown});
+        picture(shape, {steps.x() - pixel.x() * kSteps, steps.y() - pixel.y() * kStepsDown});
     if (!shown.tooLarge) {
       if (!shown.pixmap.isNull()) painter.drawPixmap(pixel + shown.corner, shown.pixmap);
       continue;
     }
     const QTransform place(pixelScale, 0, 0, -pixelScale, pen.x(), pen.y());
-    const QPainterPath path = painterPath(outline);
+    const QPainterPath path = shapePath(shape);
     const QRectF box = place.mapRect(path.controlPointRect());
     if (!(std::max(box.width(), box.height()) < kFarthest)) continue;
     painter.setWorldTransform(place * base);

@@ -33,13 +33,13 @@ private:
     }
   };
   struct Picture {
-    Outline outline; // keeps its identity
-    QPixmap pixmap;  // none: empty, or too large
-    QPoint corner;   // from the pixel of the origin
+    Outline shape;  // keeps its identity
+    QPixmap pixmap; // none: empty, or too large
+    QPoint corner;  // from the pixel of the origin
     bool tooLarge = false;
   };
 
-  const Picture& picture(const Outline& outline, QPoint step);
+  const Picture& picture(const Outline& shape, QPoint step);
 
   static constexpr int kMostKilobytes = 64 * 1024;
   QCache<Key, Picture> pictures_{kMostKilobytes};
