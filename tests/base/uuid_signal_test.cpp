@@ -3,8 +3,6 @@
 #include "base/uuid.h"
 #include "support/testing.h"
 
-#include <unordered_set>
-
 namespace quillery::test {
 namespace {
 

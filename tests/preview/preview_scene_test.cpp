@@ -1,4 +1,3 @@
-#include "kerning/kerning_pairs.h"
 #include "preview/preview_scene.h"
 #include "support/document.h"
 #include "support/testing.h"

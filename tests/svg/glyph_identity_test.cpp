@@ -1,7 +1,5 @@
-#include "base/unicode.h"
 #include "support/testing.h"
 #include "svg/glyph_identity.h"
-#include "svg/glyph_name_tables.h"
 
 namespace quillery::test {
 namespace {

@@ -1,5 +1,4 @@
 #include "desktop/alert_sheet.h"
-#include "desktop/file_names.h"
 #include "desktop/file_panel.h"
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"

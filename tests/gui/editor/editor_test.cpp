@@ -5,7 +5,6 @@
 #include "editor/selection_metric_edit.h"
 #include "editor/ui/editor_area.h"
 #include "editor/ui/glyph_canvas.h"
-#include "editor/ui/metrics_panel.h"
 #include "editor/ui/multi_glyph_overlay_canvas.h"
 #include "gui/desktop/gui_test.h"
 #include "gui/desktop/window_desktop.h"
