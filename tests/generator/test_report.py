@@ -3,12 +3,10 @@
 import json
 import math
 import re
-import subprocess
-import sys
 from html.parser import HTMLParser
 
 import pytest
-from conftest import FORMATS, RESOURCES
+from conftest import FORMATS
 from drawings import box, circle, document, glyph, hard_project, pair
 from font_generator.cli import _make
 from font_generator.document import read_document
@@ -99,15 +97,4 @@ def test_what_can_not_be_reported_is_refused_in_one_sentence(tmp_path):
             make_report(str(tmp_path / "good.json"), str(tmp_path / font), str(page))
         assert words in str(refusal.value) and "\n" not in str(refusal.value)
     assert page.read_text() == "the old page"
-
-    def run(*operands):
-        result = subprocess.run([sys.executable, "-u", str(RESOURCES / "font_report.py"), *map(str, operands)],
-                                capture_output=True, text=True)
-        assert result.stderr.count("\n") == (result.returncode != 0) and "Traceback" not in result.stderr
-        return result.returncode
-
-    assert run("one") == 2
-    assert run(tmp_path / "good.json", tmp_path / "good.otf", tmp_path / "no" / "report.html") == 1
-    assert run(tmp_path / "good.json", tmp_path / "good.otf", page) == 0
-    assert page.read_text().startswith("<!doctype html>")
     assert not [entry for entry in tmp_path.iterdir() if entry.suffix == ".part"]
