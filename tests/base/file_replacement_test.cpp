@@ -89,8 +89,7 @@ const Situation kSituations[] = {
 TEST(FileReplacement, LeavesTheOldContentWhicheverCallFails) {
   for (const Situation& situation : kSituations) {
     for (const int code : {EIO, ENOSPC}) {
-      for (const std::string& content :
-           {std::string("new"), std::string(5000, 'n'), std::string()}) {
+      for (const std::string& content : {std::string(5000, 'n'), std::string()}) {
         bool reachedTheEnd = false;
         for (int n = 1; n < 100 && !reachedTheEnd; ++n) {
           const TemporaryFolder folder;
@@ -239,33 +238,6 @@ TEST(FileReplacement, RefusesWhatIsNoFileOfTheUser) {
   EXPECT_EQ(result.error().reason, "Permission denied");
   EXPECT_EQ(contentOf(folder / "file"), kOld);
   EXPECT_EQ(namesIn(folder), namesBefore);
-}
-
-TEST(FileReplacement, ChangesNothingUntilItIsCommitted) {
-  const TemporaryFolder folder;
-  const auto file = folder.write("file", kOld);
-  {
-    auto begun = FileReplacement::begin(file);
-    ASSERT_TRUE(begun);
-    FileReplacement moved(std::move(begun).value());
-    ASSERT_TRUE(moved.append("first "));
-    ASSERT_TRUE(moved.append("second"));
-    EXPECT_EQ(contentOf(file), kOld);
-  }
-  EXPECT_EQ(contentOf(file), kOld);
-  EXPECT_EQ(namesIn(folder), std::set<std::string>{"file"});
-}
-
-TEST(TemporaryFolder, IsAnAbsolutePathToAFolderThatIsThere) {
-  const TemporaryFolder folder;
-  const auto file = folder.write("file", "");
-  for (const auto& name : {file.string(), (folder / "absent").string(), std::string(".")}) {
-    setenv("TMPDIR", name.c_str(), 1);
-    EXPECT_FALSE(temporaryFolder()) << name;
-  }
-  setenv("TMPDIR", folder.path().c_str(), 1);
-  EXPECT_EQ(temporaryFolder().value(), folder.path());
-  unsetenv("TMPDIR");
 }
 
 TEST(ReadFile, ReadsEveryByteInWhateverPieces) {

@@ -43,7 +43,7 @@ TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
   std::mt19937 random(1);
   constexpr std::string_view kAlphabet = "0123456789012345678900..eE+-";
   int numbers = 0;
-  for (int i = 0; i < 100'000; ++i) {
+  for (int i = 0; i < 50'000; ++i) {
     std::string token(random() % 24, ' ');
     for (char& c : token) c = kAlphabet[random() % kAlphabet.size()];
     const auto number = parseDecimal(token);
@@ -52,7 +52,7 @@ TEST(ParseDecimal, AgreesWithTheCLibraryOnRandomTokens) {
     ++numbers;
     ASSERT_EQ(bits(*number), bits(std::strtod(token.c_str(), nullptr))) << token;
   }
-  EXPECT_GT(numbers, 1000);
+  EXPECT_GT(numbers, 500);
 }
 
 TEST(FormatShortest, WritesOrdinaryMagnitudesPlainly) {
@@ -62,13 +62,6 @@ TEST(FormatShortest, WritesOrdinaryMagnitudesPlainly) {
       {1e16, "1e+16"},    {1e21, "1e+21"},   {-1.7e308, "-1.7e+308"}, {5e-324, "5e-324"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(formatShortest(value), text);
   EXPECT_EQ(formatShortest(9999999999999998), "9999999999999998");
-}
-
-TEST(FormatShortest, AddsAFractionPartWhereAsked) {
-  const std::pair<double, const char*> rows[] = {
-      {-50, "-50.0"},        {0.5, "0.5"},         {-0.0, "-0.0"},       {1e21, "1.0e+21"},
-      {1.5e300, "1.5e+300"}, {5e-324, "5.0e-324"}, {-kInfinity, "-inf"}, {-std::nan(""), "nan"}};
-  for (const auto& [value, text] : rows) EXPECT_EQ(formatShortestWithFraction(value), text);
 }
 
 // The digits that carry the value, without sign, point, exponent and outer zeros.
@@ -94,7 +87,7 @@ void expectShortestRoundTrip(double value) {
 
 TEST(FormatShortest, ReadsBackToTheSameBitsWithTheFewestDigits) {
   std::mt19937_64 random(2);
-  for (int i = 0; i < 50'000; ++i) {
+  for (int i = 0; i < 25'000; ++i) {
     const auto any = std::bit_cast<double>(random());
     if (std::isfinite(any)) expectShortestRoundTrip(any);
     // Subnormal numbers, and numbers of few decimals around the sizes of fonts.
@@ -107,15 +100,6 @@ TEST(FormatShortest, ReadsBackToTheSameBitsWithTheFewestDigits) {
   for (const double value : {0.0, -0.0, 1e308, 2.2250738585072014e-308, 5e-324, 1e9, 1e-7, 1e16})
     for (const double near : {std::nextafter(value, 0.0), value, std::nextafter(value, 1e300)})
       expectShortestRoundTrip(near);
-}
-
-TEST(FixedNumbers, AreRoundedAsTheCLibraryRounds) {
-  const std::tuple<double, int, const char*> rows[] = {
-      {2.5, 0, "2"},      {3.5, 0, "4"},      {-0.25, 0, "-0"},
-      {0.125, 2, "0.12"}, {1.005, 2, "1.00"}, {1e22, 0, "10000000000000000000000"}};
-  for (const auto& [value, decimals, text] : rows) EXPECT_EQ(formatFixed(value, decimals), text);
-  EXPECT_EQ(formatFixed(-std::numeric_limits<double>::max(), 2).size(), 313U);
-  EXPECT_EQ(formatSigned(25.4) + formatSigned(0) + formatSigned(-80.5), "+25+0-80");
 }
 
 } // namespace

@@ -82,15 +82,6 @@ TEST(ProduceInOrder, LetsOneExceptionOutAndLeavesNothingBehind) {
   }
 }
 
-TEST(WorkerPool, RunsAllWorkBeforeItGoes) {
-  std::atomic<int> done = 0;
-  {
-    WorkerPool pool(3);
-    for (int i = 0; i < 100; ++i) pool.run([&] { ++done; });
-  }
-  EXPECT_EQ(done, 100);
-}
-
 TEST(WorkerPool, WorksOnTheCallingThreadWhenThereIsNoOther) {
   const SystemFaults faults(kNoThreads);
   WorkerPool pool(3);

@@ -1,5 +1,4 @@
 #include "editor/multi_glyph.h"
-#include "editor/overlay_mapping.h"
 #include "editor/selection_metric_edit.h"
 #include "support/document.h"
 #include "support/testing.h"
@@ -29,10 +28,6 @@ struct SelectionTest : ::testing::Test {
   }
 
   const Glyph& glyph(std::size_t i) const { return d.project().glyphs[i]; }
-  std::optional<double> common(GlyphMetric metric) {
-    return commonValue(d.manager, selectedGlyphs(d.manager), metric);
-  }
-
   void set(GlyphMetric metric, double value) {
     SelectionMetricEdit edit(d.manager, metric);
     edit.begin();
@@ -44,16 +39,6 @@ struct SelectionTest : ::testing::Test {
   std::vector<Uuid> ids;
   std::vector<Glyph> before;
 };
-
-TEST_F(SelectionTest, HasACommonValueOnlyWhenAllAgreeExactly) {
-  EXPECT_THAT(selectedGlyphs(d.manager), ElementsAre(ids[0], ids[1], ids[2]));
-  EXPECT_EQ(common(GlyphMetric::leftSideBearing), std::nullopt);
-  EXPECT_EQ(common(GlyphMetric::verticalOffset), 0);
-  d.manager.toggleGlyphSelection(ids[1]);
-  EXPECT_EQ(common(GlyphMetric::leftSideBearing), 50);
-  d.manager.clearSelection();
-  EXPECT_EQ(common(GlyphMetric::leftSideBearing), std::nullopt);
-}
 
 TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
   d.manager.toggleGlyphSelection(Uuid::random()); // counts in the name
@@ -96,16 +81,6 @@ TEST_F(SelectionTest, GetsTheSameValuesAsOneStepThatComesBackExactly) {
     EXPECT_THAT(heard.kinds, ElementsAre(What::glyphs, What::glyphs, What::everything, What::glyphs,
                                          What::everything, What::glyphs, What::everything));
   }
-}
-
-TEST_F(SelectionTest, ComesBackAlsoWhenSomeOfItHasGone) {
-  set(GlyphMetric::verticalOffset, 5);
-  d.manager.deleteGlyph(ids[0]);
-  d.manager.undo();
-  EXPECT_EQ(glyph(0), before[1]);
-  d.manager.clearSelection();
-  set(GlyphMetric::verticalOffset, 5);
-  EXPECT_FALSE(d.manager.canUndo());
 }
 
 TEST_F(SelectionTest, TakesAStepForEveryMovementOfADragAndOneForAKeyHeldDown) {
@@ -191,18 +166,6 @@ TEST_F(SelectionTest, KeepsNoCopyOfItsGlyphsForEveryStep) {
   EXPECT_LT(d.manager.undoManager().size(), afterOne + 39 * 200);
   for (int i = 0; i < 40; ++i) d.manager.undo();
   EXPECT_EQ(d.project().glyphs, before);
-}
-
-TEST(OverlayMapping, SharesOneOriginAndFillsTheHeight) {
-  const FontInfo font; // 800 to -200
-  const OverlayMapping mapping(font, {1000, 600});
-  EXPECT_EQ(mapping.pointsPerUnit(), 0.5);
-  EXPECT_EQ(mapping.toView({0, -200}), (Point{150, 550}));
-  EXPECT_EQ(mapping.toView({100, 800}), (Point{200, 50}));
-  std::string heights;
-  for (const Guide& guide : overlayGuides(font, {1000, 600}))
-    heights += std::to_string(static_cast<int>(guide.from.y)) + " ";
-  EXPECT_EQ(heights, "450 200 100 50 550 0 ");
 }
 
 } // namespace

@@ -203,22 +203,15 @@ class Window:
     def list_items(self, name):
         return self.find(name, "list").children()
 
-    # -- Mouse and keyboard
-
     def _pixel(self, point):
         return [round(c * self.screen.scale) for c in point]
 
     def move(self, to):
         self.screen.xdotool("mousemove", *self._pixel(_point(to)))
 
-    def click(self, what, button=1, count=1, keys=()):
-        target = self.find(what) if isinstance(what, str) else what
-        self.move(target)
-        for key in keys:
-            self.screen.xdotool("keydown", key)
-        self.screen.xdotool("click", "--repeat", count, "--delay", 40, button)
-        for key in keys:
-            self.screen.xdotool("keyup", key)
+    def click(self, what, count=1):
+        self.move(self.find(what) if isinstance(what, str) else what)
+        self.screen.xdotool("click", "--repeat", count, "--delay", 40, 1)
 
     def drag(self, start, end, button=1, steps=8):
         (x0, y0), (x1, y1) = self._pixel(_point(start)), self._pixel(_point(end))
@@ -233,16 +226,13 @@ class Window:
     def type(self, text):
         self.screen.xdotool("type", "--clearmodifiers", "--delay", 8, "--", text)
 
-    # -- Longer ways
-
     def choose_file(self, path):
-        """Answers the file panel that is open, or about to."""
         self.type_file(path)
         self.key("Return")
         wait_for("the file panel to go", lambda: not self.all("File name", "text"))
 
     def type_file(self, path):
-        """Types a name into the file panel."""
+        """Types a name into the file panel that is open, or about to."""
         field = self.find("File name", "text")
         wait_for("the file panel's field to have the focus", lambda: field.has("focused"))
 

@@ -29,16 +29,6 @@ protected:
   std::filesystem::path output = folder / "Mein Font é.otf";
 };
 
-TEST_F(ExportFlowTest, WarnsOfGapsBeforeThePanel) {
-  for (const std::size_t button : {1u, 0u}) {
-    desktop.alertAnswer = button;
-    flow->exportFont();
-    desktop.runPosted();
-    EXPECT_EQ(desktop.savePanels.size(), 1 - button);
-  }
-  EXPECT_EQ(desktop.alerts.size(), 2u);
-}
-
 TEST_F(ExportFlowTest, OpensThePanelAtOnceForACompleteFont) {
   addSpaceGlyph(*manager);
   addNotdefGlyph(*manager);

@@ -47,25 +47,6 @@ TEST(ExportValidation, FindsWhatTheFontLacks) {
   }
 }
 
-TEST(ExportWarnings, AreListedInAnAlertThatAsksWhetherToGoOn) {
-  Document d;
-  const auto warnings = validateForExport(projectOf(kAlphabet + ".abc", ".notdef"));
-  std::vector<bool> answers;
-  for (const auto button : {std::optional<std::size_t>(0), std::optional<std::size_t>(1), {}}) {
-    d.desktop.alertAnswer = button;
-    showExportWarningsAlert(d.manager, warnings, [&](bool answer) { answers.push_back(answer); });
-    d.desktop.runPosted();
-  }
-  EXPECT_EQ(answers, (std::vector<bool>{true, false, false}));
-  const Alert expected = {"Export Warnings",
-                          "The following issues were found:\n\n🔴 Missing Space Character\n"
-                          "Your font doesn't have a space character. Text will not display "
-                          "correctly without it.\n\nDo you want to continue with export?",
-                          Alert::Style::critical,
-                          {"Export Anyway", "Cancel"}};
-  EXPECT_EQ(d.desktop.alerts.back(), expected);
-}
-
 TEST(ExportWarnings, AreFixedByGlyphsAtTheFront) {
   Document d;
   addSpaceGlyph(d.manager);

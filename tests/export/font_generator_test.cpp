@@ -116,40 +116,5 @@ TEST_F(FontGeneratorTest, TellsHowTheGenerationEnded) {
   expect("Font generator not found. The app may be corrupted.", "no script");
 }
 
-TEST_F(FontGeneratorTest, PassesOnWhatTheGeneratorPrints) {
-  for (const fs::path& program : {script, packaged}) {
-    writeProgram(program, "echo fine; printf oops >&2; exit 4");
-    ConsoleCapture console;
-    outcomeOf(folder / "font.otf");
-    EXPECT_THAT(console.text(),
-                AllOf(HasSubstr("Output: " + (folder / "font.otf").string()),
-                      HasSubstr(" stdout ===\nfine\n"), HasSubstr(" stderr ===\noops\n")));
-  }
-}
-
-TEST_F(FontGeneratorTest, MakesSeveralFontsAtOnceOfAnyName) {
-  // A generator would take a bare name that begins with a dash for an option.
-  writeProgram(packaged, "case $2 in /*) cat \"$1\" > \"$2\";; *) exit 5;; esac");
-  const std::string names[] = {"-dash.otf", "two words.ttf", "it's \"quoted\".woff",
-                               "line\nbreak.woff2", "字 é.otf"};
-  ConsoleCapture console;
-  const fs::path before = fs::current_path();
-  fs::current_path(folder.path());
-  std::size_t done = 0;
-  for (const std::string& name : names) {
-    FontProject project;
-    project.copyright = utf8(std::to_string(name.size()));
-    generator().generateFont(project, name, [&](const auto& result) {
-      EXPECT_TRUE(result) << name;
-      ++done;
-    });
-  }
-  fs::current_path(before);
-  desktop.runUntil([&] { return done == std::size(names); });
-  for (const std::string& name : names)
-    EXPECT_THAT(contentOf(folder / name), HasSubstr("\"" + std::to_string(name.size()) + "\""));
-  EXPECT_EQ(temporary.count(), 0);
-}
-
 } // namespace
 } // namespace quillery::test

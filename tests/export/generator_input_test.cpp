@@ -41,18 +41,6 @@ TEST(GeneratorInput, HoldsNamesMetricsOutlinesAndPairsAsTheyAre) {
       R"({"leftGlyph":"A","rightGlyph":"gone","value":0.25}]})");
 }
 
-TEST(GeneratorInput, ShowsItsFirstFiveHundredCharactersWhole) {
-  FontProject project = sample();
-  project.name = "";
-  for (int i = 0; i < 600; ++i) project.name += Utf8("e\u0301\u0323"); // a letter of five bytes
-  ConsoleCapture console;
-  const std::string document = createJSONData(project).value();
-  const std::size_t letters = 500 - document.find("e\u0301");
-  EXPECT_TRUE(console.text().ends_with("\n  A + gone = 0.25\n\nJSON preview (first 500 chars):\n" +
-                                       document.substr(0, document.find("e\u0301") + 5 * letters) +
-                                       "\n"));
-}
-
 TEST(GeneratorInput, IsRefusedForANumberThatIsNotFinite) {
   const TemporaryFiles temporary;
   const auto expectRefusal = [&](const char* place, const FontProject& project) {

@@ -36,25 +36,5 @@ TEST(Process, CollectsMegabytesFromBothPipesOnSeveralThreads) {
   for (std::thread& thread : threads) thread.join();
 }
 
-TEST(Process, SaysWhyAProgramCannotBeStarted) {
-  const TemporaryFolder folder;
-  const auto program = [&](const char* name, const char* content, fs::perms mode) {
-    const fs::path file = folder.write(name, content);
-    fs::permissions(file, mode);
-    return file;
-  };
-  using enum fs::perms;
-  const std::pair<fs::path, const char*> rows[] = {
-      {folder / "absent", "No such file or directory"},
-      {program("not executable", "#!/bin/sh\n", owner_read), "Permission denied"},
-      {program("not for a shell", "exit 0\n", owner_all), "Exec format error"},
-      {program("no interpreter", "#!/nowhere/sh\n", owner_all), "No such file or directory"}};
-  for (const auto& [file, reason] : rows) {
-    const auto outcome = runProcess(file, {});
-    ASSERT_FALSE(outcome) << file;
-    EXPECT_EQ(outcome.error().description(), "Could not run " + file.string() + ": " + reason);
-  }
-}
-
 } // namespace
 } // namespace quillery::test

@@ -69,14 +69,16 @@ def keeps_every_glyph(font):
 
 
 def has_bearings_where_the_outlines_begin(font):
-    drawn, left_most = font.getGlyphSet(), []
+    drawn, left_most, right_most = font.getGlyphSet(), [], []
     for name, (advance, bearing) in font["hmtx"].metrics.items():
         pen = BoundsPen(drawn) if "CFF " in font else ControlBoundsPen(drawn)
         drawn[name].draw(pen)
         bounds = pen.bounds or (0, 0, 0, 0)
         assert abs(bounds[0] - bearing) <= 0.5, name
         left_most.append(bearing)
+        right_most.append(advance - bounds[2])
     assert font["hhea"].minLeftSideBearing == min(left_most) == font["head"].xMin
+    assert abs(font["hhea"].minRightSideBearing - min(right_most)) <= 1
 
 
 def has_outer_contours_in_the_right_direction(font):
@@ -139,21 +141,6 @@ def test_a_font(fonts, extension, check):
     check(TTFont(fonts[extension]))
 
 
-def test_woff_and_woff2_unpack_to_the_ttf(fonts):
-    plain = TTFont(fonts["ttf"])
-    for extension in ("woff", "woff2"):
-        packed = TTFont(fonts[extension])
-        assert set(packed.keys()) == set(plain.keys())
-        for tag in set(plain.keys()) - {"GlyphOrder", "head", "loca", "glyf", "hmtx"}:
-            assert packed.getTableData(tag) == plain.getTableData(tag), (extension, tag)
-        assert packed["hmtx"].metrics == plain["hmtx"].metrics
-        for name in plain.getGlyphOrder():
-            (points, ends, flags), (same_points, same_ends, same_flags) = [
-                font["glyf"][name].getCoordinates(font["glyf"]) for font in (plain, packed)]
-            assert (points, ends) == (same_points, same_ends), (extension, name)
-            assert [flag & 1 for flag in flags] == [flag & 1 for flag in same_flags], (extension, name)
-
-
 def test_the_same_project_gives_the_same_bytes_and_the_date_can_be_given(generate):
     dated = os.environ | {"SOURCE_DATE_EPOCH": "86400"}
     for extension in FORMATS:
@@ -161,8 +148,9 @@ def test_the_same_project_gives_the_same_bytes_and_the_date_can_be_given(generat
         assert fonts[0] == fonts[1], extension
     font = TTFont(generate(hard_project(), "c.ttf", dated).font)
     assert font["head"].created == font["head"].modified == 2082844800 + 86400
-    refused = generate(hard_project(), "d.ttf", os.environ | {"SOURCE_DATE_EPOCH": "soon"})
-    assert refused.status == 1 and "SOURCE_DATE_EPOCH" in refused.error
+    for date in ("soon", "9" * 16):
+        refused = generate(document(), "d.ttf", os.environ | {"SOURCE_DATE_EPOCH": date})
+        assert refused.status == 1 and "SOURCE_DATE_EPOCH" in refused.error
 
 
 def test_an_empty_project_is_a_font_of_a_visible_notdef_and_a_space(make, tmp_path):

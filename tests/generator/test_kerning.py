@@ -3,7 +3,7 @@
 import random
 
 import pytest
-from conftest import FORMATS, sanitize, shape
+from conftest import sanitize, shape
 from drawings import box, document, glyph, pair
 
 
@@ -47,27 +47,6 @@ def test_random_projects_are_set_as_previewed(make, target, with_notdef):
         assert sanitize(font) == ""
 
 
-def pair_values(font):
-    """Every pair adjustment of the font, read the slow way, as {(left, right): value}."""
-    result, done = {}, set()
-    for extension in font["GPOS"].table.LookupList.Lookup[0].SubTable:
-        table = extension.ExtSubTable
-        covered = table.Coverage.glyphs
-        assert done.isdisjoint(covered)
-        done.update(covered)
-        if table.Format == 1:
-            for left, pair_set in zip(covered, table.PairSet):
-                for record in pair_set.PairValueRecord:
-                    result[left, record.SecondGlyph] = record.Value1.XAdvance
-            continue
-        for left in covered:
-            row = table.Class1Record[table.ClassDef1.classDefs.get(left, 0)].Class2Record
-            for right, column in table.ClassDef2.classDefs.items():
-                if row[column].Value1.XAdvance:
-                    result[left, right] = row[column].Value1.XAdvance
-    return result
-
-
 def named(count):
     return [glyph(f"g{index}", chr(0x4E00 + index)) for index in range(count)]
 
@@ -85,39 +64,16 @@ FORMS = {
 
 
 @pytest.mark.parametrize("form", FORMS)
-def test_pairs_read_back_from_every_form(make, form):
+def test_pairs_of_every_form_shape_as_they_are(make, form):
     values = FORMS[form]
-    glyphs = named(max(map(max, values)) + 1)
+    glyphs = named(max(map(max, values)) + 1) + [glyph("gap", "A")]
     font = make(document(glyphs, [pair(f"g{l}", f"g{r}", v) for (l, r), v in values.items()]), "f.ttf")
     assert sanitize(font) == ""
-    order = font.getReverseGlyphMap()
-    read = {(order[left] - 1, order[right] - 1): value
-            for (left, right), value in pair_values(font).items()}
-    assert read == values
-    left, right = list(values)[len(values) // 2]
-    text = chr(0x4E00 + left) + chr(0x4E00 + right)
-    assert [advance for _, advance in shape(font, text)] == [600 + values[left, right], 600]
-
-
-MANY = {
-    "scattered": {(l, (l * 31 + step * step * 7) % 1601): (l * 7919 + step * 104729) % 401 - 200 or 1
-                  for l in range(1600) for step in range(80)},
-    "classes": {(l, r): (l // 8 * 7 + r // 5 * 13) % 181 - 90 or 1 for l in range(320) for r in range(320)},
-}
-
-
-@pytest.mark.parametrize("form, target", [("classes", "f.otf"),
-                                          *(("scattered", f"f.{extension}") for extension in FORMATS)])
-def test_a_hundred_thousand_pairs_shape_as_they_are(make, form, target):
-    values = dict(list(MANY[form].items())[:100_000])
-    assert len(values) == 100_000
-    glyphs = named(1601) + [glyph("gap", "A")]
-    font = make(document(glyphs, [pair(f"g{l}", f"g{r}", v) for (l, r), v in values.items()]), target)
-    assert sanitize(font) == ""
     pick = random.Random(form)
-    sample = pick.sample(sorted(values), 400) + [tuple(pick.choices(range(1601), k=2)) for _ in range(100)]
-    sample += [min(values), max(values)]
-    text = "".join(f"{chr(0x4E00 + l)}{chr(0x4E00 + r)}A" for l, r in sample)
+    last = len(glyphs) - 1
+    sample = pick.sample(sorted(values), min(len(values), 400))
+    sample += [tuple(pick.choices(range(last), k=2)) for _ in range(100)]
+    text = "".join(f"{chr(0x4E00 + left)}{chr(0x4E00 + right)}A" for left, right in sample)
     advances = [advance for _, advance in shape(font, text)]
     assert advances[::3] == [600 + values.get(one, 0) for one in sample]
     assert set(advances[1::3] + advances[2::3]) == {600}

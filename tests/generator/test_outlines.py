@@ -1,9 +1,8 @@
-"""Outlines in both flavours: the same ink as drawn, and bytes as fontTools' slow road reads them."""
+"""Outlines in both flavours: the same ink as drawn, and tables that fontTools reads."""
 
 import io
 import json
 import math
-import random
 import re
 from itertools import chain
 from pathlib import Path
@@ -12,24 +11,13 @@ import freetype
 import pytest
 from conftest import FORMATS, sanitize, unpacked
 from drawings import CLOSE, box, circle, curve, document, glyph, line, move
-from font_generator.cff import _NUMBERED_STRINGS
-from font_generator.charstrings import encode_charstring, encoded_number
-from font_generator.glyf import encode_glyf, quadratic_outline
-from font_generator.outlines import outline_of, reversed_contours, signed_area
-from fontTools.cffLib import cffStandardStrings
-from fontTools.misc.psCharStrings import T2CharString
-from fontTools.pens.areaPen import AreaPen
-from fontTools.pens.boundsPen import BoundsPen
-from fontTools.pens.momentsPen import MomentsPen
 from fontTools.pens.recordingPen import RecordingPen
-from fontTools.ttLib.tables._g_l_y_f import Glyph
 
 RING = math.pi * (300 ** 2 - 200 ** 2)
 
 # The drawing and the area that it fills.
 DRAWN = {
     "a box": (box(50, 0, 550, 700), 500 * 700),
-    "a turned box": (box(550, 0, 50, 700), 500 * 700),
     "a circle": (circle(300, 350, 300), math.pi * 300 ** 2),
     "a ring": (circle(300, 350, 300) + circle(300, 350, 200, -1), RING),
     "a turned ring": (circle(300, 350, 300, -1) + circle(300, 350, 200), RING),
@@ -37,16 +25,9 @@ DRAWN = {
                                               math.pi * 300 ** 2),
     "overlapping boxes": (box(0, 0, 400, 400) + box(200, 200, 600, 600), 2 * 400 ** 2 - 200 ** 2),
     "boxes of both turns": (box(0, 0, 200, 700) + box(600, 0, 400, 700), 2 * 200 * 700),
-    "an open triangle": ([move(0, 0), line(600, 0), line(600, 600)], 600 * 600 / 2),
-    "after closing": (box(0, 0, 100, 100) + [line(-300, 0), line(-300, 600)], 100 ** 2 + 300 * 600 / 2),
-    "without a move": ([line(0, 0), line(600, 0), line(0, 600), CLOSE], 600 * 600 / 2),
-    "moves and repeated points": ([move(5, 5), move(0, 0), line(0, 0), line(600, 0), line(600, 0),
-                                   line(600, 600), line(0, 600), line(0, 0), CLOSE, move(9, 9), CLOSE],
-                                  600 * 600),
     "straight curves": ([move(0, 0), curve(0, 0, 600, 0, 600, 0), curve(600, 200, 600, 400, 600, 600),
                          curve(600, 600, 600, 600, 600, 600), line(0, 600)], 600 * 600),
     "a dot": ([move(100, 100), CLOSE], 0),
-    "a line": ([move(100, 0), line(100, 700), CLOSE], 0),
 }
 
 
@@ -88,101 +69,13 @@ def test_what_a_drawing_leaves_out_is_read_by_the_table(make, extension):
         assert (drawing(2 * index) == []) == (contours == ""), name
 
 
-def wild_contours(seed, reach=2000, curves=0.6):
-    """Contours with everything that rounding and encoding has to get right."""
-    pick = random.Random(seed)
-
-    def number():
-        return pick.choice([pick.randrange(-reach, reach), pick.uniform(-reach, reach), 0, 0.5])
-
-    contours = []
-    for _ in range(pick.randrange(1, 4)):
-        contour = [(number(), number())]
-        for _ in range(pick.choice([0, 1, 2, 9, 60])):
-            x, y = contour[-1][-2:]
-            end = pick.choice([(number(), y), (x, number()), (number(), number()), (x, y)])
-            if pick.random() < curves:
-                first = pick.choice([(x, number()), (number(), y), (number(), number()), (x, y)])
-                second = pick.choice([(end[0], number()), (number(), end[1]), (number(), number()), end])
-                contour.append(first + second + end)
-            else:
-                contour.append(end)
-        contours.append(contour)
-    return contours
-
-
-def draw(contours, pen, rounded=False):
-    for contour in contours:
-        points = [[(number, math.floor(number + 0.5))[rounded] for number in segment] for segment in contour]
-        pen.moveTo(tuple(points[0]))
-        for point in points[1:]:
-            if len(point) == 2:
-                pen.lineTo(tuple(point))
-            else:
-                pen.curveTo(*zip(point[0::2], point[1::2]))
-        pen.closePath()
-    return pen
-
-
-def shape_of(pen):
-    """Area and moments: equal for equal shapes, and hardly ever for others."""
-    return [getattr(pen, name) for name in ("area", "momentX", "momentY", "momentXX", "momentXY", "momentYY")]
-
-
-@pytest.mark.parametrize("reach", [60, 1000, 16000])
-def test_charstrings_draw_the_rounded_drawing(reach):
-    class Private:
-        nominalWidthX, defaultWidthX = 600, 0
-
-    for seed in range(80):
-        contours = wild_contours(seed, reach)
-        data, found_box = encode_charstring(outline_of(contours))
-        data = encoded_number(-17) + data
-        turned = reversed_contours(contours) if signed_area(contours) < 0 else contours
-        charstring = T2CharString(bytecode=data, private=Private, globalSubrs=[])
-        read, recording = MomentsPen(), RecordingPen()
-        charstring.draw(recording)
-        recording.replay(read)
-        expected = shape_of(draw(turned, MomentsPen(), rounded=True))
-        assert shape_of(read) == pytest.approx(expected, rel=1e-6, abs=reach), seed
-        assert charstring.width == 583
-        bounds = BoundsPen(None)
-        recording.replay(bounds)
-        assert found_box == (bounds.bounds and pytest.approx(bounds.bounds, abs=1)), seed
-
-
-@pytest.mark.parametrize("reach", [60, 1000, 16000])
-def test_glyf_entries_read_back(reach):
-    for seed in range(80):
-        outline = quadratic_outline(outline_of(wild_contours(seed, reach)), 1000)
-        read = Glyph(encode_glyf(outline))
-        read.expand(None)
-        assert read.numberOfContours == len(outline.ends)
-        if outline.ends:
-            assert list(read.coordinates) == list(zip(outline.xs, outline.ys)), seed
-            assert [flag & 1 for flag in read.flags] == [int(on) for on in outline.on_curve], seed
-            assert read.endPtsOfContours == outline.ends
-            assert (read.xMin, read.yMin, read.xMax, read.yMax) == outline.box()
-
-
-def test_areas_count_curves_exactly_and_turning_round_turns_their_sign():
-    for seed in range(40):
-        contours = wild_contours(seed)
-        area = draw(contours, AreaPen()).value
-        assert signed_area(contours) == pytest.approx(area, abs=1e-3)
-        assert signed_area(reversed_contours(contours)) == pytest.approx(-area, abs=1e-3)
-
-
 OVERLAPS = {
     "one box": (box(0, 0, 9, 9), False),
-    "apart": (box(0, 0, 9, 9) + box(20, 0, 29, 9), False),
     "a ring": (circle(0, 0, 300) + circle(0, 0, 200, -1), False),
     "a dot in a ring": (circle(0, 0, 300) + circle(0, 0, 200, -1) + circle(0, 0, 100), False),
     "side by side in one box": ([move(0, 0), line(100, 0), line(0, 100)] +
                                 [move(90, 90), line(90, 40), line(40, 90)], False),
     "crossing": (box(0, 0, 400, 400) + box(200, 200, 600, 600), True),
-    "crossing the other way round": (box(0, 0, 400, 400) + box(600, 200, 200, 600), True),
-    "the same twice": (box(0, 0, 9, 9) * 2, True),
     "inside, turning alike": (box(0, 0, 90, 90) + box(10, 10, 20, 20), True),
     "around, turning alike": (box(10, 10, 20, 20) + box(0, 0, 90, 90), True),
     "thousands": (sum((box(x, 0, x + 5, 9) for x in range(0, 30000, 9)), []), False),
@@ -194,10 +87,6 @@ def test_overlapping_contours_are_flagged(make):
     glyf = make(document(glyphs), "f.ttf")["glyf"]
     for index, (name, (_, expected)) in enumerate(OVERLAPS.items()):
         assert bool(glyf[f"g{index}"].flags[0] & 0x40) == expected, name
-
-
-def test_numbered_strings_are_those_that_every_reader_knows():
-    assert _NUMBERED_STRINGS == cffStandardStrings[:len(_NUMBERED_STRINGS)]
 
 
 @pytest.mark.parametrize("em", [16, 999, 1000, 2048, 16384])

@@ -7,9 +7,7 @@ from drawings import box, circle, document, glyph, pair
 from font_generator import document as reading
 from font_generator import pieces
 from font_generator.document import read_document
-from font_generator.errors import GeneratorError
 from font_generator.formats import FORMATS, encoder_for
-from font_generator.workers import beside
 
 GLYPHS = [glyph(f'g{index} é "}},{{', chr(0x4E00 + index), box(0, 0, index + 1, 9) + circle(90, 90, 50.5))
           for index in range(60)]
@@ -53,27 +51,3 @@ def test_pieces_read_as_the_whole_does(read, case):
         assert read(text, extension=extension, processors=1) == whole
     assert [entry.number for entry in whole.glyphs] == list(range(1, 61))
 
-
-@pytest.mark.parametrize("fault", [
-    lambda text: text[:-1], lambda text: text.replace('"g50 é', '"g50 é" "'), lambda text: text + "]",
-    lambda text: text.replace("700", "1e999"), lambda text: text.replace('"g7 é', '7, "x": "'),
-    lambda text: text.replace('"unitsPerEm": 1000', '"unitsPerEm": "1000"'),
-    lambda text: text.replace('"x": 57', '"x": 99999'), lambda text: text.replace('"glyphs": [', '"glyphs": [[], ')])
-def test_faults_in_pieces_are_told_as_of_the_whole(read, fault):
-    text = fault(json.dumps(document(GLYPHS, PAIRS), ensure_ascii=False))
-    with pytest.raises(GeneratorError) as expected:
-        read(text, whole=True)
-    with pytest.raises(GeneratorError) as found:
-        read(text)
-    assert str(found.value) == str(expected.value)
-
-
-def test_a_second_process_that_fails_gives_nothing(capfd):
-    def fail():
-        raise ValueError("not told")
-
-    assert beside(lambda: [1, 2])() == [1, 2]
-    assert beside(fail)() is None
-    assert beside(lambda: lambda: 1)() is None  # what can't be sent
-    assert beside(lambda: bytes(1 << 20))() == bytes(1 << 20)
-    assert "not told" not in capfd.readouterr().out

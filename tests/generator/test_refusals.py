@@ -8,7 +8,7 @@ import sys
 
 import pytest
 from conftest import SCRIPT
-from drawings import CLOSE, box, curve, document, glyph, line, move, pair
+from drawings import CLOSE, box, document, glyph, line, move, pair
 from font_generator import output
 from font_generator.cli import _make
 from font_generator.errors import GeneratorError
@@ -38,59 +38,36 @@ def raw(document, old, new):
 
 # What is wrong: the document, and words that the sentence has to hold.
 REFUSED = {
-    "nothing": (b"", "not JSON"),
-    "not JSON": (b"<svg/>", "line 1, column 1"),
     "cut off": (json.dumps(with_()).encode()[:-9], "not JSON"),
     "not UTF-8": (raw(with_(name="X"), '"X"', '"\udcff"'), "not valid UTF-8 (byte 10)"),
     "not UTF-8 at the very end": (b"{" + b" " * 70000 + b"\xe2\x82", "byte 70001"),
-    "not JSON after an emoji": ('{"🎈": x}'.encode(), "line 1, column 7"),
     "a fault in an emoji": (raw(with_glyph(name="77", unicode=1), "77", "🎈"), '"🎈"'),
     "half a character": (with_glyph(name="\ud800"), "half a character"),
     "deep brackets": (DEEP, "nest too deep"),
-    "a list": ([], "not a JSON object"),
-    "no members": ({}, '"glyphs"'),
     "no name": (without("name"), '"name"'),
     "no pairs": (without("kerningPairs"), '"kerningPairs"'),
-    "no units": (without("unitsPerEm"), '"unitsPerEm"'),
     "a number as name": (with_(name=3), '"name"'),
-    "null as name": (with_(designer=None), '"designer"'),
     "an endless name": (with_(name="n" * 10_000_000), "10,000,000 characters"),
-    "an endless glyph name": (with_glyph(name="n" * 10_000_000), "10,000,000 characters"),
     "texts that are too long together": (with_(name="n" * 30000, copyright="c" * 30000), "too long"),
     "text as a measure": (with_(ascender="800"), '"ascender"'),
     "truth as a measure": (with_(xHeight=True), '"xHeight"'),
     "NaN": (with_(capHeight=float("nan")), "NaN"),
-    "infinity": (with_(descender=float("-inf")), "-Infinity"),
     "an overflowing number": (raw(with_(ascender=77), "77", "1e999"), "finite"),
-    "400 digits": (raw(with_(ascender=77), "77", "9" * 400), "finite"),
     "10,000 digits": (raw(with_(ascender=77), "77", "9" * 10000), "digits"),
     "an object as glyphs": (with_(glyphs={}), '"glyphs"'),
-    "a number as glyph": (with_(glyphs=[7]), "Glyph number 1 is"),
     "no units in an em": (with_(unitsPerEm=15), "15 units per em"),
-    "too many units": (with_(unitsPerEm=16385), "16385 units per em"),
-    "a broken em": (with_(unitsPerEm=1000.5), "1000.5 units per em"),
     "a high ascender": (with_(ascender=40000), "ascender"),
-    "no advance": (document([{"name": "bad", "fontPath": []}]), '"bad"'),
     "a negative advance": (with_glyph(advanceWidth=-1), '"bad" is -1'),
     "a name of several lines": (with_glyph(name="bä\nd\u202e", advanceWidth=-1), '"bä\\nd\\u202e" is -1'),
-    "a wide advance": (with_glyph(advanceWidth=1e300), '"bad"'),
     "text as advance": (with_glyph(advanceWidth="600"), '"bad"'),
     "a number as character": (with_glyph(unicode=65), '"unicode"'),
-    "a path of text": (with_glyph(fontPath="M 0 0"), '"fontPath"'),
     "a command of text": (with_path("M"), '"bad"'),
     "an unknown command": (with_path(move(0, 0), {"type": "arcTo"}), "command number 2"),
-    "a listed type": (with_path({"type": ["moveTo"]}), "command number 1"),
     "no point": (with_path({"type": "moveTo"}), "command number 1"),
-    "no control": (with_path(move(0, 0), curve(1, 1, 2, 2, 3, 3) | {"control2": None}), "control2"),
     "text as coordinate": (with_path(move(0, 0), CLOSE, line("0", 0)), "command number 3"),
-    "truth as coordinate": (with_path(move(0, True)), "whose y"),
-    "a listed coordinate": (with_path(move([0], 0)), "whose x"),
-    "an infinite coordinate": (raw(with_path(move(0, 77)), "77", "1e999"), "whose y"),
     "far out": (with_path(*box(0, 0, 32768, 9)), '"bad" reaches to the coordinate 32768'),
     "larger than steps": (with_path(*box(-20000, 0, 20000, 9)), '"bad" is 40000 units wide'),
     "a pair of text": (with_(kerningPairs=["AV"]), "pair number 1"),
-    "no left": (with_(kerningPairs=[{"rightGlyph": "A", "value": 1}]), '"leftGlyph"'),
-    "text as kerning": (with_(kerningPairs=[pair("A", "A", "1")]), '"A" "A"'),
     "far kerning": (with_(kerningPairs=[pair("A", "A", -40000)]), '"A" "A"'),
     "too many glyphs": (document([glyph("g")] * 65535), "65,536 glyphs"),
     "too many points": (with_path(*(line(i % 9 * 7, i * 7 % 11) for i in range(70000))), '"bad"'),
@@ -114,7 +91,7 @@ def test_a_document_is_refused_in_one_sentence(tmp_path, case):
 
 
 def test_a_refusal_is_one_line_on_standard_error_and_status_1(generate):
-    for case in ("nothing", "deep brackets", "half a character", "a negative advance"):
+    for case in ("deep brackets", "half a character", "a negative advance"):
         run = generate(REFUSED[case][0])
         assert (run.status, run.error.count("\n"), run.warnings) == (1, 1, [])
         assert REFUSED[case][1] in run.error and "Traceback" not in run.error
@@ -136,18 +113,6 @@ def test_a_target_that_can_not_be_written_is_refused(generate, tmp_path):
         run = generate(GOOD, target)
         assert (run.status, run.error.count("\n")) == (1, 1) and words in run.error, target
     assert stat.S_ISFIFO(os.stat(tmp_path / "pipe.otf").st_mode)
-
-
-def test_wrong_usage_and_unreadable_documents(tmp_path):
-    def run(*operands):
-        result = subprocess.run([sys.executable, str(SCRIPT), *operands], capture_output=True, text=True)
-        assert result.stderr.count("\n") == 1 and "Traceback" not in result.stderr
-        return result.returncode
-
-    font = str(tmp_path / "font.otf")
-    assert run() == run("one") == run("a", font, "c") == run("--brotli-quality", "12", "a", font) == 2
-    assert run(str(tmp_path / "absent.json"), font) == run(str(tmp_path), font) == 1
-    assert os.listdir(tmp_path) == []
 
 
 def test_a_font_takes_the_place_of_the_old_one(generate, tmp_path):
@@ -190,10 +155,3 @@ def test_a_request_to_end_leaves_the_old_font(tmp_path):
     assert (tmp_path / "f.otf").read_bytes() == b"old"
     assert sorted(os.listdir(tmp_path)) == ["d.json", "f.otf"]
 
-
-def test_nobody_reading_the_warnings_is_no_failure(tmp_path):
-    (tmp_path / "d.json").write_text(json.dumps(document([glyph("A", "A"), glyph("B", "A")])))
-    process = subprocess.Popen([sys.executable, str(SCRIPT), str(tmp_path / "d.json"),
-                                str(tmp_path / "f.otf")], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-    process.stdout.close()
-    assert (process.stderr.read(), process.wait()) == (b"", 0)

@@ -3,23 +3,16 @@
 import json
 import math
 import re
-import subprocess
-import sys
 from html.parser import HTMLParser
 
 import pytest
-from conftest import FORMATS, RESOURCES
+from conftest import FORMATS
 from drawings import box, circle, document, glyph, hard_project, pair
 from font_generator.cli import _make
 from font_generator.document import read_document
 from font_generator.errors import GeneratorError
-from font_reporter import proof, samples
 from font_reporter.cli import make_report
-from font_reporter.coverage import cover
-from font_reporter.distances import largest_distance
 from font_reporter.facts import as_drawn, collect
-from font_reporter.languages import LANGUAGES, letters_of
-from font_reporter.markup import number, text
 
 
 @pytest.fixture
@@ -33,32 +26,6 @@ def report(tmp_path):
         facts = collect(read_document(str(source), lambda units_per_em: as_drawn), str(font))
         return facts, page.read_text(encoding="utf-8")
     return run
-
-
-SQUARE = [[(0, 0), (100, 0), (100, 100), (0, 100)]]
-# Drawing, exported outline and their largest distance.
-APART = {
-    "the same": (SQUARE, SQUARE, 0),
-    "turned round and begun elsewhere": (SQUARE, [[(100, 100), (100, 0), (0, 0), (0, 100), (100, 100)]], 0),
-    "a corner moved": (SQUARE, [[(0, 0), (100, 0), (103, 104), (0, 100)]], 5),
-    "a piece missing": (SQUARE + [[(200, 0), (210, 0), (210, 10)]], SQUARE, math.hypot(110, 0)),
-    "a piece too much": (SQUARE, SQUARE + [[(200, 0), (210, 0), (210, 10)]], math.hypot(110, 0)),
-    "nothing exported": (SQUARE, [], math.inf),
-    "nothing at all": ([[(5, 5)]], [], 0),
-    "a parabola as cubic": ([[(0, 0), (40, 80, 80, 80, 120, 0)]], [[(0, 0), (60, 120, 120, 0)]], 0),
-    "a cut corner": ([[(0, 0), (0, 60, 60, 60)]], [[(0, 0), (60, 60)]], 15 * math.sqrt(2)),
-    "a double point": ([[(0, 0), (0, 0, 30, 0, 90, 0), (90, 9), (0, 9)]], [[(0, 0), (90, 0), (90, 9), (0, 9)]], 0),
-}
-
-
-@pytest.mark.parametrize("name", APART)
-def test_outlines_are_as_far_apart_as_they_look(name):
-    drawing, exported, expected = APART[name]
-    for one, other in ((drawing, exported), (exported, drawing)):
-        assert largest_distance(one, other, 1000).length == pytest.approx(expected, rel=0.01, abs=0.06)
-    scaled = [[[tuple(16 * value for value in points) for points in contour] for contour in outline]
-              for outline in (drawing, exported)]
-    assert largest_distance(*scaled, 16000).length == pytest.approx(16 * expected, rel=0.01, abs=1)
 
 
 @pytest.mark.parametrize("extension", FORMATS)
@@ -115,35 +82,6 @@ def test_a_project_of_hardly_anything_has_a_report(report, project):
     assert _Page(html).open == []
 
 
-def test_long_lists_are_cut_and_say_so(report, monkeypatch):
-    for module, name, most in ((proof, "MOST_CARDS", 10), (proof, "MOST_ROWS", 20), (samples, "MOST_TILES", 5),
-                               (samples, "MOST_ROWS", 7)):
-        monkeypatch.setattr(module, name, most)
-    glyphs = [glyph(f"g{index}", chr(0x4E00 + index), box(0, 0, 99, 99)) for index in range(50)]
-    facts, html = report(document(glyphs, [pair(f"g{index}", "g1", -index) for index in range(1, 41)]))
-    assert [abs(entry.value) for entry in facts.pairs] == list(range(40, 0, -1))
-    assert html.count("<figure>") == 10
-    assert "20 more glyphs" in html and "22 further glyphs" in html
-    assert "7 more pairs" in html and "28 pairs of smaller values are left out" in html
-
-
-def test_coverage_counts_what_is_drawn():
-    basic = [ord(letter) for letter in letters_of("English")]
-    found = cover(basic, [*basic, 0x37E])
-    assert [(block.name, block.covered, block.size) for block in found.blocks] == [("Basic Latin", 52, 95)]
-    assert "English" in found.complete and "German" not in found.complete
-    assert ("Basque", "Ññ") in found.nearly
-    everything = [ord(letter) for language in LANGUAGES for letter in letters_of(language)]
-    assert cover(everything, everything).complete == list(LANGUAGES)
-    assert len(letters_of("Vietnamese")) == 52 + 2 * 67
-
-
-def test_texts_and_numbers_are_fit_for_a_page():
-    assert text('<a & "b">') == "&lt;a &amp; &quot;b&quot;&gt;"
-    assert text("a\u2066\nb") == r"a\u{2066}\u{a}b" and len(text("x" * 9999)) < 500
-    assert (number(-1234), number(12345), number(0.456, 2)) == ("−1234", "12\u202f345", "0.46")
-
-
 def test_what_can_not_be_reported_is_refused_in_one_sentence(tmp_path):
     good, other = document([glyph("A", "A", box(0, 0, 9, 9))]), document([glyph("B", "B", box(0, 0, 9, 9))])
     for name, project in (("good", good), ("other", other)):
@@ -159,15 +97,4 @@ def test_what_can_not_be_reported_is_refused_in_one_sentence(tmp_path):
             make_report(str(tmp_path / "good.json"), str(tmp_path / font), str(page))
         assert words in str(refusal.value) and "\n" not in str(refusal.value)
     assert page.read_text() == "the old page"
-
-    def run(*operands):
-        result = subprocess.run([sys.executable, "-u", str(RESOURCES / "font_report.py"), *map(str, operands)],
-                                capture_output=True, text=True)
-        assert result.stderr.count("\n") == (result.returncode != 0) and "Traceback" not in result.stderr
-        return result.returncode
-
-    assert run("one") == 2
-    assert run(tmp_path / "good.json", tmp_path / "good.otf", tmp_path / "no" / "report.html") == 1
-    assert run(tmp_path / "good.json", tmp_path / "good.otf", page) == 0
-    assert page.read_text().startswith("<!doctype html>")
     assert not [entry for entry in tmp_path.iterdir() if entry.suffix == ".part"]

@@ -1,35 +1,9 @@
-#include "kerning/kerning_canvas_mapping.h"
 #include "kerning/kerning_drag.h"
 #include "support/document.h"
 #include "support/testing.h"
 
 namespace quillery::test {
 namespace {
-
-TEST(KerningCanvasMapping, PlacesBothGlyphsOnTheBaseline) {
-  // 1080 points of height give one point a unit; the width would give more.
-  const auto byHeight = KerningCanvasMapping::make(600, 500, -80, {2080, 1080});
-  ASSERT_TRUE(byHeight);
-  EXPECT_EQ(byHeight->pointsPerUnit(), 1);
-  EXPECT_EQ(byHeight->leftToView({10, 100}), (Point{50, 940}));
-  EXPECT_EQ(byHeight->rightToView({10, 100}), (Point{570, 940}));
-  EXPECT_EQ(byHeight->marker()[0], (KerningCanvasMapping::Line{{640, 540}, {560, 540}}));
-
-  const auto byWidth = KerningCanvasMapping::make(600, 500, -100, {580, 1080});
-  ASSERT_TRUE(byWidth);
-  EXPECT_EQ(byWidth->pointsPerUnit(), 0.5);
-  EXPECT_EQ(byWidth->rightToView({500, 0}), (Point{540, 1040}));
-}
-
-TEST(KerningCanvasMapping, IsNotThereWhereNothingCanBeDrawn) {
-  const Size canvas{400, 400};
-  EXPECT_FALSE(KerningCanvasMapping::make(600, 500, 0, {400, 80})) << "as low as its margins";
-  EXPECT_FALSE(KerningCanvasMapping::make(0, 0, 0, {60, 400})) << "narrow and nothing to fit";
-  EXPECT_FALSE(KerningCanvasMapping::make(kInfinity, 500, 0, canvas));
-  EXPECT_FALSE(KerningCanvasMapping::make(kInfinity, -kInfinity, 0, canvas));
-  EXPECT_GT(KerningCanvasMapping::make(0, 0, 0, canvas)->pointsPerUnit(), 0) << "no advances";
-  EXPECT_GT(KerningCanvasMapping::make(50, 40, -150, canvas)->pointsPerUnit(), 0);
-}
 
 struct KerningEditTest : ::testing::Test {
   KerningEditTest() {
@@ -98,23 +72,6 @@ TEST_F(KerningEditTest, GesturesThatChangeNothingLeaveNoStep) {
   EXPECT_EQ(value(), 10);
   EXPECT_EQ(value(2), 0);
   EXPECT_FALSE(canUndo());
-}
-
-TEST_F(KerningEditTest, AnUndoWhileDraggingTakesTheDragBack) {
-  drag.press(id(0), {300, 0});
-  drag.drag({340, 0}, canvas);
-  EXPECT_TRUE(d.manager.canUndo());
-  d.manager.undo();
-  EXPECT_EQ(value(), 10);
-  drag.drag({350, 0}, canvas);
-  drag.release();
-  EXPECT_EQ(value(), 10);
-  EXPECT_TRUE(d.manager.canRedo());
-  drag.press(id(0), {300, 0});
-  drag.drag({305, 0}, canvas);
-  drag.release();
-  EXPECT_EQ(value(), 20);
-
   // The pair goes while it is dragged.
   drag.press(id(0), {300, 0});
   drag.drag({340, 0}, canvas);
@@ -122,25 +79,6 @@ TEST_F(KerningEditTest, AnUndoWhileDraggingTakesTheDragBack) {
   drag.drag({350, 0}, canvas);
   drag.release();
   EXPECT_EQ(value(), 0);
-}
-
-TEST_F(KerningEditTest, AnotherEditEndsTheOneBefore) {
-  KerningEdit slider(d.manager);
-  slider.begin(id(0));
-  slider.set(250);
-  EXPECT_EQ(value(), 200);
-  drag.press(id(0), {300, 0});
-  drag.drag({280, 0}, canvas);
-  slider.set(5);
-  EXPECT_EQ(value(), 160);
-  enterKerningValue(d.manager, id(0), -1000);
-  drag.release();
-  EXPECT_EQ(value(), -200);
-  for (const double before : {160.0, 200.0, 10.0}) {
-    d.manager.undo();
-    EXPECT_EQ(value(), before);
-  }
-  EXPECT_FALSE(canUndo());
 }
 
 } // namespace

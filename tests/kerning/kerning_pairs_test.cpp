@@ -28,23 +28,6 @@ struct KerningTest : ::testing::Test {
   }
 };
 
-TEST(CommonKerningPairs, AreThoseOfSlantedAndOverhangingLetters) {
-  std::vector<std::string> expected;
-  const auto add = [&](std::string_view lefts, const std::vector<std::string>& rights) {
-    for (const char left : lefts)
-      for (const std::string& right : rights) expected.push_back(left + ("/" + right));
-  };
-  add("A", {"v", "w", "y", "T", "V", "W", "Y"});
-  add("TVWY", {"a", "e", "o", "A"});
-  add("L", {"T", "V", "W", "Y"});
-  add("rvwy", {"a", "e", "o"});
-  add("AFPTVWY", {"period", "comma"});
-  std::vector<std::string> found;
-  for (const auto& [left, right] : kCommonKerningPairs)
-    found.push_back(std::string(left) + "/" + std::string(right));
-  EXPECT_THAT(found, ::testing::UnorderedElementsAreArray(expected));
-}
-
 TEST_F(KerningTest, AddsTheCommonPairsOfGlyphsThatAreThere) {
   generateCommonKerningPairs(d.manager);
   EXPECT_FALSE(d.manager.selectedKerningPairId());
@@ -79,29 +62,6 @@ TEST_F(KerningTest, AddsAndDeletesWithoutUndo) {
   deleteKerningPair(d.manager, first);
   EXPECT_EQ(pairs(), "A/V ");
   EXPECT_FALSE(d.manager.undoManager().canUndo());
-}
-
-TEST_F(KerningTest, ChangesValuesAsSteps) {
-  setPairs({makePair("A", "V", -80), makePair("T", "o")});
-  const Uuid id = d.project().kerningPairs[0].id;
-  const auto value = [&] { return d.project().kerningPairs[0].value; };
-  changeKerningValue(d.manager, id, -80);
-  changeKerningValue(d.manager, Uuid::random(), 5);
-  EXPECT_FALSE(d.manager.undoManager().canUndo());
-  changeKerningValue(d.manager, id, -60);
-  changeKerningValue(d.manager, id, -40);
-  d.manager.undo();
-  EXPECT_EQ(value(), -60);
-  EXPECT_EQ(d.manager.undoManager().redoActionName(), "Change Kerning A/V");
-  d.manager.undo();
-  EXPECT_EQ(value(), -80);
-  EXPECT_FALSE(d.manager.undoManager().canUndo());
-  d.manager.redo();
-  d.manager.redo();
-  EXPECT_EQ(value(), -40);
-  setPairs({});
-  d.manager.undo();
-  EXPECT_THAT(d.project().kerningPairs, IsEmpty());
 }
 
 TEST_F(KerningTest, ListsPairsByNamesRunTogether) {

@@ -73,49 +73,6 @@ TEST(Glyph, KeepsOutlineAndMetricsInStep) {
   }
 }
 
-// One of the five metrics by number, set through its rule.
-void setMetric(Glyph& glyph, unsigned which, double value) {
-  switch (which % 5) {
-  case 0:
-    return glyph.setLeftSideBearing(value);
-  case 1:
-    return glyph.setRightSideBearing(value);
-  case 2:
-    return glyph.setAdvanceWidth(value);
-  case 3:
-    return glyph.setVerticalOffset(value);
-  default:
-    return glyph.setScale(std::fabs(value) / 1000 + 0.01);
-  }
-}
-
-TEST(Glyph, StaysInStepThroughAnySequenceOfChanges) {
-  std::mt19937 random(4);
-  std::uniform_real_distribution<double> lengths(-2000, 2000);
-  for (int run = 0; run < 200; ++run) {
-    Glyph glyph = placedGlyph();
-    for (int step = 0; step < 30; ++step) {
-      const double leftEdge = glyph.boundingBox().minX();
-      const double right = glyph.rightSideBearing();
-      const auto which = static_cast<unsigned>(random());
-      setMetric(glyph, which, lengths(random));
-      const double tolerance = 1e-9 * (std::fabs(glyph.boundingBox().width) +
-                                       std::fabs(glyph.boundingBox().height) + 1e4);
-      ASSERT_NEAR(glyph.rightSideBearing(), glyph.advanceWidth() - glyph.boundingBox().maxX(),
-                  0.001);
-      if (which % 5 == 4) {
-        ASSERT_EQ(glyph.boundingBox().minX(), leftEdge);
-        ASSERT_NEAR(glyph.rightSideBearing(), right, tolerance);
-      }
-      const Rect box = controlBox(glyph.fontPath());
-      ASSERT_NEAR(glyph.boundingBox().minX(), box.minX(), tolerance);
-      ASSERT_NEAR(glyph.boundingBox().minY(), box.minY(), tolerance);
-      ASSERT_NEAR(glyph.boundingBox().width, box.width, 2 * tolerance);
-      ASSERT_NEAR(glyph.boundingBox().height, box.height, 2 * tolerance);
-    }
-  }
-}
-
 TEST(Outline, ReadsAsIfEveryMoveHadMovedItsPoints) {
   std::mt19937 random(11);
   const auto number = [&] { return static_cast<double>(random()) / 1e7 - 200; };
@@ -148,13 +105,6 @@ TEST(Outline, ReadsAsIfEveryMoveHadMovedItsPoints) {
     EXPECT_NEAR(controlBox(shape).y + shift.y, controlBox(outline).y, 1e-6) << move;
   }
   for (const auto& [then, was] : earlier) ASSERT_EQ(then, Outline(was));
-}
-
-TEST(Outline, BoxHoldsControlPointsAndIsInfiniteWithoutPoints) {
-  EXPECT_EQ(controlBox(placedGlyph().fontPath()), (Rect{100, 0, 400, 700}));
-  const Rect nothing{kInfinity, kInfinity, -kInfinity, -kInfinity};
-  EXPECT_EQ(controlBox({}), nothing);
-  EXPECT_EQ(controlBox({PathCommand::closePath()}), nothing);
 }
 
 } // namespace

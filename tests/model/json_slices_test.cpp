@@ -6,37 +6,6 @@
 namespace quillery::test {
 namespace {
 
-TEST(SliceJsonObject, LosesNoByteWhateverTheSize) {
-  const std::string rows[] = {
-      R"({"a":[]})",
-      R"({"a":[1]})",
-      R"( { "a" : [ 1 , "2,]" , [3,{"a":[4]}] ] , "b" : { "c" : [] } } )",
-      R"({"n":"a","b":[{"x":"\\\"]"},{"y":"\\"},{}],"a":["{","[","\",\""],"z":[1,2]})",
-      R"({"z":{"a":[1,2,3]},"a":[1,2,3],"b":"not a list"})",
-  };
-  for (const std::string& text : rows)
-    for (std::size_t size = 1; size < 20; ++size) {
-      const auto cut = sliceJsonObject(text, {"a", "b"}, size);
-      ASSERT_TRUE(cut) << text;
-      // Put together, skeleton and slices are the text again.
-      std::string joined = cut->skeleton;
-      std::size_t from = 0;
-      for (std::size_t i = 0; i < cut->slices.size();) {
-        const std::size_t member = cut->slices[i].member, begin = cut->slices[i].begin;
-        std::size_t end = cut->slices[i].end;
-        for (++i; i < cut->slices.size() && cut->slices[i].member == member; ++i) {
-          EXPECT_EQ(cut->slices[i].begin, end - 1) << text;
-          end = cut->slices[i].end;
-        }
-        from = joined.find("[]", std::max(from, begin)); // what stands before is whole already
-        ASSERT_EQ(from, begin) << text;
-        joined.replace(from, 2, text, begin, end - begin);
-        from += end - begin;
-      }
-      EXPECT_EQ(joined, text) << size;
-    }
-}
-
 TEST(SliceJsonObject, LeavesWhatIsNotPlainToTheParser) {
   for (const char* text :
        {"", "[]", "{", R"({"a":[1)", R"({"a":[1}])", R"({"a":[1]]})", R"({"a":["})",

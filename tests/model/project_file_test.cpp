@@ -10,14 +10,6 @@
 namespace quillery::test {
 namespace {
 
-TEST(EncodeProject, LeavesOutTheCharacterThatIsNotThere) {
-  FontProject project;
-  project.glyphs = {makeGlyph(".notdef")};
-  const std::string text = encoded(project);
-  EXPECT_EQ(text.find("unicode\""), std::string::npos);
-  EXPECT_NE(text.find("\"fontPath\" : []\n"), std::string::npos);
-}
-
 TEST(DecodeProject, ReadsBackWhatWasWrittenToTheBit) {
   RandomProjects projects;
   for (int i = 0; i < 300; ++i) {

@@ -72,14 +72,6 @@ FontProject decodedOrEmpty(const std::string& text) {
   return result ? std::move(result).value() : FontProject();
 }
 
-TEST(DecodeProject, KeepsTheSignOfABareZeroAndEveryDigitBesideIt) {
-  const std::string text =
-      replaced(replaced(kDocument, "[1, 2]", "[-0, 2]"), "1000,", "9007199254740993,");
-  const FontProject project = decodedOrEmpty(text);
-  EXPECT_EQ(project.unitsPerEm, 9007199254740993);
-  EXPECT_THAT(encoded(project), ::testing::HasSubstr("[-0.0, 2]"));
-}
-
 TEST(DecodeProject, TakesEveryFormOfTheSameDocument) {
   const FontProject project = decodedOrEmpty(kDocument);
   ASSERT_EQ(encoded(project), kDocument);
@@ -111,16 +103,6 @@ TEST(DecodeProject, TakesEveryFormOfTheSameDocument) {
     const FontProject other = decodedOrEmpty(replaced(kDocument, "\"unicode\" : \"A\",", absent));
     EXPECT_FALSE(other.glyphs[0].unicode());
   }
-  // Whole numbers of any size are numbers; values are stored whatever they say.
-  const FontProject big =
-      decodedOrEmpty(replaced(replaced(kDocument, "-50", "123456789012345678901234567890"), "51,",
-                              "-18446744073709551616,"));
-  EXPECT_EQ(big.kerningPairs[0].value, 123456789012345678901234567890.0);
-  EXPECT_EQ(big.glyphs[0].leftSideBearing(), -18446744073709551616.0);
-  EXPECT_EQ(big.glyphs[0].rightSideBearing(), 52);
-  const FontProject tiny =
-      decodedOrEmpty(replaced(kDocument, "-50", "0." + std::string(400, '0') + "1"));
-  EXPECT_EQ(tiny.kerningPairs[0].value, 0);
 }
 
 // Renames each member in turn, and gives it a value of another type.
@@ -169,23 +151,17 @@ TEST(DecodeProject, RefusesMalformedValuesByPlaceAndReason) {
   const std::string path = "glyphs[0].fontPath";
   const std::tuple<const char*, const char*, std::string> rows[] = {
       {"[10, 20]", "[10]", "glyphs[0].viewBox[1]: " + point},
-      {"[10, 20]", "[10, 20, 30]", "glyphs[0].viewBox[1]: " + point},
       {"[10, 20]", "[10, null]", "glyphs[0].viewBox[1][1]: Expected a number"},
       {", [10, 20]", "", "glyphs[0].viewBox: " + box},
-      {", [10, 20]", ", [10, 20], []", "glyphs[0].viewBox: " + box},
       {"{ \"moveTo\"", "{ \"lineTo\" : {}, \"moveTo\"", path + "[0]: " + one},
-      {"{ \"moveTo\" : { \"_0\" : [1, 2] } }", "{}", path + "[0]: " + one},
-      {"{ \"moveTo\" : { \"_0\" : [1, 2] } }", "7", path + "[0]: Expected a path command object"},
       {"moveTo", "MoveTo", path + "[0]: Unknown path command \"MoveTo\""},
       {"{ \"_0\" : [1, 2] }", "[1, 2]", path + "[0].moveTo: Expected an object with the points"},
       {"\"_0\" : [1, 2]", "\"_1\" : [1, 2]", path + "[0].moveTo: The point \"_0\" is missing"},
       {"[5, 6]", "[5, \"6\"]", path + "[1].curveTo._1[1]: Expected a number"},
-      {"\"fontPath\" : [", "\"fontPath\" : 0, \"x\" : [", path + ": Expected an array"},
       {"\"glyphs\" : [", "\"glyphs\" : {}, \"x\" : [", "glyphs: Expected an array"},
       {"\"glyphs\" : [", "\"glyphs\" : [ 5,", "glyphs[0]: Expected a glyph object"},
       {"1000,", "1000.5,", "unitsPerEm: Expected a whole number"},
       {"1000,", "9223372036854775808,", "unitsPerEm: Expected a whole number"},
-      {"1000,", "-9223372036854775809,", "unitsPerEm: Expected a whole number"},
       {"5A1F0B7C-", "5A1F0B7C", "glyphs[0].id: Malformed UUID"}};
   for (const auto& [from, to, expected] : rows)
     EXPECT_EQ(decodingError(replaced(kDocument, from, to)), expected) << from << " became " << to;
@@ -215,17 +191,6 @@ TEST(DecodeProject, RefusesWhatIsNoJsonByPlaceAndReason) {
   }
   for (const char* value : {"[]", "null", "12", "\"text\""})
     EXPECT_EQ(decodingError(value), "Expected a project object") << value;
-}
-
-TEST(DecodeProject, RefusesDeepNestingAtOnce) {
-  for (const std::string& open : {std::string("["), std::string("{\"a\":")}) {
-    std::string deep;
-    for (int i = 0; i < 10'000; ++i) deep += open;
-    EXPECT_NE(decodingError(deep), "fine");
-    const std::string close(10'000, open.front() == '[' ? ']' : '}');
-    EXPECT_EQ(decodingError(replaced(kDocument, "{", "{\"x\" : " + deep + "1" + close + ",")),
-              "The document is nested deeper than 1024 levels");
-  }
 }
 
 TEST(DecodeProject, RefusesEveryTruncatedDocument) {

@@ -1,4 +1,3 @@
-#include "kerning/kerning_pairs.h"
 #include "preview/preview_scene.h"
 #include "support/document.h"
 #include "support/testing.h"
@@ -118,9 +117,6 @@ TEST_F(SceneTest, ForgetsTheHoveredItemWithTheTextAndTheModeOnly) {
   afterKerning(0, -100);
   scene.setFontSize(200);
   EXPECT_EQ(bounds(), (Rect{20, 20, 220, 200}));
-  d.manager.editKerningList([](auto& pairs) { pairs.clear(); });
-  watch.catchUp();
-  EXPECT_FALSE(scene.hoveredPairExists());
   d.manager.deleteGlyph(glyph("V")); // A and .notdef now
   watch.catchUp();
   EXPECT_FALSE(scene.hoveredPair());
@@ -132,16 +128,6 @@ TEST_F(SceneTest, ForgetsTheHoveredItemWithTheTextAndTheModeOnly) {
   scene.hover({30, 30});
   scene.setMode(PreviewMode::none);
   EXPECT_FALSE(scene.hoveredBounds());
-}
-
-TEST_F(SceneTest, KeysGoThroughTheItemsAndStopAtTheEnds) {
-  scene.setMode(PreviewMode::glyphs);
-  EXPECT_FALSE(scene.hoverNext(1));
-  scene.setText("A\nB");
-  std::string names;
-  for (const int step : {-1, 1, -1, -1, 1})
-    names += (scene.hoverNext(step), scene.hoveredGlyph()->glyphName);
-  EXPECT_EQ(names, "BBAAB");
 }
 
 TEST_F(SceneTest, FindsWhatHitTestingTheWholeListFinds) {
@@ -197,9 +183,6 @@ TEST_F(SceneTest, DrawsWhatReachesIntoAnAreaAtTheSamePlaceAsTheWholeText) {
   EXPECT_EQ(names({0, 250, 1000, 30}), "VXA");
   EXPECT_EQ(names({74, 50, 2, 10}), "AV"); // their ink overlaps
   EXPECT_EQ(scene.glyphsIn({0, 0, 1000, 60})[1].origin, (Point{72, 100}));
-  // An outline that is dragged away from its line is found where it is now.
-  afterEdit("X", [](Glyph& glyph) { glyph.setVerticalOffset(3000); });
-  EXPECT_NE(names({80, 0, 10, 10}).find('X'), std::string::npos);
   d.manager.editFontInfo([](FontInfo& font) { font.unitsPerEm = 0; });
   watch.catchUp();
   EXPECT_EQ(names({0, 0, 1000, 1000}), "");

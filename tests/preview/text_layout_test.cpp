@@ -82,18 +82,6 @@ TEST(TextLayout, SetsCharactersAlongTheirLines) {
   }
 }
 
-TEST(HitRectangles, CoverGlyphsAndNeighbouringPairs) {
-  const Set set("AV B\nBA");
-  const auto infos = characterInfos(set.layout, set.project);
-  ASSERT_EQ(infos.size(), 5U);
-  EXPECT_EQ(infos[1], (CharacterInfo{"V", "V", {72, 20, 60, 100}}));
-  EXPECT_EQ(infos[3], (CharacterInfo{"B", "B", {20, 120, 50, 100}}));
-  const std::vector<CharacterPairInfo> pairs = {{"A", "V", "A", "V", {20, 20, 137, 100}},
-                                                {"B", "A", "B", "A", {20, 120, 110, 100}}};
-  const auto pairInfos = characterPairInfos(set.layout, set.project);
-  EXPECT_EQ(pairInfos, pairs);
-}
-
 TEST(HitRectangles, AreAtLeastAPointWideAndHigh) {
   FontProject project = sampleProject();
   project.glyphs = {makeGlyph("A", "A", 0), makeGlyph("V", "V", -300)};

@@ -51,34 +51,5 @@ TEST(ProjectWatch, RefreshesOnceATurnAndOnlyForWhatTheViewShows) {
   EXPECT_EQ(refreshes.size(), 2U);
 }
 
-TEST(ProjectWatch, AlwaysHearsOfAnotherProjectAndOfUndo) {
-  Watched d;
-  std::vector<ProjectChanges> refreshes;
-  const ProjectWatch watch(d.manager, {{What::imports}},
-                           [&](const ProjectChanges& changes) { refreshes.push_back(changes); });
-  d.manager.selectAllGlyphs();
-  d.manager.deleteSelectedGlyphs();
-  d.manager.undo();
-  d.desktop.runPosted();
-  d.manager.newProject();
-  d.desktop.runPosted();
-  ASSERT_EQ(refreshes.size(), 2U);
-  for (const ProjectChanges& changes : refreshes)
-    EXPECT_TRUE(changes.everything() && changes.has(What::fontInfo) &&
-                changes.hasGlyph(Uuid::random()) && changes.hasPair(Uuid::random()));
-}
-
-TEST(ProjectWatch, ThatIsGoneRefreshesNothing) {
-  Watched d;
-  int refreshes = 0;
-  {
-    const ProjectWatch watch(d.manager, {{What::selection}},
-                             [&](const ProjectChanges&) { ++refreshes; });
-    d.manager.selectGlyph(d.glyph(0));
-  }
-  d.desktop.runPosted();
-  EXPECT_EQ(refreshes, 0);
-}
-
 } // namespace
 } // namespace quillery::test

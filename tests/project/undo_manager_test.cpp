@@ -70,16 +70,5 @@ TEST(UndoManager, ForgetsTheOldestStepsPastItsBudgetButNeverTheNewest) {
   EXPECT_EQ(counter.undoAll(), 1);
 }
 
-TEST(UndoManager, ForgetsWhatCameAfterAMarkThoughOlderStepsHaveGone) {
-  Counter counter;
-  for (int i = 1; i <= 8; ++i) counter.set(i, 10);
-  const auto mark = counter.undo.mark();
-  for (int i = 9; i <= 14; ++i) counter.set(i, 10); // the first four are forgotten
-  counter.undo.forgetSince(mark);
-  EXPECT_EQ(counter.undo.undoActionName(), "Set 8");
-  EXPECT_EQ(counter.undo.undoCount(), 4U);
-  EXPECT_EQ(counter.undo.size(), 40U);
-}
-
 } // namespace
 } // namespace quillery::test

@@ -9,8 +9,6 @@ RESOURCES = Path(__file__).resolve().parents[2] / "resources"
 sys.path.insert(0, str(RESOURCES))
 
 from sample_design import output
-from sample_design.catalogue import all_glyphs
-from sample_design.geometry import point_at, polygon_of, winding
 
 SPACING = json.loads((RESOURCES / "sample-spacing.json").read_text())
 PROJECT = json.loads((RESOURCES / "Sample.fontproj").read_text())
@@ -42,17 +40,3 @@ def test_the_shipped_project_has_the_drawings_with_their_spacing():
     characters = {glyph["unicode"] for glyph in PROJECT["glyphs"] if "unicode" in glyph}
     assert characters >= {*map(chr, range(0x20, 0x7F)), *"ÄÖÜäöüßéèàñç€"}
 
-
-def test_outlines_are_closed_whole_and_have_their_ink_on_the_left():
-    for glyph in all_glyphs():
-        polygons = [polygon_of(outline) for outline in glyph.outlines]
-        for outline in glyph.outlines:
-            for segment, following in zip(outline, outline[1:] + outline[:1]):
-                assert segment[-1] == following[0], glyph.name
-                assert all(p == complex(round(p.real), round(p.imag)) for p in segment), glyph.name
-            longest = max(outline, key=lambda segment: abs(segment[-1] - segment[0]))
-            side = (point_at(longest, 0.51) - point_at(longest, 0.49)) * 1j
-            side /= abs(side)
-            middle = point_at(longest, 0.5)
-            assert winding(polygons, middle + side) == 1, glyph.name
-            assert winding(polygons, middle - side) == 0, glyph.name

@@ -53,6 +53,13 @@ using quillery::test::strikes;
 // The same function further down the line: the C library's, or a sanitizer's before it.
 #define NEXT(function)                                                                             \
   static const auto next = reinterpret_cast<decltype(&::function)>(dlsym(RTLD_NEXT, #function))
+// A call that fails with -1 and a code in errno, or with the code itself.
+#define FAULTY_OR(failure, result, function, parameters, ...)                                      \
+  result function parameters {                                                                     \
+    NEXT(function);                                                                                \
+    return strikes(#function) ? (failure) : next(__VA_ARGS__);                                     \
+  }
+#define FAULTY(...) FAULTY_OR(-1, __VA_ARGS__)
 
 extern "C" {
 
@@ -76,96 +83,31 @@ int close(int descriptor) {
   return strikes("close") ? -1 : result;
 }
 
-ssize_t read(int descriptor, void* out, size_t size) {
-  NEXT(read);
-  return strikes("read") ? -1 : next(descriptor, out, limited(size));
-}
-
-ssize_t pwrite(int descriptor, const void* from, size_t size, off_t offset) {
-  NEXT(pwrite);
-  return strikes("pwrite") ? -1 : next(descriptor, from, limited(size), offset);
-}
-
-int fsync(int descriptor) {
-  NEXT(fsync);
-  return strikes("fsync") ? -1 : next(descriptor);
-}
-
-int posix_fallocate(int descriptor, off_t offset, off_t size) {
-  NEXT(posix_fallocate);
-  return strikes("posix_fallocate") ? errno : next(descriptor, offset, size);
-}
-
-int stat(const char* path, struct stat* out) noexcept {
-  NEXT(stat);
-  return strikes("stat") ? -1 : next(path, out);
-}
-
-int fstat(int descriptor, struct stat* out) noexcept {
-  NEXT(fstat);
-  return strikes("fstat") ? -1 : next(descriptor, out);
-}
-
-int access(const char* path, int mode) noexcept {
-  NEXT(access);
-  return strikes("access") ? -1 : next(path, mode);
-}
-
-int fchmod(int descriptor, mode_t mode) noexcept {
-  NEXT(fchmod);
-  return strikes("fchmod") ? -1 : next(descriptor, mode);
-}
-
-int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
-  NEXT(fchown);
-  return strikes("fchown") ? -1 : next(descriptor, owner, group);
-}
-
-ssize_t listxattr(const char* path, char* list, size_t size) noexcept {
-  NEXT(listxattr);
-  return strikes("listxattr") ? -1 : next(path, list, size);
-}
-
-ssize_t flistxattr(int descriptor, char* list, size_t size) noexcept {
-  NEXT(flistxattr);
-  return strikes("flistxattr") ? -1 : next(descriptor, list, size);
-}
-
-ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
-  NEXT(getxattr);
-  return strikes("getxattr") ? -1 : next(path, name, value, size);
-}
-
-ssize_t fgetxattr(int descriptor, const char* name, void* value, size_t size) noexcept {
-  NEXT(fgetxattr);
-  return strikes("fgetxattr") ? -1 : next(descriptor, name, value, size);
-}
-
-int fsetxattr(int descriptor, const char* name, const void* value, size_t size,
-              int flags) noexcept {
-  NEXT(fsetxattr);
-  return strikes("fsetxattr") ? -1 : next(descriptor, name, value, size, flags);
-}
-
-int fremovexattr(int descriptor, const char* name) noexcept {
-  NEXT(fremovexattr);
-  return strikes("fremovexattr") ? -1 : next(descriptor, name);
-}
-
-int ftruncate(int descriptor, off_t size) noexcept {
-  NEXT(ftruncate);
-  return strikes("ftruncate") ? -1 : next(descriptor, size);
-}
-
-int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*),
-                   void* argument) noexcept {
-  NEXT(pthread_create);
-  return strikes("pthread_create") ? errno : next(thread, attributes, start, argument);
-}
-
-int rename(const char* from, const char* to) noexcept {
-  NEXT(rename);
-  return strikes("rename") ? -1 : next(from, to);
-}
+FAULTY(ssize_t, read, (int file, void* out, size_t size), file, out, limited(size))
+FAULTY(ssize_t, pwrite, (int file, const void* from, size_t size, off_t at), file, from,
+       limited(size), at)
+FAULTY(int, fsync, (int file), file)
+FAULTY(int, stat, (const char* path, struct stat* out) noexcept, path, out)
+FAULTY(int, fstat, (int file, struct stat* out) noexcept, file, out)
+FAULTY(int, access, (const char* path, int mode) noexcept, path, mode)
+FAULTY(int, fchmod, (int file, mode_t mode) noexcept, file, mode)
+FAULTY(int, fchown, (int file, uid_t user, gid_t group) noexcept, file, user, group)
+FAULTY(ssize_t, listxattr, (const char* path, char* list, size_t size) noexcept, path, list, size)
+FAULTY(ssize_t, flistxattr, (int file, char* list, size_t size) noexcept, file, list, size)
+FAULTY(ssize_t, getxattr, (const char* path, const char* name, void* value, size_t size) noexcept,
+       path, name, value, size)
+FAULTY(ssize_t, fgetxattr, (int file, const char* name, void* value, size_t size) noexcept, file,
+       name, value, size)
+FAULTY(int, fsetxattr,
+       (int file, const char* name, const void* value, size_t size, int flags) noexcept, file, name,
+       value, size, flags)
+FAULTY(int, fremovexattr, (int file, const char* name) noexcept, file, name)
+FAULTY(int, ftruncate, (int file, off_t size) noexcept, file, size)
+FAULTY(int, rename, (const char* from, const char* to) noexcept, from, to)
+FAULTY_OR(errno, int, posix_fallocate, (int file, off_t at, off_t size), file, at, size)
+FAULTY_OR(errno, int, pthread_create,
+          (pthread_t * thread, const pthread_attr_t* attributes, void* (*start)(void*),
+           void* argument) noexcept,
+          thread, attributes, start, argument)
 
 } // extern "C"

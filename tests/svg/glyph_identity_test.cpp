@@ -1,7 +1,5 @@
-#include "base/unicode.h"
 #include "support/testing.h"
 #include "svg/glyph_identity.h"
-#include "svg/glyph_name_tables.h"
 
 namespace quillery::test {
 namespace {
@@ -52,19 +50,6 @@ TEST(GlyphIdentity, IsToldFromTheFileName) {
     EXPECT_EQ(glyphNameForFileName(fileName), name);
     EXPECT_EQ(unicodeForFileName(fileName), character) << fileName;
   }
-}
-
-TEST(GlyphNameTables, LeadFromEveryCharacterToItsNameAndBack) {
-  int names = 0;
-  for (char32_t c = 0x80; c < 0x250; ++c)
-    if (const auto name = glyphNameForCharacter(scalarText(c))) {
-      ++names;
-      const bool byNameToo = *name != "oe" && *name != "OE";
-      EXPECT_EQ(characterForGlyphName(*name), byNameToo ? std::optional(c) : std::nullopt);
-    }
-  EXPECT_EQ(names, 28);
-  for (const char* name : {"divide", "ydieresis", "nbspace", "Euro", "", "a"})
-    EXPECT_FALSE(characterForGlyphName(name)) << name;
 }
 
 } // namespace

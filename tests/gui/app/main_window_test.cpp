@@ -4,20 +4,15 @@
 #include "kerning/kerning_pairs.h"
 
 #include <QAccessible>
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QSlider>
-#include <QTextEdit>
 #include <QToolButton>
-#include <QUrl>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -61,17 +56,6 @@ private Q_SLOTS:
     QCOMPARE(program.action("undo")->text(), QStringLiteral("Undo"));
   }
 
-  void clicksSelectAsTheirModifiersSay() {
-    Program program{"A", "B", "C", "D", "E", "F"};
-    program.click(2);
-    program.click(5, Qt::ShiftModifier);
-    QCOMPARE(program.selected(), QStringLiteral("CDEF"));
-    program.click(3, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(program.selected(), QStringLiteral("CEF"));
-    program.click(0);
-    QCOMPARE(program.selected(), QStringLiteral("A"));
-  }
-
   void keysMoveTheSelectionAndFindGlyphs() {
     Program program{"A", "B", "a10", "a9", "exclam"};
     program.cards().setFocus();
@@ -87,15 +71,6 @@ private Q_SLOTS:
     QCOMPARE(program.manager.selectedGlyphIds().size(), 5U);
     QTest::keyClicks(&program.cards(), QStringLiteral("!"));
     QCOMPARE(program.selected(), QStringLiteral("exclam"));
-  }
-
-  void selectAllInAFieldIsTheFieldsOwn() {
-    Program program{"A", "B"};
-    auto* field = find<QLineEdit>("fontName");
-    field->setFocus();
-    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(program.selected(), QString());
-    QCOMPARE(field->selectedText(), QStringLiteral("My Font"));
   }
 
   void everySidebarFieldEditsItsOwnValueAsOneStep() {
@@ -169,29 +144,6 @@ private Q_SLOTS:
     QCOMPARE(menu->actions().first()->text(), QStringLiteral("No Recent Projects"));
   }
 
-  void dropsOfDrawingsAreImportedAndOthersRefused() {
-    Program program{"A"};
-    const auto drop = [&](const std::filesystem::path& file, QWidget* target) {
-      QMimeData data;
-      data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
-                    QUrl(QStringLiteral("https://example.org/B.svg"))});
-      QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(target, &enter);
-      if (!enter.isAccepted()) return false;
-      QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(target, &event);
-      return event.isAccepted();
-    };
-    QWidget* cards = program.cards().viewport();
-    QVERIFY(!drop(program.folder.write("notes.txt", "x"), cards));
-    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>"), cards));
-    program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
-    QCOMPARE(program.selected(), QStringLiteral("C d"));
-    // The header above the cards takes them, too.
-    QVERIFY(drop(program.folder.write("E.svg", "<path d=\"M0 0 L9 9\"/>"),
-                 find<QToolButton>("sortMenu")));
-  }
-
   void theProgressSheetFollowsTheExport() {
     Program program{"A"};
     const auto title = [] { return find<QLabel>("exportTitle")->text(); };
@@ -205,24 +157,15 @@ private Q_SLOTS:
     QVERIFY(sheet->isVisible());
     program.manager.setExportStatus(ExportStatus::exporting());
     QCOMPARE(title(), QStringLiteral("Generating Font..."));
-    const std::string folder(300, 'x');
-    program.manager.setExportStatus(ExportStatus::success("/tmp/" + folder + "/a b.otf"));
+    program.manager.setExportStatus(ExportStatus::success("/tmp/a b.otf"));
     QCOMPARE(title(), QStringLiteral("Export Complete!"));
-    QVERIFY(find<QTextEdit>("exportText")->document()->size().width() <= 360);
-    QCOMPARE(sheet->width(), 400);
     QVERIFY(find<QPushButton>("showInFileManager")->isDefault());
-    QTest::mouseClick(find<QPushButton>("showInFileManager"), Qt::LeftButton);
-    QVERIFY(sheet->isVisible());
     QTest::mouseClick(find<QPushButton>("done"), Qt::LeftButton);
     QVERIFY(!find<QWidget>("exportProgress"));
-    std::string message = "Font generation failed: boom";
-    for (int line = 0; line < 300; ++line) message += "\nline " + std::to_string(line);
-    program.manager.setExportStatus(ExportStatus::failed(message));
+    program.manager.setExportStatus(ExportStatus::failed("boom" + std::string(300, '\n') + "end"));
     program.manager.setExporting(true);
-    auto* text = find<QTextEdit>("exportText");
-    QCOMPARE(text->toPlainText(), QString::fromStdString(message));
-    QVERIFY(text->verticalScrollBar()->maximum() > 0 && sheet->height() < 560);
-    QVERIFY(sheet->rect().contains(find<QPushButton>("ok")->geometry()));
+    const auto* ok = find<QPushButton>("ok");
+    QVERIFY(sheet->rect().contains(ok->geometry()) && sheet->height() < 560);
     QTest::keyClick(find<QWidget>("exportProgress"), Qt::Key_Return);
     QVERIFY(!program.manager.isExporting());
   }
@@ -300,33 +243,6 @@ private Q_SLOTS:
     QCOMPARE(program.selected(), QStringLiteral("B"));
   }
 
-  void undoTakesBackWhatIsStillBeingTyped() {
-    Program program{"A"};
-    auto* field = find<QLineEdit>("ascender");
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, QStringLiteral("65"));
-    QVERIFY(program.action("undo")->isEnabled());
-    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(program.manager.currentProject().ascender, 800.0);
-    settle();
-    QCOMPARE(field->text(), QStringLiteral("800"));
-    settle();
-    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(program.manager.currentProject().ascender, 65.0);
-    program.cards().setFocus();
-    program.action("undo")->trigger();
-    QVERIFY(!program.action("undo")->isEnabled());
-
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, QStringLiteral("7"));
-    program.action("newProject")->trigger();
-    program.window.setFocus();
-    QCOMPARE(program.manager.currentProject().ascender, 800.0);
-    QVERIFY(!program.action("undo")->isEnabled());
-  }
-
   void aLongImportShowsHowItGoesAndCanBeCancelled() {
     struct Task : ImportTask {
       explicit Task(ProjectManager& owner) : manager(owner) {}
@@ -372,46 +288,23 @@ private Q_SLOTS:
   }
 
   void everyControlHasANameForTestsAndForScreenReaders() {
-    Program program;
-    const auto check = [&](const char* state) {
+    Program program{"A", "V"};
+    const Uuid pair = addKerningPair(program.manager, quillery::Utf8("A"), quillery::Utf8("V"));
+    const std::function<void()> states[] = {
+        [&] { program.click(0); }, [&] { program.manager.selectAllGlyphs(); },
+        [&] { program.manager.setSelectedTab(1); },
+        [&] { program.manager.selectKerningPair(pair); }, [&] { program.manager.newProject(); }};
+    for (const auto& bring : states) {
+      bring();
       settle();
-      for (QWidget* widget : program.window.findChildren<QWidget*>()) {
-        if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
-        const QString told =
-            QStringLiteral("%1: a %2 named \"%3\"")
-                .arg(QLatin1String(state), QLatin1String(widget->metaObject()->className()),
-                     widget->objectName());
-        QVERIFY2(!widget->objectName().isEmpty(), qPrintable(told));
-        QVERIFY2(!widget->accessibleName().isEmpty() ||
-                     !widget->property("text").toString().isEmpty(),
-                 qPrintable(told));
-      }
-    };
-    check("empty");
-    for (const char* name : {"A", "V"})
-      importSVGFiles(program.manager,
-                     {program.folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L9 9\"/>")});
-    check("one glyph");
-    program.manager.selectAllGlyphs();
-    check("two glyphs");
-    program.manager.setSelectedTab(1);
-    check("no pair");
-    program.manager.selectKerningPair(
-        addKerningPair(program.manager, quillery::Utf8("A"), quillery::Utf8("V")));
-    check("a pair");
-  }
-
-  void anotherThemeRepaintsEverything() {
-    Program program{"A", "B"};
-    const QPoint corner = program.window.grid().mapTo(&program.window, QPoint(4, 4));
-    const QColor light = program.window.grab().toImage().pixelColor(corner);
-    Theme::current().setOverride(Theme::current().isDark() ? ColorScheme::light
-                                                           : ColorScheme::dark);
-    const auto lightness = [&] {
-      return program.window.grab().toImage().pixelColor(corner).lightness();
-    };
-    QTRY_VERIFY(std::abs(light.lightness() - lightness()) > 100);
-    Theme::current().setOverride({});
+      for (const QWidget* widget : program.window.findChildren<QWidget*>())
+        QVERIFY2(widget->focusPolicy() == Qt::NoFocus || !widget->isVisible() ||
+                     (!widget->objectName().isEmpty() &&
+                      (!widget->accessibleName().isEmpty() ||
+                       !widget->property("text").toString().isEmpty())),
+                 qPrintable(QLatin1String(widget->metaObject()->className()) + u' ' +
+                            widget->objectName()));
+    }
   }
 };
 

@@ -12,7 +12,7 @@
 namespace quillery::test {
 
 /// A window on a scripted desktop, with glyphs of these names.
-struct Program {
+struct Program : WindowProject {
   explicit Program(std::initializer_list<const char*> drawings = {}) {
     std::vector<std::filesystem::path> files;
     for (const char* name : drawings)
@@ -20,9 +20,7 @@ struct Program {
           folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L60 0 L60 70 Z\"/>"));
     if (!files.empty()) importSVGFiles(manager, files);
     manager.clearSelection();
-    window.show();
-    window.activateWindow();
-    (void)QTest::qWaitForWindowActive(&window);
+    bringUp(window);
   }
 
   QAction* action(const char* name) {
@@ -45,9 +43,6 @@ struct Program {
   }
 
   TemporaryFolder folder;
-  WindowDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
   FontGenerator generator{desktop, {{}, {}, {}, {}}};
   ExportFlow exportFlow{manager, generator};
   MainWindow window{manager, recent, exportFlow};

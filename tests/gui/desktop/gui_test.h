@@ -23,6 +23,13 @@ inline void settle() {
   QCoreApplication::sendPostedEvents();
 }
 
+/// Shows a window and waits until it is the active one.
+inline void bringUp(QWidget& window) {
+  window.show();
+  window.activateWindow();
+  (void)QTest::qWaitForWindowActive(&window);
+}
+
 /// A widget by its object name, wherever it is, as soon as all is shown.
 template <typename Widget> Widget* find(const char* name) {
   settle();

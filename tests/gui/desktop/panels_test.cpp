@@ -1,5 +1,4 @@
 #include "desktop/alert_sheet.h"
-#include "desktop/file_names.h"
 #include "desktop/file_panel.h"
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"
@@ -11,9 +10,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTemporaryDir>
-#include <QTextEdit>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -65,16 +62,6 @@ private Q_SLOTS:
     QTRY_VERIFY(answered_);
     QVERIFY(
         (files == std::vector<fs::path>{path("a.svg").toStdString(), path("B.SVG").toStdString()}));
-  }
-
-  void aCancelledPanelAnswersWithNothing() {
-    std::vector<fs::path> files = {"unchanged"};
-    desktop_->showOpenPanel({"Open", false, "fontproj"}, [&](auto chosen) { files = chosen; });
-    QTest::keyClick(find<FilePanel>("openPanel"), Qt::Key_Escape);
-    QVERIFY(files.empty());
-    showSavePanel(kProject);
-    QTest::keyClick(find<FilePanel>("savePanel"), Qt::Key_Escape);
-    QVERIFY(answered_ && !chosen_);
   }
 
   void aSavePanelEnforcesTheExtension() {
@@ -137,13 +124,6 @@ private Q_SLOTS:
     QCOMPARE(QString::fromStdString(chosen_->string()), path("Old.ttf"));
   }
 
-  void proposedNamesCanStandInAFolder() {
-    QCOMPARE(usableFileName(u" ../a/b\n "_s), u"-a-b"_s);
-    QCOMPARE(usableFileName(u"\u00E9"_s.repeated(300)).toUtf8().size(), 200);
-    showSavePanel({"", ".fontproj", "fontproj", std::nullopt});
-    QCOMPARE(nameField(*find<FilePanel>("savePanel"))->text(), u"Untitled.fontproj"_s);
-  }
-
   void anAlertAnswersWithTheButtonPressed() {
     struct Row {
       const char* name;
@@ -168,27 +148,6 @@ private Q_SLOTS:
       QTRY_VERIFY2(answers.size() == 1 && answers[0] == answer, name);
       QTRY_VERIFY(!find<AlertSheet>("alert"));
     }
-  }
-
-  void alertsStackAndShowLongMessages() {
-    std::string message = "Found:\n\n🔴 Missing <space>\nText.\n";
-    for (int i = 0; i < 200; ++i) message += "line " + std::to_string(i) + "\n";
-    std::vector<int> order;
-    desktop_->showAlert({"First", message, Alert::Style::informational, {"OK"}},
-                        [&](auto) { order.push_back(1); });
-    auto* const first = find<AlertSheet>("alert");
-    QVERIFY(first->height() < 600);
-    const auto* const text = first->findChild<QTextEdit*>(u"alertMessage"_s);
-    QVERIFY(text->toPlainText().contains("Missing <space>"_L1));
-    QVERIFY(!text->toPlainText().contains(u"🔴"_s));
-    QVERIFY(text->verticalScrollBar()->maximum() > 0);
-    first->setObjectName("first");
-    desktop_->showAlert({"Second", "", Alert::Style::critical, {"OK"}},
-                        [&](auto) { order.push_back(2); });
-    find<AlertSheet>("alert")->reject();
-    QTRY_COMPARE(order, std::vector<int>{2});
-    first->reject();
-    QTRY_COMPARE(order, (std::vector<int>{2, 1}));
   }
 
 private:

@@ -1,10 +1,7 @@
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"
 
-#include <QDesktopServices>
-#include <QSettings>
 #include <QTemporaryDir>
-#include <QUrl>
 #include <atomic>
 #include <thread>
 
@@ -32,32 +29,6 @@ private Q_SLOTS:
       QVERIFY2(read == list, list.empty() ? "empty" : list.front().c_str());
     }
     QCOMPARE(QtDesktop(places).storedList("another"), std::nullopt);
-  }
-
-  void aSettingOfAnotherTypeReadsAsNothing() {
-    const auto places = placesIn("types");
-    const QString file = QString::fromStdString(places.settingsFile.string());
-    for (const QVariant& value :
-         {QVariant(42), QVariant(u"plain text"_s), QVariant(u"[\"a\", 1]"_s),
-          QVariant(u"[\"unfinished"_s), QVariant(QStringList{u"a"_s, u"b"_s}), QVariant()}) {
-      QSettings(file, QSettings::IniFormat).setValue(u"key"_s, value);
-      QVERIFY(!QtDesktop(places).storedList("key"));
-    }
-  }
-
-  void postedWorkRunsInOrderOnTheMainThread() {
-    QtDesktop desktop({});
-    std::vector<int> order[3];
-    constexpr int kPieces = 200;
-    for (auto& own : order)
-      desktop.runInBackground([&] {
-        for (int i = 0; i < kPieces; ++i) desktop.postToMain([&, i] { own.push_back(i); });
-      });
-    QVERIFY(order[0].empty()); // never at once
-    for (const auto& own : order) {
-      QTRY_COMPARE(own.size(), std::size_t(kPieces));
-      QVERIFY(std::is_sorted(own.begin(), own.end()));
-    }
   }
 
   void aDesktopThatGoesWaitsForItsThreadsAndDropsWhatTheyPost() {
@@ -91,19 +62,6 @@ private Q_SLOTS:
     QVERIFY(!itself);
   }
 
-  void onlyAddressesOfPagesAreOpened() {
-    QDesktopServices::setUrlHandler(u"https"_s, this, "open");
-    QtDesktop desktop({});
-    QVERIFY(desktop.openWebPage("https://quillery.example/help?a=b#c"));
-    QVERIFY(!desktop.openWebPage("not an address"));
-    QVERIFY(!desktop.openWebPage(""));
-    QDesktopServices::unsetUrlHandler(u"https"_s);
-    QCOMPARE(opened_, QList<QUrl>{QUrl(u"https://quillery.example/help?a=b#c"_s)});
-  }
-
-public Q_SLOTS:
-  void open(const QUrl& url) { opened_ << url; }
-
 private:
   QtDesktop::Places placesIn(const char* name) const {
     QtDesktop::Places places;
@@ -112,7 +70,6 @@ private:
   }
 
   QTemporaryDir folder_;
-  QList<QUrl> opened_;
 };
 
 int main(int argc, char** argv) {

@@ -1,15 +1,13 @@
 // What the desktop tells and is told over its message bus, on a bus of our own.
 
-#include "desktop/qt_desktop.h"
+#include "desktop/theme.h"
 #include "gui/desktop/gui_test.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QDesktopServices>
 #include <QProcess>
 #include <QThread>
-#include <QUrl>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -26,16 +24,6 @@ public Q_SLOTS:
     const bool known = group == "org.freedesktop.appearance"_L1 && key == "color-scheme"_L1;
     return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme.load() : 99)));
   }
-};
-
-class FakeFileManager : public QObject {
-  Q_OBJECT
-  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-public:
-  QStringList shown;
-
-public Q_SLOTS:
-  void ShowItems(const QStringList& items, const QString&) { shown << items; }
 };
 
 class SessionBusTest : public QObject {
@@ -78,41 +66,6 @@ private Q_SLOTS:
     QTRY_COMPARE(theme.scheme(), ColorScheme::light);
   }
 
-  void theEnvironmentOverridesTheDesktop() {
-    qputenv("QUILLERY_THEME", "light");
-    {
-      const Theme theme(*qobject_cast<QApplication*>(QCoreApplication::instance()));
-      QCOMPARE(theme.scheme(), ColorScheme::light);
-    }
-    qunsetenv("QUILLERY_THEME");
-  }
-
-  void theFileManagerIsGivenAnEncodedAddress() {
-    FakeFileManager manager;
-    QVERIFY(desktopBus_->registerObject(u"/org/freedesktop/FileManager1"_s, &manager,
-                                        QDBusConnection::ExportAllSlots));
-    QVERIFY(desktopBus_->registerService(u"org.freedesktop.FileManager1"_s));
-    QtDesktop desktop({});
-    desktop.revealFile("/tmp/with space, ü #1/My Font.otf");
-    QTRY_COMPARE(manager.shown,
-                 QStringList{u"file:///tmp/with%20space%2C%20%C3%BC%20%231/My%20Font.otf"_s});
-    desktopBus_->unregisterService(u"org.freedesktop.FileManager1"_s);
-    desktopBus_->unregisterObject(u"/org/freedesktop/FileManager1"_s);
-  }
-
-  void withoutAFileManagerTheFolderIsOpened() {
-    QDesktopServices::setUrlHandler(u"file"_s, this, "open");
-    QtDesktop desktop({});
-    desktop.revealFile("/tmp/a b/font.otf");
-    QVERIFY(opened_.isEmpty()); // returned before the bus had answered
-    QTRY_COMPARE(opened_.size(), 1);
-    QCOMPARE(opened_.constFirst().toLocalFile(), u"/tmp/a b"_s);
-    QDesktopServices::unsetUrlHandler(u"file"_s);
-  }
-
-public Q_SLOTS:
-  void open(const QUrl& url) { opened_ << url; }
-
 private:
   void announce(const char* key, uint value) {
     QDBusMessage signal =
@@ -127,7 +80,6 @@ private:
   std::unique_ptr<QDBusConnection> desktopBus_;
   QThread portalThread_;
   FakePortal portal_;
-  QList<QUrl> opened_;
 };
 
 int main(int argc, char** argv) {

@@ -48,25 +48,6 @@ private Q_SLOTS:
                  pairName(int(text), int(surface), scheme));
   }
 
-  void whatIsDisabledLooksDisabledAndIsReadable() {
-    using P = QPalette;
-    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-      const QPalette palette = Theme::palette(scheme);
-      for (const auto& [text, surface] : {std::pair{P::WindowText, P::Window},
-                                          {P::Text, P::Base},
-                                          {P::ButtonText, P::Button},
-                                          {P::HighlightedText, P::Highlight}}) {
-        const auto ratio = [&, t = text, s = surface](P::ColorGroup group) {
-          return contrast(palette.color(group, t), palette.color(group, s));
-        };
-        const double disabled = ratio(P::Disabled);
-        QVERIFY2(ratio(P::Inactive) == ratio(P::Active) && disabled >= 1.7 &&
-                     disabled < ratio(P::Active) - 1,
-                 pairName(text, surface, scheme));
-      }
-    }
-  }
-
   void widgetsAndIconsFollowASwitchAtOnce() {
     Theme& theme = Theme::current();
     theme.setOverride(ColorScheme::light);
@@ -80,17 +61,6 @@ private Q_SLOTS:
     QCOMPARE(QApplication::palette().color(QPalette::Window), themeColor(Role::window));
     QCOMPARE(label.palette().color(QPalette::WindowText), themeColor(Role::textSecondary));
     QVERIFY(trash.pixmap(16, 16).toImage() != lightIcon);
-  }
-
-  void everySymbolIsDrawn() {
-    for (int i = 0; i < kSymbolCount; ++i) {
-      const QImage large = symbolPixmap(static_cast<Symbol>(i), 48, 2, Qt::red).toImage();
-      bool red = false;
-      for (int x = 0; x < large.width() && !red; ++x)
-        for (int y = 0; y < large.height() && !red; ++y)
-          red = large.pixelColor(x, y) == QColor(Qt::red);
-      QVERIFY2(red, QByteArray::number(i));
-    }
   }
 };
 

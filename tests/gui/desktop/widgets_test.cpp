@@ -1,15 +1,11 @@
-#include "desktop/painting.h"
 #include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "gui/desktop/gui_test.h"
 
 #include <QAccessible>
-#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QSlider>
 #include <QVBoxLayout>
 
 using namespace quillery;
@@ -59,46 +55,6 @@ private Q_SLOTS:
     QVERIFY(second->hasFocus());
     QVERIFY(ringed(second));
     QVERIFY(!ringed(first));
-  }
-
-  void aGuideIsAsWideAsItSaysAndSharpAtItsEdge() {
-    for (const double scale : {1.0, 2.0}) {
-      QImage image(40, 20, QImage::Format_RGB32);
-      image.setDevicePixelRatio(scale);
-      image.fill(Qt::white);
-      QPainter painter(&image);
-      painting::guide(painter, {7.3, 0}, {7.3, 20}, 1.5, Qt::black);
-      painter.end();
-      double ink = 0;
-      int touched = 0;
-      for (int x = 0; x < image.width(); ++x) {
-        const double dark = 1 - image.pixelColor(x, 8).lightnessF();
-        ink += dark;
-        touched += dark > 0.02 ? 1 : 0;
-      }
-      QVERIFY2(std::abs(ink - 1.5 * scale) < 0.02, QByteArray::number(ink));
-      QCOMPARE(touched, static_cast<int>(std::ceil(1.5 * scale)));
-    }
-  }
-
-  void aClickOnASliderOrAScrollBarGoesThere() {
-    QSlider slider(Qt::Horizontal);
-    slider.setRange(0, 100);
-    slider.resize(216, 24);
-    QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(108, 12));
-    QVERIFY2(std::abs(slider.value() - 50) <= 1, QByteArray::number(slider.value()));
-
-    QScrollBar bar(Qt::Vertical);
-    bar.setRange(0, 1000);
-    bar.setPageStep(100);
-    bar.resize(12, 200);
-    bar.show();
-    QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(6, 190));
-    QCOMPARE(bar.value(), 100);
-    QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(6, 30));
-    QTest::mouseMove(&bar, QPoint(6, 400));
-    QTest::mouseRelease(&bar, Qt::LeftButton, {}, QPoint(6, 400));
-    QVERIFY(bar.value() > 100);
   }
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/project_manager.h"
 #include "support/scripted_desktop.h"
 
 #include <QObject>
@@ -17,6 +18,13 @@ public:
 
 private:
   QObject main_;
+};
+
+/// A project for a window to show.
+struct WindowProject {
+  WindowDesktop desktop;
+  RecentProjectsManager recent{desktop};
+  ProjectManager manager{desktop, recent};
 };
 
 } // namespace quillery::test

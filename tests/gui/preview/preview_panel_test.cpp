@@ -8,10 +8,6 @@
 #include "support/projects.h"
 
 #include <QLabel>
-#include <QMenu>
-#include <QPainter>
-#include <QScrollBar>
-#include <QToolButton>
 #include <cmath>
 
 using namespace quillery;
@@ -30,15 +26,13 @@ Glyph square(const char* name, std::optional<std::string> unicode) {
 }
 
 // The panel over glyphs A, B, V and one without a character.
-struct Preview {
+struct Preview : WindowProject {
   Preview() {
     manager.editGlyphList([](auto& glyphs) {
       glyphs = {square("A", "A"), square("B", "B"), square("V", "V"), square("n", std::nullopt)};
     });
     panel.resize(700, 500);
-    panel.show();
-    panel.activateWindow();
-    (void)QTest::qWaitForWindowActive(&panel);
+    bringUp(panel);
   }
 
   VectorPreviewView& view() { return *find<VectorPreviewView>("vectorPreview"); }
@@ -77,9 +71,6 @@ struct Preview {
     return picture.pixelColor(at * picture.devicePixelRatio());
   }
 
-  WindowDesktop desktop;
-  RecentProjectsManager recent{desktop};
-  ProjectManager manager{desktop, recent};
   PreviewPanel panel{manager, nullptr};
 };
 
@@ -115,24 +106,6 @@ private Q_SLOTS:
     QCOMPARE(preview.view().scene().text(), std::string("AVB"));
   }
 
-  void presetsReplaceTheTextAsTheyAre() {
-    Preview preview;
-    auto* const button = find<QToolButton>("presetMenu");
-    const auto presets = button->menu()->actions();
-    preview.type("mine");
-    presets.at(7)->trigger();
-    QVERIFY(presets.at(7)->isChecked() && !presets.at(0)->isChecked());
-    QCOMPARE(button->text(), u"Kerning Test"_s);
-    QVERIFY(preview.editor().text().startsWith(u"AVATAR AWAY\nTo"_s));
-    QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(preview.view().scene().text(), std::string("mine"));
-    // A key typed into the characters beyond ASCII takes none of them away.
-    presets.at(10)->trigger();
-    const std::string extended = preview.view().scene().text();
-    QTest::keyClicks(&preview.editor(), u"a"_s);
-    QCOMPARE(preview.view().scene().text(), "a" + extended);
-  }
-
   void aClickPicksAsTheTabSays() {
     Preview preview;
     preview.type("AV B");
@@ -155,15 +128,6 @@ private Q_SLOTS:
     QTest::mousePress(preview.view().viewport(), Qt::LeftButton, {}, preview.place(0));
     QTest::mouseRelease(preview.view().viewport(), Qt::LeftButton, {}, preview.place(1));
     QCOMPARE(preview.selectedGlyphs(), QString());
-  }
-
-  void keysPickToo() {
-    Preview preview;
-    preview.type("AVB");
-    preview.view().setFocus(Qt::TabFocusReason);
-    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Return})
-      QTest::keyClick(&preview.view(), key);
-    QCOMPARE(preview.selectedGlyphs(), u"B"_s);
   }
 
   void aHoverHighlightsTheItemAndRepaintsNoMore() {
@@ -231,34 +195,6 @@ private Q_SLOTS:
     }
   }
 
-  void measuresWithoutSenseNeitherHangNorScrollForever() {
-    Preview preview;
-    preview.type("AVB");
-    const Uuid a = preview.manager.firstGlyphNamed("A")->id();
-    const auto shown = [&](const std::string& what) {
-      preview.view().grab();
-      const auto* bar = preview.view().horizontalScrollBar();
-      QVERIFY2(bar->maximum() >= 0 && bar->maximum() < 10'000'000, what.c_str());
-    };
-    const std::pair<const char*, void (*)(FontInfo&)> fonts[] = {
-        {"em 0", [](FontInfo& info) { info.unitsPerEm = 0; }},
-        {"em 1", [](FontInfo& info) { info.unitsPerEm = 1; }},
-        {"nan", [](FontInfo& info) { info.ascender = std::nan(""); }},
-        {"gap", [](FontInfo& info) { info.lineGap = 1e300; }}};
-    for (const auto& [what, edit] : fonts) {
-      const FontInfo before = preview.manager.currentProject();
-      preview.manager.editFontInfo(edit);
-      shown(what);
-      preview.manager.editFontInfo([&](FontInfo& info) { info = before; });
-    }
-    for (const double value : {1e308, -1e308, 1e12, double(INFINITY)}) {
-      preview.manager.editGlyph(a, [&](Glyph& glyph) { glyph.setAdvanceWidth(value); });
-      shown("advance " + std::to_string(value));
-    }
-    preview.manager.editGlyph(a, [&](Glyph& glyph) { glyph.setScale(1e12); });
-    shown("scale");
-  }
-
   // The part of a 1366 x 768 screen that the panel has, less, and more.
   void charactersAreListedWhereThereIsRoom() {
     Preview preview;
@@ -272,32 +208,12 @@ private Q_SLOTS:
       QVERIFY2(preview.view().height() >= (height < 200 ? 24 : 40), QByteArray::number(height));
       QCOMPARE(list->isVisible(), height >= 213);
     }
-    QPixmap expected = list->grab();
-    expected.fill(list->palette().color(QPalette::Window));
-    const auto text = [&](const QString& shown) {
-      QPainter painter(&expected);
-      painter.setFont(Theme::current().font(TextStyle::body));
-      painter.setPen(themeColor(Role::text));
-      const int row = list->minimumSizeHint().height();
-      painter.drawText(QRect(0, 0, 500, row), Qt::AlignVCenter, shown);
-      return expected.toImage();
-    };
-    QCOMPARE(list->grab().toImage(), text(u"A B V"_s)); // set as one text
     preview.manager.editGlyphList([](auto& glyphs) {
       for (int i = 0; i < 3000; ++i) glyphs.push_back(makeGlyph("g" + std::to_string(i), "xi"));
       glyphs.push_back(makeGlyph("last", std::string(500, 'W')));
     });
     settle();
     QVERIFY(list->parentWidget()->height() <= 200 && list->parentWidget()->height() > 150);
-    // The end is laid out when it is looked at.
-    auto* const bar = list->verticalScrollBar();
-    for (int looks = 0; looks < 2; ++looks) {
-      bar->setValue(bar->maximum());
-      list->grab();
-    }
-    const QImage end = list->grab().toImage();
-    QVERIFY(end.copy(0, end.height() - 20, end.width(), 20) !=
-            end.copy(0, end.height() - 60, end.width(), 20));
     preview.manager.newProject();
     settle();
     QCOMPARE(list->text(), u"No characters assigned yet"_s);
