@@ -5,6 +5,8 @@ import os
 import resource
 import signal
 import subprocess
+import tempfile
+from pathlib import Path
 
 import pytest
 
@@ -82,3 +84,20 @@ def test_a_generator_that_fails_is_quoted(quillery, tmp_path):
     packaged.chmod(0o755)
     killed = quillery("export", SAMPLE, tmp_path / "font.ttf", "--resources", tmp_path / "resources")
     assert killed.errors[0].endswith(f"Process crashed with signal {signal.SIGKILL.value}")
+
+
+@pytest.mark.skipif(os.geteuid() != 0, reason="only root may become a user who may not have threads")
+def test_a_user_without_threads_gets_everything_done():
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o777)
+        for i in range(100):
+            Path(folder, f"g{i}.svg").write_text('<path d="M0 0 L9 9 L0 9 Z"/>')
+        for arguments, status in ((("import", "p.fontproj", "."), 0), (("convert", "p.fontproj", "-o", "q.fontproj"), 0),
+                                  (("metrics", "p.fontproj", "--all", "--scale", "2"), 0),
+                                  (("export", "p.fontproj", "font.otf"), 3)):  # the generator is a process
+            run = subprocess.run(
+                [PROGRAM, *arguments], cwd=folder, user=54321, capture_output=True, timeout=60, check=False,
+                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NPROC, (1, 1)),
+                env={"TMPDIR": folder, "PATH": os.environ["PATH"]})
+            assert run.returncode == status, arguments
+        assert sorted(f for f in os.listdir(folder) if not f.endswith(".svg")) == ["p.fontproj", "q.fontproj"]
