@@ -345,12 +345,14 @@ private:
            std::errc();
   }
 
-  // A "-0" that may be a number without point and exponent.
+  // A "-0" that may be a number without point and exponent, which ids are full of otherwise.
   static bool hasBareMinusZero(std::string_view text) {
+    const auto isBoundary = [&](std::size_t at) {
+      return at >= text.size() ||
+             std::string_view(" \t\r\n,:[]}").find(text[at]) != std::string_view::npos;
+    };
     for (std::size_t at = 0; (at = text.find("-0", at)) != std::string_view::npos; ++at)
-      if (at + 2 == text.size() ||
-          std::string_view("0123456789.eE").find(text[at + 2]) == std::string_view::npos)
-        return true;
+      if (isBoundary(at + 2) && (at == 0 || isBoundary(at - 1))) return true;
     return false;
   }
 
