@@ -21,7 +21,6 @@ LEVELS = {
     "app": 5,
 }
 UI_LEVEL = 4
-SIDEWAYS = {("preview", "kerning")}
 FIRST_LEVEL_WITH_QT = 4
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
@@ -58,7 +57,7 @@ def fault_in(room, bracket, target):
     if other_level is None:
         return "names no room of the source folder"
     views_look = other == "desktop" and room.endswith("/ui")
-    if other == room or other_level < level or (room, other) in SIDEWAYS or views_look:
+    if other == room or other_level < level or views_look:
         return None
     return f"{room} (level {level}) may not include {other} (level {other_level})"
 
