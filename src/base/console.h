@@ -18,7 +18,8 @@ public:
   LineBatch& operator=(const LineBatch&) = delete;
 };
 
-/// Whether the lines to come go to standard error instead, so that standard output holds data alone.
+/// Whether the lines to come go to standard error instead, so that standard output holds data
+/// alone.
 void printLinesToStandardError(bool redirected);
 
 /// Prints to standard output what another program is to read.

@@ -102,5 +102,14 @@ TEST(FormatShortest, ReadsBackToTheSameBitsWithTheFewestDigits) {
       expectShortestRoundTrip(near);
 }
 
+TEST(FixedNumbers, AreRoundedAsTheCLibraryRounds) {
+  const std::tuple<double, int, const char*> rows[] = {
+      {2.5, 0, "2"},      {3.5, 0, "4"},      {-0.25, 0, "-0"},
+      {0.125, 2, "0.12"}, {1.005, 2, "1.00"}, {1e22, 0, "10000000000000000000000"}};
+  for (const auto& [value, decimals, text] : rows) EXPECT_EQ(formatFixed(value, decimals), text);
+  EXPECT_EQ(formatFixed(-std::numeric_limits<double>::max(), 2).size(), 313U);
+  EXPECT_EQ(formatSigned(25.4) + formatSigned(0) + formatSigned(-80.5), "+25+0-80");
+}
+
 } // namespace
 } // namespace quillery::test

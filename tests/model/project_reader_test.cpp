@@ -200,5 +200,13 @@ TEST(DecodeProject, RefusesEveryTruncatedDocument) {
   }
 }
 
+TEST(DecodeProject, KeepsTheSignOfABareZeroAndEveryDigitBesideIt) {
+  const std::string text =
+      replaced(replaced(kDocument, "[1, 2]", "[-0, 2]"), "1000,", "9007199254740993,");
+  const FontProject project = decodedOrEmpty(text);
+  EXPECT_EQ(project.unitsPerEm, 9007199254740993);
+  EXPECT_THAT(encoded(project), ::testing::HasSubstr("[-0.0, 2]"));
+}
+
 } // namespace
 } // namespace quillery::test

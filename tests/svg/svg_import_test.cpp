@@ -165,5 +165,20 @@ TEST_F(ImportTest, FindsTheDrawingsOfAFolderByName) {
             (d.folder / "none").string() + ": No such file or directory");
 }
 
+TEST_F(ImportTest, StagesNothingWithoutAFolderForTemporaryFiles) {
+  const auto before = fs::current_path();
+  fs::current_path(staging);
+  setenv("TMPDIR", ".", 1);
+  const auto dropped = drawing("A.svg");
+  SVGDropDelegate(d.manager).performDrop({dropped});
+  d.desktop.runUntil([&] { return d.manager.imports().empty(); });
+  fs::current_path(before);
+  EXPECT_TRUE(fs::is_empty(staging));
+  EXPECT_TRUE(fs::exists(dropped));
+  EXPECT_THAT(d.project().glyphs, IsEmpty());
+  EXPECT_EQ(d.console.lines().front(), "✗ Failed to read SVG: The folder for temporary files: Is "
+                                       "not an absolute path: .");
+}
+
 } // namespace
 } // namespace quillery::test

@@ -4,15 +4,18 @@
 #include "kerning/kerning_pairs.h"
 
 #include <QAccessible>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QToolButton>
+#include <QUrl>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -20,6 +23,29 @@ using namespace quillery::test;
 class MainWindowTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
+  void dropsOfDrawingsAreImportedAndOthersRefused() {
+    Program program{"A"};
+    const auto drop = [&](const std::filesystem::path& file, QWidget* target) {
+      QMimeData data;
+      data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
+                    QUrl(QStringLiteral("https://example.org/B.svg"))});
+      QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(target, &enter);
+      if (!enter.isAccepted()) return false;
+      QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(target, &event);
+      return event.isAccepted();
+    };
+    QWidget* cards = program.cards().viewport();
+    QVERIFY(!drop(program.folder.write("notes.txt", "x"), cards));
+    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>"), cards));
+    program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
+    QCOMPARE(program.selected(), QStringLiteral("C d"));
+    // The header above the cards takes them, too.
+    QVERIFY(drop(program.folder.write("E.svg", "<path d=\"M0 0 L9 9\"/>"),
+                 find<QToolButton>("sortMenu")));
+  }
+
   void init() { failOnWarnings(); }
 
   void theEmptyStateAndTheGridTakeTurns() {

@@ -10,7 +10,9 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTemporaryDir>
+#include <QTextEdit>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -22,6 +24,27 @@ const SavePanelSettings kProject{"Save font project", "My Font.fontproj", "fontp
 class PanelsTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
+  void alertsStackAndShowLongMessages() {
+    std::string message = "Found:\n\n🔴 Missing <space>\nText.\n";
+    for (int i = 0; i < 200; ++i) message += "line " + std::to_string(i) + "\n";
+    std::vector<int> order;
+    desktop_->showAlert({"First", message, Alert::Style::informational, {"OK"}},
+                        [&](auto) { order.push_back(1); });
+    auto* const first = find<AlertSheet>("alert");
+    QVERIFY(first->height() < 600);
+    const auto* const text = first->findChild<QTextEdit*>(u"alertMessage"_s);
+    QVERIFY(text->toPlainText().contains("Missing <space>"_L1));
+    QVERIFY(!text->toPlainText().contains(u"🔴"_s));
+    QVERIFY(text->verticalScrollBar()->maximum() > 0);
+    first->setObjectName("first");
+    desktop_->showAlert({"Second", "", Alert::Style::critical, {"OK"}},
+                        [&](auto) { order.push_back(2); });
+    find<AlertSheet>("alert")->reject();
+    QTRY_COMPARE(order, std::vector<int>{2});
+    first->reject();
+    QTRY_COMPARE(order, (std::vector<int>{2, 1}));
+  }
+
   void init() {
     failOnWarnings();
     window_ = std::make_unique<QMainWindow>();

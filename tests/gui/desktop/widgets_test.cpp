@@ -1,8 +1,10 @@
+#include "desktop/painting.h"
 #include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "gui/desktop/gui_test.h"
 
 #include <QAccessible>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -14,6 +16,26 @@ using namespace quillery::test;
 class WidgetsTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
+  void aGuideIsAsWideAsItSaysAndSharpAtItsEdge() {
+    for (const double scale : {1.0, 2.0}) {
+      QImage image(40, 20, QImage::Format_RGB32);
+      image.setDevicePixelRatio(scale);
+      image.fill(Qt::white);
+      QPainter painter(&image);
+      painting::guide(painter, {7.3, 0}, {7.3, 20}, 1.5, Qt::black);
+      painter.end();
+      double ink = 0;
+      int touched = 0;
+      for (int x = 0; x < image.width(); ++x) {
+        const double dark = 1 - image.pixelColor(x, 8).lightnessF();
+        ink += dark;
+        touched += dark > 0.02 ? 1 : 0;
+      }
+      QVERIFY2(std::abs(ink - 1.5 * scale) < 0.02, QByteArray::number(ink));
+      QCOMPARE(touched, static_cast<int>(std::ceil(1.5 * scale)));
+    }
+  }
+
   void init() { failOnWarnings(); }
 
   void aSegmentIsTakenByMouseKeyAndCodeAndToldToScreenReaders() {

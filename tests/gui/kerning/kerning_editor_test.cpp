@@ -74,6 +74,37 @@ struct Program : WindowProject {
 class KerningEditorTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
+  void draggingTheCanvasIsOneStep() {
+    Program program;
+    program.clickRow(1);
+    auto* canvas = find<KerningCanvas>("kerningCanvas");
+    const double scale =
+        std::min((canvas->height() - 80) / 1000.0, (canvas->width() - 80) / 1100.0);
+    const auto drag = [&](Qt::MouseButton button, int to) {
+      QTest::mousePress(canvas, button, {}, QPoint(200, 100));
+      QTest::mouseMove(canvas, QPoint(200 + to, 150));
+    };
+    drag(Qt::RightButton, 30);
+    QTest::mouseRelease(canvas, Qt::RightButton);
+    QCOMPARE(program.pair(2).value, 0.0);
+    drag(Qt::LeftButton, 10);
+    QTest::mouseClick(canvas, Qt::RightButton); // is nothing to this drag
+    QTest::mouseMove(canvas, QPoint(230, 150));
+    QTest::mouseRelease(canvas, Qt::LeftButton);
+    QCOMPARE(program.pair(2).value, 30 / scale);
+    QCOMPARE(program.manager.undoManager().undoCount(), 1U);
+    QCOMPARE(program.rows()[1], u"A V, "_s + program.readout());
+    program.manager.undo();
+    QCOMPARE(program.readout(), u"+0"_s);
+    drag(Qt::LeftButton, -30);
+    QTest::keyClick(canvas, Qt::Key_Escape);
+    QTest::mouseRelease(canvas, Qt::LeftButton);
+    QVERIFY(!program.manager.canUndo());
+    QTest::keyClick(canvas, Qt::Key_Right);
+    QTest::keyClick(canvas, Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(program.pair(2).value, -9.0);
+  }
+
   void init() { failOnWarnings(); }
 
   void listAndSelectionFollowEachOther() {
