@@ -10,7 +10,7 @@ std::optional<Utf8> Utf8::parse(std::string bytes) {
 }
 
 Utf8 Utf8::mended(std::string_view bytes) {
-  return Utf8(Checked(), isValidUtf8(bytes) ? std::string(bytes) : replaceInvalidUtf8(bytes));
+  return Utf8(Checked(), replaceInvalidUtf8(bytes));
 }
 
 std::string escaped(std::string_view bytes) {

@@ -82,8 +82,10 @@ bool ProjectManager::applyToGlyph(std::size_t position, const std::function<void
 }
 
 bool ProjectManager::editGlyph(const Uuid& id, const std::function<void(Glyph&)>& edit) {
-  if (!glyphIndex().withId(id)) return false;
-  editGlyphs({&id, 1}, edit);
+  const auto position = glyphIndex().withId(id);
+  if (!position) return false;
+  const Uuid edited = id; // the caller's may lie in what listeners change
+  if (applyToGlyph(*position, edit)) documentChanged({What::glyphs, {&edited, 1}});
   return true;
 }
 
