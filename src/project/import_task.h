@@ -1,8 +1,21 @@
 #pragma once
 
+#include "base/uuid.h"
+
 #include <cstddef>
+#include <filesystem>
+#include <string>
 
 namespace quillery {
+
+/// A drawing that was imported and holds more than was read.
+struct NotedDrawing {
+  std::filesystem::path file;
+  /// The glyph that was made of it; nil when it was left out.
+  Uuid glyph;
+  /// What was not taken as it was meant: "relative commands, 2 further shapes".
+  std::string reasons;
+};
 
 /// An import under way in the background, for those who show it.
 class ImportTask {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/project_manager.h"
+#include "svg/import_options.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -8,13 +9,6 @@
 #include <vector>
 
 namespace quillery {
-
-/// Counts of an import.
-struct ImportOutcome {
-  std::size_t imported = 0;
-  /// Drawings that yielded no glyph.
-  std::size_t skipped = 0;
-};
 
 /// Asks for drawings and imports them in the background.
 void importSVG(ProjectManager& manager);

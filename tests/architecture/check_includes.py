@@ -13,6 +13,7 @@ LEVELS = {
     "model": 1,
     "project": 2,
     "svg": 3,
+    "drawing": 3,
     "editor": 3,
     "kerning": 3,
     "export": 3,
@@ -21,6 +22,7 @@ LEVELS = {
     "app": 5,
 }
 UI_LEVEL = 4
+PROGRAMS_OF_THEIR_OWN = {"drawing/convert": 4}  # links a toolkit, and nobody links it
 FIRST_LEVEL_WITH_QT = 4
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
@@ -32,11 +34,15 @@ def room_of(path):
     The views of a room that is above all views belong to the room.
     """
     parts = pathlib.PurePosixPath(path).parts
+    if "/".join(parts[:2]) in PROGRAMS_OF_THEIR_OWN:
+        return "/".join(parts[:2])
     views = len(parts) > 2 and parts[1] == "ui" and LEVELS.get(parts[0], 0) < UI_LEVEL
     return "/".join(parts[:2]) if views else parts[0]
 
 
 def level_of(room):
+    if room in PROGRAMS_OF_THEIR_OWN:
+        return PROGRAMS_OF_THEIR_OWN[room]
     owner, _, views = room.partition("/")
     if owner not in LEVELS:
         return None
