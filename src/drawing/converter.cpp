@@ -140,9 +140,11 @@ public:
   Result<Fields, std::string> answer(std::string_view word, std::string_view file) {
     const Turn turn(*this);
     const Fields request = {std::string(word), std::string(file)};
-    auto answered = ask(request);
-    if (!answered && answered.error() == Worker::Failing::tooSlow && word == kAskFlatten)
-      answered = ask({kAskTrace, std::string(file)});
+    const auto start = Clock::now();
+    const bool canTrace = word == kAskFlatten;
+    auto answered = ask(request, start + (canTrace ? limits_.time * 2 / 3 : limits_.time));
+    if (!answered && answered.error() == Worker::Failing::tooSlow && canTrace)
+      answered = ask({kAskTrace, std::string(file)}, start + limits_.time);
     if (!answered) return Failure{inWords(answered.error())};
     Fields fields = std::move(answered).value();
     if (fields.size() == 2 && fields[0] == kRefused) return Failure{std::move(fields[1])};
@@ -186,11 +188,11 @@ private:
     Workers& workers_;
   };
 
-  Result<Fields, Worker::Failing> ask(const Fields& request) {
+  Result<Fields, Worker::Failing> ask(const Fields& request, Clock::time_point deadline) {
     for (;;) {
       auto worker = take();
       if (!worker) return Failure{Worker::Failing::notStarted};
-      auto answered = worker->ask(request, Clock::now() + limits_.time);
+      auto answered = worker->ask(request, deadline);
       if (answered) {
         const std::lock_guard lock(mutex_);
         idle_.push_back(std::move(worker));

@@ -33,8 +33,8 @@ Result<Inked, std::string> trace(PageSource& source, const Box& box, bool isAllL
   constexpr std::uint8_t kSeen = 26; // a tenth of black
   PictureFrame frame = pictureFrame(box, 3000);
   auto picture = darknessOf(source, frame, isAllLight);
-  if (!picture && source.hasText()) { // too large for some fonts
-    frame = pictureFrame(box, 500);
+  for (int pixels = 1500; !picture && pixels >= 300; pixels /= 2) { // as in checking, and type
+    frame = pictureFrame(box, pixels);
     picture = darknessOf(source, frame, isAllLight);
   }
   if (!picture) return Failure{picture.error()};
@@ -138,8 +138,9 @@ struct OpenedSvg {
 Result<OpenedSvg, std::string> openSvg(const SvgDocument& document, std::optional<Size> size,
                                        const std::vector<std::size_t>& named, bool withGuides) {
   constexpr double kMostMargins = 16; // times the page
+  constexpr double kMargin = 0.06;    // what letters overshoot, mostly
   Size page = size.value_or(Size{1000, 1000});
-  double margin = std::max(page.width, page.height);
+  double margin = kMargin * std::max(page.width, page.height);
   for (int i = 0;; ++i) {
     auto opened = SvgPage::open(document.framed(page, margin, named, withGuides), page, margin,
                                 document.hasText());
@@ -151,8 +152,8 @@ Result<OpenedSvg, std::string> openSvg(const SvgDocument& document, std::optiona
     const bool fits = beside <= margin && (size || i == 1);
     if (fits) return OpenedSvg{std::move(opened).value(), margin};
     if (!size) page = {std::max(ink->maxX, 1e-3), std::max(ink->maxY, 1e-3)};
-    margin = std::min(std::max(beside * 1.01, std::max(page.width, page.height)),
-                      kMostMargins * std::max(page.width, page.height));
+    const double side = std::max(page.width, page.height);
+    margin = std::clamp(beside + kMargin * side, kMargin * side, kMostMargins * side);
   }
 }
 

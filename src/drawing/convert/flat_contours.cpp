@@ -66,12 +66,12 @@ Contours tidied(const Contours& contours, double fontUnit) {
   double largest = 0;
   for (const Contour& contour : contours)
     largest = std::max(largest, std::abs(signedArea(contour)));
+  if (largest == 0) return {};
   const double least = std::min(kSliver * fontUnit * fontUnit, largest / kBeside);
   Contours kept;
   for (const Contour& contour : contours) {
     Contour tidy = filled(contour, kClosest * fontUnit);
-    if (tidy.segments.size() > 1 && std::abs(signedArea(tidy)) >= least)
-      kept.push_back(std::move(tidy));
+    if (std::abs(signedArea(tidy)) >= least) kept.push_back(std::move(tidy));
   }
   return kept;
 }

@@ -309,6 +309,9 @@ private:
     if (join == "bevel") result.join = StrokeStyle::Join::bevel;
     result.miterLimit = number(style("stroke-miterlimit"), result.miterLimit);
     result.dashes = numbersIn(style("stroke-dasharray"));
+    if (result.dashes.size() % 2 != 0) // each takes the place of a gap the second time
+      for (std::size_t i = 0, count = result.dashes.size(); i < count; ++i)
+        result.dashes.push_back(result.dashes[i]);
     result.dashOffset = number(style("stroke-dashoffset"), 0);
     return result;
   }
