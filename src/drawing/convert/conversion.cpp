@@ -134,11 +134,14 @@ struct OpenedSvg {
   double margin;
 };
 
-// Opens a document with as much room around its page as its ink takes.
+constexpr double kFar = 16; // pages beside the page
+constexpr double kNear = 1;
+
+// Opens a document with as much room around its page as its ink takes, up to so many pages.
 Result<OpenedSvg, std::string> openSvg(const SvgDocument& document, std::optional<Size> size,
-                                       const std::vector<std::size_t>& named, bool withGuides) {
-  constexpr double kMostMargins = 16; // times the page
-  constexpr double kMargin = 0.06;    // what letters overshoot, mostly
+                                       const std::vector<std::size_t>& named, bool withGuides,
+                                       double mostMargin = kFar) {
+  constexpr double kMargin = 0.06; // what letters overshoot, mostly
   Size page = size.value_or(Size{1000, 1000});
   double margin = kMargin * std::max(page.width, page.height);
   for (int i = 0;; ++i) {
@@ -153,7 +156,7 @@ Result<OpenedSvg, std::string> openSvg(const SvgDocument& document, std::optiona
     if (fits) return OpenedSvg{std::move(opened).value(), margin};
     if (!size) page = {std::max(ink->maxX, 1e-3), std::max(ink->maxY, 1e-3)};
     const double side = std::max(page.width, page.height);
-    margin = std::clamp(beside + kMargin * side, kMargin * side, kMostMargins * side);
+    margin = std::clamp(beside + kMargin * side, kMargin * side, mostMargin * side);
   }
 }
 
@@ -185,9 +188,17 @@ Result<FlatDrawing, std::string> convertSvg(std::string_view file, ConversionRoa
   const SvgDocument& document = parsed.value();
   auto opened = openSvg(document, document.size(), {}, false);
   if (!opened) return Failure{opened.error()};
-  SvgPage& page = *opened.value().page;
-  auto inked = inkOn(page, road);
+  auto inked = inkOn(*opened.value().page, road);
+  if (!inked && opened.value().margin > kNear * std::max(opened.value().page->size().width,
+                                                         opened.value().page->size().height)) {
+    // What lies far beside the page can make pictures of it too large to draw.
+    opened = openSvg(document, document.size(), {}, false, kNear);
+    if (!opened) return Failure{opened.error()};
+    inked = inkOn(*opened.value().page, road);
+    if (inked) note(inked.value().notes, "what lies far beside the page was left out");
+  }
   if (!inked) return Failure{inked.error()};
+  const SvgPage& page = *opened.value().page;
   inked.value().notes.insert(inked.value().notes.begin(), document.notes().begin(),
                              document.notes().end());
   auto drawing = flatDrawing(page, std::move(inked).value(), document.userFromPixels(),

@@ -128,9 +128,13 @@ void SvgDocument::readSize() {
     size_ = Size{*height * viewBox->width / viewBox->height, *height};
   else if (viewBox)
     size_ = Size{viewBox->width, viewBox->height};
-  if (viewBox && size_)
-    userFromPixels_ =
-        quillery::userFromPixels(*viewBox, *size_, root().attribute("preserveAspectRatio"));
+  if (!viewBox || !size_) return;
+  const double side = std::max(size_->width, size_->height);
+  constexpr double kSide = 1000; // of a page that is drawn larger or smaller than any screen
+  if (side < 1 || side > 100 * kSide)
+    size_ = Size{size_->width * kSide / side, size_->height * kSide / side};
+  userFromPixels_ =
+      quillery::userFromPixels(*viewBox, *size_, root().attribute("preserveAspectRatio"));
 }
 
 void SvgDocument::readGuides() {
