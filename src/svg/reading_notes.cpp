@@ -156,6 +156,19 @@ std::string ReadingNotes::inWords() const {
   return listed(reasons);
 }
 
+bool hasNothingToNote(std::string_view svg, std::string_view pathData, const Outline& outline) {
+  std::size_t letters = 0, small = 0;
+  for (const char c : pathData) {
+    letters += c == 'M';
+    small += c >= 'a' && c != 'z';
+  }
+  if (small > 0) return false;
+  std::size_t moves = 0; // a move of several pairs means lines
+  for (const PathCommand& command : outline.commands())
+    moves += command.kind == PathCommand::Kind::moveTo;
+  return moves == letters && PlainDrawing(svg).matches();
+}
+
 ReadingNotes notesOnReading(std::string_view svg) {
   ReadingNotes notes;
   auto& reasons = notes.reasons;
@@ -166,8 +179,6 @@ ReadingNotes notesOnReading(std::string_view svg) {
   const auto taken = SVGParser::findPathData(svg);
   PathDataNotes data;
   if (taken) data = notesOnPathData(*taken);
-  if (taken && data.isPlain() && PlainDrawing(svg).matches()) return notes;
-
   const auto offset =
       taken ? std::optional(static_cast<std::size_t>(taken->data() - svg.data())) : std::nullopt;
   const DrawnShapes shapes = drawnShapes(svg, offset);
