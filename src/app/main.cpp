@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "drawing/converter.h"
 
 #ifdef QUILLERY_HAS_WINDOW
 #include "app/ui/letterloom_app.h"
@@ -27,6 +28,12 @@ quillery::ProgramPlaces programPlaces() {
   return places;
 }
 
+quillery::MakeFlattener flattenerMaker(const fs::path& executable) {
+  const auto converter = quillery::findConverter(executable);
+  if (!converter) return nullptr;
+  return [converter] { return std::make_shared<quillery::DrawingConverter>(*converter); };
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -41,5 +48,7 @@ int main(int argc, char** argv) {
   };
   toolkit.paintPreview = quillery::previewPng;
 #endif
-  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces(), toolkit));
+  const auto places = programPlaces();
+  return static_cast<int>(
+      quillery::runCommandLine(argc, argv, places, toolkit, flattenerMaker(places.executable)));
 }
