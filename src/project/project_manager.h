@@ -136,6 +136,8 @@ public:
 
   /// Deletes the selected glyphs as one step that can be undone, but not redone.
   void deleteSelectedGlyphs();
+  /// The same for these glyphs; the others that are selected stay so.
+  void deleteGlyphs(std::unordered_set<Uuid> ids);
   /// Deletes one glyph for good.
   void deleteGlyph(Uuid id);
 

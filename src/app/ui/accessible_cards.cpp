@@ -29,7 +29,10 @@ public:
     const Glyph* glyph = isValid() ? cards_->glyphOfCard(index_) : nullptr;
     if (!glyph) return {};
     if (kind == QAccessible::Name) return shownText(glyph->name());
-    if (kind == QAccessible::Description) return shownText(glyph->character());
+    if (kind == QAccessible::Description)
+      return glyph->hasBox()
+                 ? shownText(glyph->character())
+                 : GlyphCardArea::tr("%1, no outline").arg(shownText(glyph->character()));
     return {};
   }
   void setText(QAccessible::Text, const QString&) override {}
