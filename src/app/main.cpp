@@ -34,12 +34,14 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  const quillery::MakeFlattener makeFlattener; // none yet
   quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
   toolkit.openWindow = [&](const auto& places, const auto& project) {
-    return quillery::runWindow(argc, argv, places, project);
+    return quillery::runWindow(argc, argv, places, project, makeFlattener);
   };
   toolkit.paintPreview = quillery::previewPng;
 #endif
-  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces(), toolkit));
+  return static_cast<int>(
+      quillery::runCommandLine(argc, argv, programPlaces(), toolkit, makeFlattener));
 }

@@ -92,7 +92,7 @@ public:
   /// hold it.
   bool hasBox() const {
     const Rect& box = record_.boundingBox;
-    return isFinite(Point{box.x, box.y}) && isFinite(Point{box.width, box.height});
+    return isFinite(Point{box.x, box.y}) && isFinite(Point{box.maxX(), box.maxY()});
   }
   const GlyphPlacement& placement() const { return record_; }
 

@@ -315,6 +315,14 @@ void ProjectManager::noteDrawings(std::vector<NotedDrawing> drawings) {
   announce(What::imports);
 }
 
+void ProjectManager::noteImport(std::span<const std::filesystem::path> files,
+                                std::vector<NotedDrawing> drawings) {
+  const std::size_t before = notedDrawings_.size();
+  forgetNotedDrawings(files);
+  drawingsLookedAt_ += files.size() - std::min(files.size(), before - notedDrawings_.size());
+  noteDrawings(std::move(drawings));
+}
+
 void ProjectManager::forgetNotedDrawings(std::span<const std::filesystem::path> files) {
   if (notedDrawings_.empty()) return;
   std::unordered_set<std::string> forgotten;
