@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "drawing/converter.h"
 
 #ifdef QUILLERY_HAS_WINDOW
 #include "app/ui/letterloom_app.h"
@@ -27,6 +28,12 @@ quillery::ProgramPlaces programPlaces() {
   return places;
 }
 
+// Null where the program came without what draws drawings.
+std::shared_ptr<quillery::DrawingFlattener> converter(const quillery::ProgramPlaces& places) {
+  const auto program = quillery::findConverter(places.executable);
+  return program ? std::make_shared<quillery::DrawingConverter>(*program) : nullptr;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -34,7 +41,7 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  const quillery::MakeFlattener makeFlattener; // none yet
+  const auto makeFlattener = [places = programPlaces()] { return converter(places); };
   quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
   toolkit.openWindow = [&](const auto& places, const auto& project) {

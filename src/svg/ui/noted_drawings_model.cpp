@@ -8,6 +8,14 @@
 namespace quillery {
 namespace {
 
+// In the order in which a folder lists them: drops come as they were copied.
+std::vector<NotedDrawing> sorted(std::vector<NotedDrawing> noted) {
+  std::stable_sort(noted.begin(), noted.end(), [](const NotedDrawing& a, const NotedDrawing& b) {
+    return a.file.filename() < b.file.filename();
+  });
+  return noted;
+}
+
 std::vector<std::filesystem::path> filesOf(const std::vector<NotedDrawing>& noted) {
   std::vector<std::filesystem::path> files;
   for (const NotedDrawing& drawing : noted) files.push_back(drawing.file);
@@ -18,7 +26,7 @@ std::vector<std::filesystem::path> filesOf(const std::vector<NotedDrawing>& note
 
 NotedDrawingsModel::NotedDrawingsModel(ProjectManager& manager, std::vector<NotedDrawing> noted,
                                        QObject* parent)
-    : QAbstractListModel(parent), manager_(manager), noted_(std::move(noted)),
+    : QAbstractListModel(parent), manager_(manager), noted_(sorted(std::move(noted))),
       canConvert_(manager.desktop().drawingFlattener() &&
                   std::any_of(noted_.begin(), noted_.end(),
                               [](const NotedDrawing& drawing) { return !drawing.converted; })),
