@@ -28,6 +28,7 @@ quillery::ProgramPlaces programPlaces() {
   return places;
 }
 
+// None where the program came without what draws drawings.
 quillery::MakeFlattener flattenerMaker(const fs::path& executable) {
   const auto converter = quillery::findConverter(executable);
   if (!converter) return nullptr;
@@ -41,14 +42,14 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  const auto places = programPlaces();
+  const auto makeFlattener = flattenerMaker(places.executable);
   quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
-  toolkit.openWindow = [&](const auto& places, const auto& project) {
-    return quillery::runWindow(argc, argv, places, project);
+  toolkit.openWindow = [&](const auto& window, const auto& project) {
+    return quillery::runWindow(argc, argv, window, project, makeFlattener);
   };
   toolkit.paintPreview = quillery::previewPng;
 #endif
-  const auto places = programPlaces();
-  return static_cast<int>(
-      quillery::runCommandLine(argc, argv, places, toolkit, flattenerMaker(places.executable)));
+  return static_cast<int>(quillery::runCommandLine(argc, argv, places, toolkit, makeFlattener));
 }

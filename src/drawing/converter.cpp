@@ -113,6 +113,9 @@ private:
   std::size_t served_ = 0;
 };
 
+// A sheet of letters may take as long as so many drawings.
+constexpr int kDrawingsOfSheet = 20;
+
 std::string inWords(std::chrono::milliseconds time) {
   return std::to_string(time.count() / 1000) + " s";
 }
@@ -142,22 +145,24 @@ public:
     const Fields request = {std::string(word), std::string(file)};
     const auto start = Clock::now();
     const bool canTrace = word == kAskFlatten;
-    auto answered = ask(request, start + (canTrace ? limits_.time * 2 / 3 : limits_.time));
+    const auto time = word == kAskSheet ? limits_.time * kDrawingsOfSheet : limits_.time;
+    auto answered = ask(request, start + (canTrace ? limits_.time * 2 / 3 : time));
     if (!answered && answered.error() == Worker::Failing::tooSlow && canTrace)
       answered = ask({kAskTrace, std::string(file)}, start + limits_.time);
-    if (!answered) return Failure{inWords(answered.error())};
+    if (!answered) return Failure{inWords(answered.error(), time)};
     Fields fields = std::move(answered).value();
     if (fields.size() == 2 && fields[0] == kRefused) return Failure{std::move(fields[1])};
-    if (fields.empty() || fields[0] != kDone) return Failure{inWords(Worker::Failing::broken)};
+    if (fields.empty() || fields[0] != kDone)
+      return Failure{inWords(Worker::Failing::broken, time)};
     return fields;
   }
 
-  std::string inWords(Worker::Failing failing) const {
+  std::string inWords(Worker::Failing failing, std::chrono::milliseconds time) const {
     switch (failing) {
     case Worker::Failing::notStarted:
       return program_.string() + " could not be started";
     case Worker::Failing::tooSlow:
-      return "it takes longer than " + quillery::inWords(limits_.time);
+      return "it takes longer than " + quillery::inWords(time);
     case Worker::Failing::broken:
       break;
     }
