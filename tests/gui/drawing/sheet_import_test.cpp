@@ -78,7 +78,7 @@ private Q_SLOTS:
     SheetProgram program{};
     QVERIFY(QTest::qWaitFor([&] { return !program.desktop.alerts.empty(); }));
     QCOMPARE(program.desktop.alerts.front().message,
-             std::string("There is no letter in the drawing."));
+             std::string("Letters.svg is no sheet of letters: it holds no letters"));
     QVERIFY(!find<QListView>("sheetLetters"));
   }
 };

@@ -73,7 +73,7 @@ private Q_SLOTS:
     QCOMPARE(program.pathOf("B"), std::string(FakeFlattener::kPath));
     QCOMPARE(program.manager.firstGlyphNamed("C")->id(), plain);
     // What the conversion lost is said, and can't be converted once more.
-    QCOMPARE(NotedProgram::notice(), u"1 of 4 drawings lost something when it was converted."_s);
+    QCOMPARE(NotedProgram::notice(), u"1 of 4 drawings was converted with a loss."_s);
     QVERIFY(!find<QPushButton>("convertNoted"));
     program.manager.newProject();
     QCOMPARE(NotedProgram::notice(), QString());
