@@ -28,10 +28,10 @@ quillery::ProgramPlaces programPlaces() {
   return places;
 }
 
-// Null where the program came without what draws drawings.
-std::shared_ptr<quillery::DrawingFlattener> converter(const quillery::ProgramPlaces& places) {
-  const auto program = quillery::findConverter(places.executable);
-  return program ? std::make_shared<quillery::DrawingConverter>(*program) : nullptr;
+quillery::MakeFlattener flattenerMaker(const fs::path& executable) {
+  const auto converter = quillery::findConverter(executable);
+  if (!converter) return nullptr;
+  return [converter] { return std::make_shared<quillery::DrawingConverter>(*converter); };
 }
 
 } // namespace
@@ -41,14 +41,14 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  const auto makeFlattener = [places = programPlaces()] { return converter(places); };
+  const auto places = programPlaces();
+  const auto makeFlattener = flattenerMaker(places.executable);
   quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
-  toolkit.openWindow = [&](const auto& places, const auto& project) {
-    return quillery::runWindow(argc, argv, places, project, makeFlattener);
+  toolkit.openWindow = [&](const auto& ofProgram, const auto& project) {
+    return quillery::runWindow(argc, argv, ofProgram, project, makeFlattener);
   };
   toolkit.paintPreview = quillery::previewPng;
 #endif
-  return static_cast<int>(
-      quillery::runCommandLine(argc, argv, programPlaces(), toolkit, makeFlattener));
+  return static_cast<int>(quillery::runCommandLine(argc, argv, places, toolkit, makeFlattener));
 }

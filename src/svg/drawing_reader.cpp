@@ -12,8 +12,8 @@ namespace quillery {
 namespace {
 
 Glyph placed(SVGParser::UnplacedDrawing drawing, double unitsPerEm) {
-  auto& [glyph, outline] = drawing;
-  auto inEm = PathConverter::placeInEm(outline, glyph.record().viewBox, unitsPerEm);
+  Glyph& glyph = drawing.glyph;
+  auto inEm = PathConverter::placeInEm(drawing.outline, glyph.record().viewBox, unitsPerEm);
   glyph.placeOutline(std::move(inEm.fontPath), inEm.boundingBox);
   return std::move(glyph);
 }
@@ -25,11 +25,17 @@ Drawing flattenAndPlace(const std::filesystem::path& file, std::string_view cont
   return placeFlat(Utf8::mended(file.stem().string()), std::move(flat).value(), unitsPerEm);
 }
 
+bool isPlain(const SVGParser::UnplacedDrawing& drawing, std::string_view content) {
+  return drawing.isPlain &&
+         hasNothingToNote(content, drawing.glyph.record().svgPath.view(), drawing.outline);
+}
+
 Drawing readAndPlace(const std::filesystem::path& file, std::string_view content,
                      const ImportOptions& options, double unitsPerEm) {
   auto read = SVGParser::readDrawing(file, content);
   Drawing drawing;
-  if (options.lookThrough) drawing.reasons = notesOnReading(content).inWords();
+  if (options.lookThrough && !(read && isPlain(read.value(), content)))
+    drawing.reasons = notesOnReading(content).inWords();
   if (!read) {
     drawing.line = read.error();
     return drawing;

@@ -96,7 +96,7 @@ UnplacedDrawing drawingOf(const Utf8& fileName, Utf8 pathData) {
   DrawnPath path = readPath(pathData);
   glyph.svgPath = SharedText(std::move(pathData));
   glyph.viewBox = path.viewBox;
-  return {Glyph(std::move(glyph)), std::move(path.outline)};
+  return {Glyph(std::move(glyph)), std::move(path.outline), path.isPlain};
 }
 
 Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,

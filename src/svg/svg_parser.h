@@ -24,6 +24,8 @@ std::optional<Glyph> parseSVGFile(const std::filesystem::path& file);
 struct UnplacedDrawing {
   Glyph glyph;
   Outline outline;
+  /// Its path data is as programs write it (readPlainPath).
+  bool isPlain = false;
 };
 
 /// The same of the file's content, with the outline, and with the line as the error instead of

@@ -130,8 +130,7 @@ Result<FlatDrawing, std::string> flatDrawing(const PageSource& source, Inked ink
     drawing.artboard.page = rect(userFromPixels({0, 0}), userFromPixels({page.width, page.height}));
   } else {
     const Box ink = boxOf(contours);
-    drawing.artboard.page = rect(placing.userFromGrid({ink.minX, ink.minY}),
-                                 placing.userFromGrid({ink.maxX, ink.maxY}));
+    drawing.artboard.page = rect(placing({ink.minX, ink.minY}), placing({ink.maxX, ink.maxY}));
   }
   return drawing;
 }

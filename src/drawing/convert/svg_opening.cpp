@@ -1,6 +1,9 @@
 #include "drawing/convert/svg_opening.h"
 
+#include "drawing/convert/painted_shapes.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace quillery {
 namespace {
@@ -36,9 +39,22 @@ std::vector<DrawingSheet::Guide> drawnGuides(const SvgDocument& document, Size p
   for (const auto& layer : document.guideLayers()) named.push_back(layer.element);
   const auto opened = open(document, page, named, true, kFarBeside);
   if (!opened) return guides;
-  for (const auto& layer : document.guideLayers())
-    if (const auto ink = opened.value()->inkBox(document.reference(layer.element)))
-      guides.push_back({layer.kind, document.userFromPixels()({0, (ink->minY + ink->maxY) / 2}).y});
+  SvgPage& drawn = *opened.value();
+  for (const auto& layer : document.guideLayers()) {
+    drawn.drawOnly(document.reference(layer.element));
+    // The box that the renderer itself gives of a level line reaches to its origin.
+    double scale = 1;
+    const auto written = writePage(drawn, scale);
+    const auto painted =
+        written ? readPaintedPage(written.value(), scale) : Failure{written.error()};
+    if (!painted) continue;
+    Box box;
+    for (const PaintedShape& shape : painted.value().shapes)
+      if (!shape.contours.empty()) box.include(boxOf(shape.contours));
+    if (box.isEmpty()) continue; // hidden
+    const double y = (box.minY + box.maxY) / 2 / gridScale(page) - drawn.margin();
+    guides.push_back({layer.kind, std::round(document.userFromPixels()({0, y}).y * 1e4) / 1e4});
+  }
   return guides;
 }
 

@@ -1,5 +1,5 @@
 #include "gui/app/program.h"
-#include "support/fake_flattener.h"
+#include "gui/svg/triangle_flattener.h"
 #include "svg/window_import.h"
 
 #include <QCheckBox>
@@ -51,7 +51,7 @@ struct NotedProgram : Program {
     return std::string(manager.firstGlyphNamed(glyph)->record().svgPath.view());
   }
 
-  std::shared_ptr<FakeFlattener> flattener = std::make_shared<FakeFlattener>();
+  std::shared_ptr<TriangleFlattener> flattener = std::make_shared<TriangleFlattener>();
 };
 
 } // namespace
@@ -70,7 +70,7 @@ private Q_SLOTS:
     const Uuid plain = program.manager.firstGlyphNamed("C")->id();
     NotedProgram::press("convertNoted");
     program.finishImports();
-    QCOMPARE(program.pathOf("B"), std::string(FakeFlattener::kPath));
+    QCOMPARE(program.pathOf("B"), std::string(TriangleFlattener::kPath));
     QCOMPARE(program.manager.firstGlyphNamed("C")->id(), plain);
     // What the conversion lost is said, and can't be converted once more.
     QCOMPARE(NotedProgram::notice(), u"1 of 4 drawings was converted with a loss."_s);
@@ -107,14 +107,18 @@ private Q_SLOTS:
     program.import({{"A", kRelative}});
     QTest::mouseClick(find<QCheckBox>("alwaysConvert"), Qt::LeftButton);
     QVERIFY(program.action("alwaysConvert")->isChecked());
+    program.manager.newProject();
+    program.import({{"B", kBroken}});
+    QVERIFY(find<QWidget>("emptyState"));
+    QCOMPARE(NotedProgram::notice(), u"B.svg could not be converted."_s);
     program.import({{"B", kBroken}, {"C", kRelative}});
-    QCOMPARE(program.pathOf("C"), std::string(FakeFlattener::kPath));
+    QCOMPARE(program.pathOf("C"), std::string(TriangleFlattener::kPath));
     QVERIFY(!program.manager.firstGlyphNamed("B"));
     QVERIFY(find<QCheckBox>("alwaysConvert")->isChecked());
     program.action("alwaysConvert")->trigger();
     QVERIFY(!find<QCheckBox>("alwaysConvert")->isChecked());
     program.import({{"D", kRelative}});
-    QVERIFY(program.pathOf("D") != FakeFlattener::kPath);
+    QVERIFY(program.pathOf("D") != TriangleFlattener::kPath);
   }
 
   void byArtboardThePageIsTheEm() {
@@ -150,8 +154,8 @@ private Q_SLOTS:
                       {first.left() + 20, first.center().y()});
     NotedProgram::press("convertTicked");
     program.finishImports();
-    QCOMPARE(program.pathOf("B"), std::string(FakeFlattener::kPath));
-    QVERIFY(program.pathOf("A") != FakeFlattener::kPath);
+    QCOMPARE(program.pathOf("B"), std::string(TriangleFlattener::kPath));
+    QVERIFY(program.pathOf("A") != TriangleFlattener::kPath);
     QCOMPARE(NotedProgram::notice(), u"2 of 3 drawings hold more than was read."_s);
   }
 
