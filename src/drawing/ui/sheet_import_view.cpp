@@ -3,14 +3,10 @@
 #include "base/file.h"
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
+#include "drawing/sheet_placement.h"
 #include "drawing/ui/letter_card.h"
 #include "svg/drawing_files.h"
 #include "svg/sheet_import.h"
-
-#if __has_include("drawing/sheet_placement.h") // to come
-#include "drawing/sheet_placement.h"
-#define QUILLERY_PLACES_SHEETS
-#endif
 
 #include <QBoxLayout>
 #include <QLineEdit>
@@ -186,10 +182,10 @@ void SheetImportView::countNames() {
 
 void SheetImportView::import() {
   DrawingSheet sheet = model_->sheet();
-#ifdef QUILLERY_PLACES_SHEETS
+  for (std::size_t i = 0; i < sheet.letters.size(); ++i)
+    sheet.letters[i].name = model_->names().fileName(i);
   placeSheet(sheet, manager_.currentProject());
-#endif
-  importLetters(manager_, std::move(sheet), model_->names());
+  importLetters(manager_, std::move(sheet));
   accept();
 }
 
