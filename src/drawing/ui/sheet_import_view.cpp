@@ -182,10 +182,15 @@ void SheetImportView::countNames() {
 
 void SheetImportView::import() {
   DrawingSheet sheet = model_->sheet();
-  for (std::size_t i = 0; i < sheet.letters.size(); ++i)
+  std::vector<std::filesystem::path> letters; // as if each were a file
+  for (std::size_t i = 0; i < sheet.letters.size(); ++i) {
     sheet.letters[i].name = model_->names().fileName(i);
+    if (!sheet.letters[i].name.empty()) letters.emplace_back(sheet.letters[i].name.str());
+  }
   placeSheet(sheet, manager_.currentProject());
-  importLetters(manager_, std::move(sheet));
+  ImportOutcome outcome = importLetters(manager_, std::move(sheet));
+  for (NotedDrawing& letter : outcome.noted) letter.converted = true;
+  manager_.noteImport(letters, std::move(outcome.noted));
   accept();
 }
 
