@@ -91,6 +91,7 @@ public:
                 "of the files\ncould be written; 2 wrong usage; 3 failed, nothing written.");
     addImport();
     addFlatten();
+    addWatch();
     addExport();
     addCheck();
     addConvert();
@@ -102,7 +103,8 @@ public:
   ExitStatus run(int argc, char** argv, const WindowToolkit& toolkit,
                  const MakeFlattener& makeFlattener) {
     preview_.paint = toolkit.paintPreview;
-    import_.makeFlattener = flatten_.makeFlattener = makeFlattener;
+    flatten_.makeFlattener = makeFlattener;
+    import_.reading.makeFlattener = watch_.reading.makeFlattener = makeFlattener;
     try {
       app_.name(argc > 0 ? argv[0] : "quillery");
       app_.parse(withEmptyValues(argc, argv));
@@ -131,6 +133,8 @@ private:
   CLI::App* subcommand(const std::string& name, const std::string& description, Command& command,
                        const std::function<void(const CLI::App&)>& finish = nullptr) {
     CLI::App* sub = app_.add_subcommand(name, description);
+    if constexpr (requires { command.folder; })
+      sub->add_option("FOLDER", command.folder, "The folder of drawings")->required();
     if constexpr (requires { command.project; })
       sub->add_option("PROJECT", command.project, "The project, a .fontproj file")->required();
     sub->add_option("--resources", resources_, "Folder with the generator and the sample")
@@ -157,17 +161,29 @@ private:
         "import", "Import drawings into a project and save it", import_, [this](const CLI::App&) {
           if (unitsPerEm_) import_.unitsPerEm = positiveWholeNumber("--units-per-em", *unitsPerEm_);
           if (name_) import_.name = textArgument("--name", *name_);
-          if (import_.placement == DrawingPlacement::artboard) import_.convert = true;
         });
     sub->add_option("DRAWING", import_.drawings, "SVG files, or folders of them")->required();
-    sub->add_flag("--convert", import_.convert,
-                  "Make every drawing one plain path first; also takes PDF, EPS, PNG and JPEG");
-    addChoice(*sub, "--place", import_.placement,
+    addReading(*sub, import_.reading);
+    sub->add_option("--name", name_, "Name of a new project");
+    sub->add_option("--units-per-em", unitsPerEm_, "Units per em of a new project")->type_name("N");
+  }
+
+  static void addReading(CLI::App& sub, ReadingChoice& reading) {
+    sub.add_flag("--convert", reading.convert,
+                 "Make every drawing one plain path first; also takes PDF, EPS, PNG and JPEG");
+    addChoice(sub, "--place", reading.placement,
               {{"edges", DrawingPlacement::edges}, {"artboard", DrawingPlacement::artboard}},
               "How new glyphs are placed: by the edges of their ink, or, which implies --convert, "
               "with the drawing's artboard as the em");
-    sub->add_option("--name", name_, "Name of a new project");
-    sub->add_option("--units-per-em", unitsPerEm_, "Units per em of a new project")->type_name("N");
+  }
+
+  void addWatch() {
+    auto* sub =
+        subcommand("watch", "Take in drawings as they are saved, until it is ended", watch_);
+    sub->add_option("FONT", watch_.fonts,
+                    "Files ending in .otf, .ttf, .woff or .woff2, written anew after each change");
+    addReading(*sub, watch_.reading);
+    sub->add_flag("--install", watch_.install, "Keep the fonts in your font folder as well");
   }
 
   void addFlatten() {
@@ -312,6 +328,7 @@ private:
   int common_ = 0;
   ImportCommand import_;
   FlattenCommand flatten_;
+  WatchCommand watch_;
   ExportCommand export_;
   CheckCommand check_;
   ConvertCommand convert_;

@@ -5,8 +5,9 @@
 #include "base/finite.h"
 #include "base/utf8.h"
 #include "drawing/flat_file.h"
+#include "export/font_generator.h"
 #include "model/glyph.h"
-#include "svg/artboard_placement.h"
+#include "svg/import_options.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -19,6 +20,16 @@ namespace quillery {
 // The commands of the command line: all but `flatten` open a project, run operations of the core on
 // it and save it. What the arguments were read to is in the command's own record.
 
+/// How drawings are read.
+struct ReadingChoice {
+  bool convert = false;
+  DrawingPlacement placement = DrawingPlacement::edges;
+  MakeFlattener makeFlattener;
+
+  /// Only a converted drawing has an artboard.
+  bool converts() const { return convert || placement == DrawingPlacement::artboard; }
+};
+
 struct ImportCommand {
   std::filesystem::path project;
   /// Files and folders.
@@ -27,10 +38,7 @@ struct ImportCommand {
   std::optional<Utf8> name;
   /// Positive.
   std::optional<std::int64_t> unitsPerEm;
-  bool convert = false;
-  /// By artboard only when drawings are converted.
-  DrawingPlacement placement = DrawingPlacement::edges;
-  MakeFlattener makeFlattener;
+  ReadingChoice reading;
 };
 
 struct FlattenCommand {
@@ -40,6 +48,15 @@ struct FlattenCommand {
   std::filesystem::path output;
   FlatFit fit = FlatFit::edges;
   MakeFlattener makeFlattener;
+};
+
+struct WatchCommand {
+  std::filesystem::path folder;
+  std::filesystem::path project;
+  std::vector<std::filesystem::path> fonts;
+  ReadingChoice reading;
+  /// Fonts are copied to the user's fonts.
+  bool install = false;
 };
 
 struct ExportCommand {
@@ -97,6 +114,8 @@ struct PreviewCommand {
 
 ExitStatus run(const ImportCommand& command, const ProgramPlaces& places);
 ExitStatus run(const FlattenCommand& command, const ProgramPlaces& places);
+/// Ends when the user interrupts it or the system asks it to.
+ExitStatus run(const WatchCommand& command, const ProgramPlaces& places);
 ExitStatus run(const ExportCommand& command, const ProgramPlaces& places);
 ExitStatus run(const CheckCommand& command, const ProgramPlaces& places);
 ExitStatus run(const ConvertCommand& command, const ProgramPlaces& places);
@@ -106,5 +125,15 @@ ExitStatus run(const PreviewCommand& command, const ProgramPlaces& places);
 
 /// Writes "quillery: MESSAGE" to standard error.
 void printError(const std::string& message);
+
+// -- What commands on drawings and fonts share
+
+/// The options that a command imports with; nothing, and says so, when this build can't convert.
+std::optional<ImportOptions> importOptions(const ReadingChoice& reading);
+/// Prints what an import noted.
+void printNotes(const ImportOutcome& outcome, const ReadingChoice& reading);
+/// False, and says so, when one of them has the name of no font.
+bool areFontFiles(const std::string& command, const std::vector<std::filesystem::path>& fonts);
+GeneratorPlaces generatorPlaces(const ProgramPlaces& places);
 
 } // namespace quillery

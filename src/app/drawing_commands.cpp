@@ -41,20 +41,31 @@ Operands drawingsOf(const std::vector<fs::path>& operands, bool (*isWanted)(cons
   return found;
 }
 
-// Null, and says so, when this build has none.
-std::shared_ptr<DrawingFlattener> flattener(const MakeFlattener& make) {
+// Null, and says so, when this build can't convert drawings.
+std::shared_ptr<DrawingFlattener> makeOrTell(const MakeFlattener& make) {
   auto made = make ? make() : nullptr;
   if (!made) printError("This build can't convert drawings: it has no converter");
   return made;
 }
 
-void printNotes(const ImportOutcome& outcome, const ImportCommand& command) {
+} // namespace
+
+std::optional<ImportOptions> importOptions(const ReadingChoice& reading) {
+  ImportOptions options{.placement = reading.placement, .leaveOutEmpty = true, .lookThrough = true};
+  if (!reading.converts()) return options;
+  options.flattener = makeOrTell(reading.makeFlattener);
+  if (!options.flattener) return std::nullopt;
+  return options;
+}
+
+void printNotes(const ImportOutcome& outcome, const ReadingChoice& reading) {
   if (outcome.noted.empty()) return;
-  const bool canConvert = !command.convert && command.makeFlattener && command.makeFlattener();
+  const bool canConvert =
+      !reading.converts() && reading.makeFlattener && reading.makeFlattener() != nullptr;
   for (const NotedDrawing& noted : outcome.noted) {
     const bool isLeftOut = noted.glyph == Uuid();
     std::string text = noted.file.string() + ": ";
-    if (command.convert)
+    if (reading.converts())
       text += isLeftOut ? "could not be converted: " : "converted; ";
     else if (isLeftOut)
       text += "left out: ";
@@ -62,14 +73,9 @@ void printNotes(const ImportOutcome& outcome, const ImportCommand& command) {
   }
 }
 
-} // namespace
-
 ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
-  ImportOptions options{.placement = command.placement, .leaveOutEmpty = true, .lookThrough = true};
-  if (command.convert) {
-    options.flattener = flattener(command.makeFlattener);
-    if (!options.flattener) return ExitStatus::failed;
-  }
+  const auto options = importOptions(command.reading);
+  if (!options) return ExitStatus::failed;
   Session session(places);
   std::error_code error;
   if (fs::exists(fs::symlink_status(command.project, error))) {
@@ -87,7 +93,7 @@ ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
   }
 
   const auto [files, complete] =
-      drawingsOf(command.drawings, command.convert ? isConvertible : isDrawing);
+      drawingsOf(command.drawings, command.reading.converts() ? isConvertible : isDrawing);
   ImportOutcome outcome;
   {
     ProgressLine line;
@@ -95,10 +101,10 @@ ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
       line.update("Importing " + std::to_string(done) + " of " + std::to_string(count) +
                   " drawings");
     };
-    outcome = line.isShown() ? importSVGFiles(session.manager(), files, options, show)
-                             : importSVGFiles(session.manager(), files, options);
+    outcome = line.isShown() ? importSVGFiles(session.manager(), files, *options, show)
+                             : importSVGFiles(session.manager(), files, *options);
   }
-  printNotes(outcome, command);
+  printNotes(outcome, command.reading);
   const bool done = complete && outcome.skipped == 0;
   return session.save(command.project, done ? ExitStatus::done : ExitStatus::incomplete);
 }
@@ -127,7 +133,7 @@ Writing flattenTo(const fs::path& output, const fs::path& drawing, FlatFit fit,
 } // namespace
 
 ExitStatus run(const FlattenCommand& command, const ProgramPlaces&) {
-  const auto converter = flattener(command.makeFlattener);
+  const auto converter = makeOrTell(command.makeFlattener);
   if (!converter) return ExitStatus::failed;
   std::error_code error;
   const bool toFolder = command.drawings.size() > 1 || fs::is_directory(command.output, error) ||

@@ -13,13 +13,6 @@
 namespace quillery {
 namespace {
 
-bool isFontFile(const std::filesystem::path& file) {
-  const std::string extension = lowercased(file.extension().string());
-  return std::any_of(kExportFormats.begin(), kExportFormats.end(), [&](const ExportFormat& format) {
-    return extension == std::string(".") + format.extension;
-  });
-}
-
 // Runs the desktop's loop until `done`, telling every moment how long it has taken.
 void waitFor(HeadlessDesktop& desktop, const std::function<bool()>& done) {
   ProgressLine line;
@@ -37,16 +30,27 @@ void waitFor(HeadlessDesktop& desktop, const std::function<bool()>& done) {
 
 } // namespace
 
-ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
-  for (const auto& font : command.fonts) {
-    if (isFontFile(font)) continue;
-    printError("export: " + font.string() + " does not end in .otf, .ttf, .woff or .woff2");
-    return ExitStatus::wrongUsage;
+bool areFontFiles(const std::string& command, const std::vector<std::filesystem::path>& fonts) {
+  for (const auto& font : fonts) {
+    const std::string extension = lowercased(font.extension().string());
+    if (std::any_of(kExportFormats.begin(), kExportFormats.end(), [&](const ExportFormat& format) {
+          return extension == std::string(".") + format.extension;
+        }))
+      continue;
+    printError(command + ": " + font.string() + " does not end in .otf, .ttf, .woff or .woff2");
+    return false;
   }
+  return true;
+}
+
+GeneratorPlaces generatorPlaces(const ProgramPlaces& places) {
+  return {places.resourceFolder, places.developmentExecutable, places.developmentScript};
+}
+
+ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
+  if (!areFontFiles("export", command.fonts)) return ExitStatus::wrongUsage;
   Session session(places);
-  const GeneratorPlaces generatorPlaces{places.resourceFolder, places.developmentExecutable,
-                                        places.developmentScript};
-  const FontGenerator generator(session.desktop(), generatorPlaces);
+  const FontGenerator generator(session.desktop(), generatorPlaces(places));
   // The check waits for Python; the project loads meanwhile.
   const auto task = std::make_shared<std::packaged_task<GeneratorAvailability()>>(
       [generator] { return generator.checkGeneratorAvailability(); });
@@ -73,8 +77,8 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
     return ExitStatus::incomplete;
   }
   if (!command.report) return ExitStatus::done;
-  const auto report =
-      makeFontReport(session.project(), command.fonts.front(), *command.report, generatorPlaces);
+  const auto report = makeFontReport(session.project(), command.fonts.front(), *command.report,
+                                     generatorPlaces(places));
   if (report) return ExitStatus::done;
   printError(command.report->string() + ": " + report.error().description);
   return ExitStatus::incomplete;

@@ -9,6 +9,7 @@ namespace {
 
 thread_local int batches = 0;
 std::atomic<bool> linesAreErrors = false;
+std::atomic<int> quiet = 0;
 
 std::FILE* lineStream() {
   return linesAreErrors ? stderr : stdout;
@@ -21,6 +22,7 @@ void flushUnlessBatched() {
 } // namespace
 
 void printLine(std::string_view line) {
+  if (quiet > 0) return;
   std::string text(line);
   text += '\n';
   std::fwrite(text.data(), 1, text.size(), lineStream());
@@ -34,6 +36,14 @@ LineBatch::LineBatch() {
 LineBatch::~LineBatch() {
   --batches;
   flushUnlessBatched();
+}
+
+QuietLines::QuietLines() {
+  ++quiet;
+}
+
+QuietLines::~QuietLines() {
+  --quiet;
 }
 
 void printLinesToStandardError(bool redirected) {

@@ -22,6 +22,16 @@ public:
 /// alone.
 void printLinesToStandardError(bool redirected);
 
+/// Drops the lines of all threads while it lives: for a command that tells in its own words what it
+/// does.
+class QuietLines {
+public:
+  QuietLines();
+  ~QuietLines();
+  QuietLines(const QuietLines&) = delete;
+  QuietLines& operator=(const QuietLines&) = delete;
+};
+
 /// Prints to standard output what another program is to read.
 void printData(std::string_view data);
 

@@ -15,6 +15,12 @@ std::string plainNumber(double value) {
   return std::fabs(value) < 1 ? "0" : formatFixed(value);
 }
 
+// What is scaled is no rounder than what it was scaled from, and a millionth is nothing to a font.
+double rounded(double value) {
+  constexpr double kStep = 1e6, kLarge = 1e9;
+  return std::fabs(value) < kLarge ? std::round(value * kStep) / kStep + 0.0 : value;
+}
+
 // Path data of letters and pairs of numbers, with x and y put elsewhere.
 std::string moved(std::string_view pathData, Point origin, double scale) {
   std::string out;
@@ -28,7 +34,7 @@ std::string moved(std::string_view pathData, Point origin, double scale) {
       out += pathData[i++];
       continue;
     }
-    out += plainNumber((value - (isX ? origin.x : origin.y)) * scale);
+    out += plainNumber(rounded((value - (isX ? origin.x : origin.y)) * scale));
     isX = !isX;
     i += static_cast<std::size_t>(end - begin);
   }
@@ -44,7 +50,7 @@ std::string flatFile(const FlatDrawing& drawing, FlatFit fit) {
   if (fit == FlatFit::artboard) {
     const double scale = kHeight / page.height;
     pathData = moved(pathData, {page.x, page.y}, scale);
-    page = {0, 0, page.width * scale, kHeight};
+    page = {0, 0, rounded(page.width * scale), kHeight};
   }
   std::string box;
   for (const double number : {page.x, page.y, page.width, page.height})

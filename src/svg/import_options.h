@@ -28,6 +28,8 @@ struct ImportOutcome {
   std::size_t imported = 0;
   /// Drawings that yielded no glyph.
   std::size_t skipped = 0;
+  /// They, in order.
+  std::vector<std::filesystem::path> skippedFiles{};
   /// In the order of the import: what was looked through and holds more than was read, what was
   /// left out, and what a conversion left out or guessed.
   std::vector<NotedDrawing> noted;

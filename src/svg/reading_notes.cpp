@@ -82,10 +82,10 @@ public:
 
   bool matches() {
     skipSpace();
-    if (take("<?xml ")) {
-      const std::size_t end = rest_.find("?>");
-      if (end == rest_.npos || rest_.substr(0, end).find('<') != rest_.npos) return false;
-      rest_.remove_prefix(end + 2);
+    if (take("<?xml version=\"1.0\"")) {
+      take(" encoding=\"UTF-8\"");
+      take(" standalone=\"no\"");
+      if (!take("?>")) return false;
       skipSpace();
     }
     if (!take("<svg") || !takeAttributes(kOfDrawing) || !take(">")) return false;
@@ -118,11 +118,13 @@ private:
       if (end == rest_.npos) return false;
       const std::string_view value = rest_.substr(0, end);
       if (name == "fill" && value != "black" && value != "#000" && value != "#000000") return false;
-      if (name != "d" && value.find_first_of("<&") != value.npos) return false;
+      if (name != "d" && !std::all_of(value.begin(), value.end(), isUsual)) return false;
       rest_.remove_prefix(end + 1);
     }
     return true;
   }
+
+  static bool isUsual(char c) { return c >= ' ' && c <= '~' && c != '<' && c != '&'; }
 
   bool take(std::string_view text) {
     if (!rest_.starts_with(text)) return false;

@@ -54,6 +54,7 @@ public:
     if (!drawing.glyph) {
       if (!drawing.line.empty()) printLine(drawing.line);
       ++outcome_.skipped;
+      outcome_.skippedFiles.push_back(file);
       return;
     }
     Glyph& glyph = *drawing.glyph;
