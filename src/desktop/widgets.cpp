@@ -3,6 +3,7 @@
 #include "desktop/painting.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <cmath>
@@ -52,8 +53,8 @@ bool ElidedLabel::event(QEvent* event) {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  style()->drawItemText(&painter, rect(), static_cast<int>(alignment()),
-                        palette(), isEnabled(), shown(), foregroundRole());
+  style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                        shown(), foregroundRole());
 }
 
 SymbolLabel::SymbolLabel(Symbol symbol, int size, Role role, QWidget* parent)
