@@ -45,12 +45,12 @@ TEST_F(FlattenedImportTest, HoldsThePathThatItDraws) {
   EXPECT_EQ(glyph("A").record().svgPath.view(), "M10 0 L50 0 L50 100 Z");
   EXPECT_EQ(glyph("A").character(), "A");
   expectBox(glyph("A"), {0, 0, 400, 1000});
-  ASSERT_EQ(outcome.noted.size(), 2U);
+  ASSERT_EQ(outcome.noted.size(), 3U);
   EXPECT_EQ(outcome.noted[0].reasons, "it was traced, an image was left out");
   EXPECT_EQ(outcome.noted[0].glyph, glyph("A").id());
   EXPECT_EQ(outcome.noted[1].reasons, "it is none");
   EXPECT_EQ(outcome.noted[1].glyph, Uuid());
-  EXPECT_EQ(d.console.lines().size(), 1U) << "of the file that is not there";
+  EXPECT_EQ(outcome.noted[2].reasons, "No such file or directory");
 }
 
 TEST_F(FlattenedImportTest, TakesOverMetricsFromGlyphsThatHaveSome) {
@@ -103,7 +103,7 @@ TEST_F(FlattenedImportTest, PlacesAnewWhenTheEmChangesMeanwhile) {
   EXPECT_EQ(glyph("A").advanceWidth(), 400);
 }
 
-TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedUntilTheyAreConverted) {
+TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedWithWhatIsKnownLast) {
   const auto a = d.folder.write("a.svg", kRelative), b = d.folder.write("b.svg", kRelative);
   const auto c = d.folder.write("c.svg", "<svg><rect width=\"1\" height=\"1\"/></svg>");
   flattener->drawings[kRelative] =
@@ -112,7 +112,9 @@ TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedUntilTheyAreConverted) 
   const auto noted = [&] {
     std::string names;
     for (const NotedDrawing& drawing : d.manager.notedDrawings())
-      names += drawing.file.filename().string() + (drawing.glyph == Uuid() ? "-" : "+");
+      names += drawing.file.filename().string() + (drawing.glyph == Uuid() ? "-"
+                                                   : drawing.converted     ? "*"
+                                                                           : "+");
     return names;
   };
   d.desktop.openAnswer = {a, b, c,
@@ -133,7 +135,7 @@ TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedUntilTheyAreConverted) 
   startImport(d.manager, {b, c}, {.flattener = flattener}, [&](const auto& o) { outcome = o; });
   await();
   EXPECT_EQ(outcome.noted.size(), 2U);
-  EXPECT_EQ(noted(), "a.svg+c.svg-") << "c could not be converted";
+  EXPECT_EQ(noted(), "a.svg+b.svg*c.svg-") << "b lost a filter, c could not be converted";
   EXPECT_EQ(heard.kinds.back(), ProjectChange::What::imports);
   d.manager.newProject();
   EXPECT_EQ(noted(), "");
