@@ -28,7 +28,6 @@ quillery::ProgramPlaces programPlaces() {
   return places;
 }
 
-// None where the program came without what draws drawings.
 quillery::MakeFlattener flattenerMaker(const fs::path& executable) {
   const auto converter = quillery::findConverter(executable);
   if (!converter) return nullptr;
@@ -46,8 +45,8 @@ int main(int argc, char** argv) {
   const auto makeFlattener = flattenerMaker(places.executable);
   quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
-  toolkit.openWindow = [&](const auto& window, const auto& project) {
-    return quillery::runWindow(argc, argv, window, project, makeFlattener);
+  toolkit.openWindow = [&](const auto& ofProgram, const auto& project) {
+    return quillery::runWindow(argc, argv, ofProgram, project, makeFlattener);
   };
   toolkit.paintPreview = quillery::previewPng;
 #endif

@@ -36,7 +36,9 @@ FilePanel::FilePanel(const OpenPanelSettings& settings, const QString& folder, Q
     : QFileDialog(parent, QString(), folder), completion_(std::move(completion)) {
   setObjectName(QStringLiteral("openPanel"));
   setAcceptMode(AcceptOpen);
-  setFileMode(settings.multipleSelection ? ExistingFiles : ExistingFile);
+  setFileMode(settings.folder              ? Directory
+              : settings.multipleSelection ? ExistingFiles
+                                           : ExistingFile);
   begin(settings.message, QString::fromStdString(settings.extension));
 }
 
@@ -142,13 +144,17 @@ void FilePanel::setExtension(const QString& extension) {
 void FilePanel::accept() {
   if (testAttribute(Qt::WA_DontShowOnScreen)) return QFileDialog::accept();
   const QStringList files = selectedFiles();
-  // A folder is gone into.
+  // A folder is gone into, or is what was asked for.
   if (files.isEmpty() || QFileInfo(files.constFirst()).isDir()) return QFileDialog::accept();
   if (acceptMode() == AcceptOpen) {
     for (const QString& file : files) {
       if (!QFileInfo::exists(file))
-        return tell(tr("File Not Found"), tr("There is no file “%1”. Check the name and try again.")
-                                              .arg(QFileInfo(file).fileName()));
+        return fileMode() == Directory
+                   ? tell(tr("Folder Not Found"),
+                          tr("There is no folder “%1”. Check the name and try again.").arg(file))
+                   : tell(tr("File Not Found"),
+                          tr("There is no file “%1”. Check the name and try again.")
+                              .arg(QFileInfo(file).fileName()));
       if (!extension_.isEmpty() && !hasExtension(file, extension_))
         return tell(tr("Wrong Kind of File"),
                     tr("“%1” can't be opened here. Choose a file whose name ends in “.%2”.")

@@ -17,7 +17,9 @@ struct OpenPanelSettings {
   std::string message;
   bool multipleSelection = false;
   /// File name extension without its dot; only files that have it can be chosen.
-  std::string extension;
+  std::string extension{};
+  /// A folder is chosen instead of files.
+  bool folder = false;
 };
 
 /// A pop-up in a save panel that chooses among formats.

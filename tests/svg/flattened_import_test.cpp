@@ -50,7 +50,7 @@ TEST_F(FlattenedImportTest, HoldsThePathThatItDraws) {
   EXPECT_EQ(outcome.noted[0].glyph, glyph("A").id());
   EXPECT_EQ(outcome.noted[1].reasons, "it is none");
   EXPECT_EQ(outcome.noted[1].glyph, Uuid());
-  EXPECT_EQ(outcome.noted[2].reasons, "No such file or directory");
+  EXPECT_EQ(outcome.noted[2].glyph, Uuid()) << "the file that is not there";
 }
 
 TEST_F(FlattenedImportTest, TakesOverMetricsFromGlyphsThatHaveSome) {
@@ -103,7 +103,7 @@ TEST_F(FlattenedImportTest, PlacesAnewWhenTheEmChangesMeanwhile) {
   EXPECT_EQ(glyph("A").advanceWidth(), 400);
 }
 
-TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedWithWhatIsKnownLast) {
+TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedUntilTheyAreConverted) {
   const auto a = d.folder.write("a.svg", kRelative), b = d.folder.write("b.svg", kRelative);
   const auto c = d.folder.write("c.svg", "<svg><rect width=\"1\" height=\"1\"/></svg>");
   flattener->drawings[kRelative] =
@@ -112,9 +112,7 @@ TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedWithWhatIsKnownLast) {
   const auto noted = [&] {
     std::string names;
     for (const NotedDrawing& drawing : d.manager.notedDrawings())
-      names += drawing.file.filename().string() + (drawing.glyph == Uuid() ? "-"
-                                                   : drawing.converted     ? "*"
-                                                                           : "+");
+      names += drawing.file.filename().string() + (drawing.glyph == Uuid() ? "-" : "+");
     return names;
   };
   d.desktop.openAnswer = {a, b, c,
@@ -135,7 +133,10 @@ TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedWithWhatIsKnownLast) {
   startImport(d.manager, {b, c}, {.flattener = flattener}, [&](const auto& o) { outcome = o; });
   await();
   EXPECT_EQ(outcome.noted.size(), 2U);
-  EXPECT_EQ(noted(), "a.svg+b.svg*c.svg-") << "b lost a filter, c could not be converted";
+  EXPECT_EQ(noted(), "a.svg+b.svg+c.svg-") << "b lost something, c could not be converted";
+  EXPECT_FALSE(d.manager.notedDrawings()[0].converted);
+  EXPECT_TRUE(d.manager.notedDrawings()[1].converted);
+  EXPECT_EQ(d.manager.drawingsLookedAt(), 4U) << "each counts once";
   EXPECT_EQ(heard.kinds.back(), ProjectChange::What::imports);
   d.manager.newProject();
   EXPECT_EQ(noted(), "");

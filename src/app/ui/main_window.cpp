@@ -94,24 +94,18 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
 
   pages_ = new QStackedWidget(body);
   workAreas_ = new QStackedWidget(pages_);
-  workAreas_->addWidget(makeGlyphsPane());
+  glyphs_ = new GlyphSplitView(manager_, workAreas_);
+  workAreas_->addWidget(glyphs_);
   workAreas_->addWidget(new KerningEditorView(manager_, workAreas_));
   split_ = new ResizableSplitView(workAreas_, kLeastWorkArea, kLeastPreview, pages_);
   pages_->addWidget(new EmptyStateView(manager_, pages_));
   pages_->addWidget(split_);
-  row->addWidget(pages_, 1);
-  return body;
-}
-
-QWidget* MainWindow::makeGlyphsPane() {
-  auto* pane = new QWidget(workAreas_);
-  glyphs_ = new GlyphSplitView(manager_, pane);
-  auto* column = new QVBoxLayout(pane);
-  column->setContentsMargins(0, 0, 0, 0);
+  auto* column = new QVBoxLayout;
   column->setSpacing(0);
-  column->addWidget(new NotedDrawingsBar(manager_, pane));
-  column->addWidget(glyphs_, 1);
-  return pane;
+  column->addWidget(new NotedDrawingsBar(manager_, body));
+  column->addWidget(pages_, 1);
+  row->addLayout(column, 1);
+  return body;
 }
 
 void MainWindow::makeMenus() {

@@ -3,14 +3,10 @@
 #include "base/file.h"
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
+#include "drawing/sheet_placement.h"
 #include "drawing/ui/letter_card.h"
 #include "svg/drawing_files.h"
 #include "svg/sheet_import.h"
-
-#if __has_include("drawing/sheet_placement.h") // to come
-#include "drawing/sheet_placement.h"
-#define QUILLERY_PLACES_SHEETS
-#endif
 
 #include <QBoxLayout>
 #include <QLineEdit>
@@ -22,7 +18,7 @@
 namespace quillery {
 namespace {
 
-constexpr QSize kSize(760, 560);
+constexpr QSize kSize(740, 560);
 
 enum Page { kReadingPage, kLettersPage };
 
@@ -139,21 +135,34 @@ void SheetImportView::read() {
 
 void SheetImportView::show(Result<DrawingSheet, std::string> sheet) {
   if (!sheet || sheet.value().letters.empty()) {
+    const std::string why = sheet ? "it holds no letters" : sheet.error();
     manager_.showError("Import Failed",
-                       sheet ? "There is no letter in the drawing." : std::string(sheet.error()));
+                       Utf8::mended(file_.filename().string()) + " is no sheet of letters: " + why);
     return reject();
   }
   model_ = new SheetModel(std::move(sheet).value(), this);
   list_->setModel(model_);
   list_->setItemDelegate(new LetterCard(*model_, list_));
   connect(model_, &QAbstractItemModel::dataChanged, this, &SheetImportView::countNames);
-  connect(characters_, &QLineEdit::textChanged, model_, &SheetModel::setCharacters);
+  connect(characters_, &QLineEdit::textChanged, this, [this](const QString& characters) {
+    model_->setCharacters(characters);
+    showNextUnnamed();
+  });
   const bool allNamed = model_->names().namedCount() == model_->names().size();
-  list_->setCurrentIndex(model_->index(0));
   pages_->setCurrentIndex(kLettersPage);
+  showNextUnnamed();
   characters_->setEnabled(!allNamed);
   allNamed ? list_->setFocus() : characters_->setFocus();
   countNames();
+}
+
+// The letter that the next character will be.
+void SheetImportView::showNextUnnamed() {
+  int row = 0;
+  while (row + 1 < model_->rowCount() && !model_->index(row).data().toString().isEmpty()) ++row;
+  const bool allNamed = !model_->index(row).data().toString().isEmpty();
+  if (allNamed && list_->currentIndex().isValid()) return;
+  list_->setCurrentIndex(model_->index(allNamed ? 0 : row));
 }
 
 void SheetImportView::countNames() {
@@ -173,10 +182,15 @@ void SheetImportView::countNames() {
 
 void SheetImportView::import() {
   DrawingSheet sheet = model_->sheet();
-#ifdef QUILLERY_PLACES_SHEETS
+  std::vector<std::filesystem::path> letters; // as if each were a file
+  for (std::size_t i = 0; i < sheet.letters.size(); ++i) {
+    sheet.letters[i].name = model_->names().fileName(i);
+    if (!sheet.letters[i].name.empty()) letters.emplace_back(sheet.letters[i].name.str());
+  }
   placeSheet(sheet, manager_.currentProject());
-#endif
-  importLetters(manager_, std::move(sheet), model_->names());
+  ImportOutcome outcome = importLetters(manager_, std::move(sheet));
+  for (NotedDrawing& letter : outcome.noted) letter.converted = true;
+  manager_.noteImport(letters, std::move(outcome.noted));
   accept();
 }
 

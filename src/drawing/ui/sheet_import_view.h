@@ -29,6 +29,7 @@ private:
   QLayout* makeButtons();
   void read();
   void show(Result<DrawingSheet, std::string> sheet);
+  void showNextUnnamed();
   void countNames();
   void import();
 

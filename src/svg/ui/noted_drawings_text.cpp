@@ -23,7 +23,7 @@ QString sentenceFor(const std::vector<NotedDrawing>& noted, std::size_t lookedAt
     const QString file = shownText(Utf8::mended(only.file.filename().string()));
     if (unread > 0) return tr("%1 holds more than was read.").arg(file);
     return only.glyph == Uuid() ? tr("%1 could not be converted.").arg(file)
-                                : tr("%1 lost something when it was converted.").arg(file);
+                                : tr("%1 was converted with a loss.").arg(file);
   }
   const auto number = [](std::size_t count) { return QLocale().toString(qulonglong(count)); };
   const auto sentence = [&](std::size_t count, const QString& one, const QString& many) {
@@ -36,8 +36,8 @@ QString sentenceFor(const std::vector<NotedDrawing>& noted, std::size_t lookedAt
                   [](const NotedDrawing& drawing) { return drawing.glyph == Uuid(); }))
     return sentence(noted.size(), tr("%1 of %2 drawings could not be converted."),
                     tr("%1 of %2 drawings could not be converted."));
-  return sentence(noted.size(), tr("%1 of %2 drawings lost something when it was converted."),
-                  tr("%1 of %2 drawings lost something when they were converted."));
+  return sentence(noted.size(), tr("%1 of %2 drawings was converted with a loss."),
+                  tr("%1 of %2 drawings were converted with a loss."));
 }
 
 } // namespace quillery

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -85,6 +86,26 @@ private Q_SLOTS:
     QTRY_VERIFY(answered_);
     QVERIFY(
         (files == std::vector<fs::path>{path("a.svg").toStdString(), path("B.SVG").toStdString()}));
+  }
+
+  void anOpenPanelForFoldersTakesOne() {
+    QVERIFY(QDir(folder_.path()).mkpath(u"Letters/Small"_s));
+    std::vector<fs::path> folders;
+    desktop_->showOpenPanel({.message = "Watch", .folder = true},
+                            [&](std::vector<fs::path> chosen) {
+                              folders = std::move(chosen);
+                              answered_ = true;
+                            });
+    auto* const panel = find<FilePanel>("openPanel");
+    type(*panel, path("Capitals"));
+    press(*panel);
+    auto* const alert = find<AlertSheet>("alert");
+    QVERIFY(alert && !answered_);
+    QTest::keyClick(alert, Qt::Key_Escape);
+    type(*panel, path("Letters"));
+    press(*panel);
+    QTRY_VERIFY(answered_);
+    QVERIFY(folders == std::vector<fs::path>{path("Letters").toStdString()});
   }
 
   void aSavePanelEnforcesTheExtension() {

@@ -1,5 +1,5 @@
 #include "gui/app/program.h"
-#include "support/fake_flattener.h"
+#include "gui/svg/triangle_flattener.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +16,8 @@ struct SheetProgram : Program {
   explicit SheetProgram(std::initializer_list<const char*> names) {
     for (const char* name : names)
       flattener->sheet.letters.push_back(
-          {Utf8::mended(name), {Utf8::mended(TriangleFlattener::kPath), {{0, 0, 100, 80}, {}}, {}}});
+          {Utf8::mended(name),
+           {Utf8::mended(TriangleFlattener::kPath), {{0, 0, 100, 80}, {}}, {}}});
     desktop.flattener = flattener;
     manager.announceImportProgress(); // the window looks anew
     desktop.openAnswer = {folder.write("Letters.svg", "<svg/>")};
@@ -78,7 +79,7 @@ private Q_SLOTS:
     SheetProgram program{};
     QVERIFY(QTest::qWaitFor([&] { return !program.desktop.alerts.empty(); }));
     QCOMPARE(program.desktop.alerts.front().message,
-             std::string("There is no letter in the drawing."));
+             std::string("Letters.svg is no sheet of letters: it holds no letters"));
     QVERIFY(!find<QListView>("sheetLetters"));
   }
 };

@@ -1,5 +1,5 @@
 #include "gui/app/program.h"
-#include "support/fake_flattener.h"
+#include "gui/svg/triangle_flattener.h"
 #include "svg/window_import.h"
 
 #include <QCheckBox>
@@ -73,7 +73,7 @@ private Q_SLOTS:
     QCOMPARE(program.pathOf("B"), std::string(TriangleFlattener::kPath));
     QCOMPARE(program.manager.firstGlyphNamed("C")->id(), plain);
     // What the conversion lost is said, and can't be converted once more.
-    QCOMPARE(NotedProgram::notice(), u"1 of 4 drawings lost something when it was converted."_s);
+    QCOMPARE(NotedProgram::notice(), u"1 of 4 drawings was converted with a loss."_s);
     QVERIFY(!find<QPushButton>("convertNoted"));
     program.manager.newProject();
     QCOMPARE(NotedProgram::notice(), QString());
@@ -107,6 +107,10 @@ private Q_SLOTS:
     program.import({{"A", kRelative}});
     QTest::mouseClick(find<QCheckBox>("alwaysConvert"), Qt::LeftButton);
     QVERIFY(program.action("alwaysConvert")->isChecked());
+    program.manager.newProject();
+    program.import({{"B", kBroken}});
+    QVERIFY(find<QWidget>("emptyState"));
+    QCOMPARE(NotedProgram::notice(), u"B.svg could not be converted."_s);
     program.import({{"B", kBroken}, {"C", kRelative}});
     QCOMPARE(program.pathOf("C"), std::string(TriangleFlattener::kPath));
     QVERIFY(!program.manager.firstGlyphNamed("B"));
