@@ -47,6 +47,7 @@ def draw(tmp_path):
 
     def write(name: str, data: str = SQUARE) -> Path:
         path = tmp_path / name
+        path.parent.mkdir(exist_ok=True)
         path.write_text(f'<svg viewBox="0 0 100 100"><path fill="black" d="{data}"/></svg>\n')
         return path
 

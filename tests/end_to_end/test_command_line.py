@@ -44,6 +44,30 @@ def test_drawings_become_a_font(quillery, draw, tmp_path):
         subprocess.run(["ots-sanitize", font], check=True, capture_output=True)
 
 
+def test_drawings_that_hold_more_are_named_and_converted_on_request(quillery, draw, tmp_path):
+    draw("in/A.svg", "M0 0 L60 0 L60 70 Z")
+    draw("in/b.svg", "m10 10 h40 v80 h-40 z")
+    (tmp_path / "in/c.svg").write_text('<svg viewBox="0 0 50 100"><path d="M0 0 L9 9 L0 9 Z" id="path7"/></svg>')
+    plain = quillery("import", "plain.fontproj", "in")
+    assert plain.status == 1
+    assert [error.split("; ")[0] for error in plain.errors] == [
+        "quillery: in/b.svg: relative commands, horizontal and vertical lines",
+        "quillery: in/c.svg: left out: no readable point, another attribute taken for the path's data"]
+    assert [g["name"] for g in project(tmp_path / "plain.fontproj")["glyphs"]] == ["A", "b"]
+
+    made = quillery("import", "made.fontproj", "in", "--place", "artboard")
+    assert (made.status, made.errors) == (0, [])
+    saved = tmp_path / "made.fontproj"
+    assert (glyph(saved, "b")["advanceWidth"], glyph(saved, "c")["advanceWidth"]) == (1000, 500)
+    foot = project(saved)["descender"]
+    assert glyph(saved, "b")["boundingBox"] == [[100, foot + 100], [400, 800]]
+
+    assert quillery("flatten", "in", "-o", "flat").status == 0
+    again = quillery("import", "again.fontproj", "flat")
+    assert (again.status, again.errors) == (0, [])
+    assert len(project(tmp_path / "again.fontproj")["glyphs"]) == 3
+
+
 def test_metrics_are_set_in_the_order_of_the_options(quillery, draw, tmp_path):
     quillery("import", "p.fontproj", draw("A.svg"), draw("B.svg"))
     path = tmp_path / "p.fontproj"
