@@ -149,12 +149,8 @@ void FilePanel::accept() {
   if (acceptMode() == AcceptOpen) {
     for (const QString& file : files) {
       if (!QFileInfo::exists(file))
-        return fileMode() == Directory
-                   ? tell(tr("Folder Not Found"),
-                          tr("There is no folder “%1”. Check the name and try again.").arg(file))
-                   : tell(tr("File Not Found"),
-                          tr("There is no file “%1”. Check the name and try again.")
-                              .arg(QFileInfo(file).fileName()));
+        return tell(tr("File Not Found"), tr("There is no file “%1”. Check the name and try again.")
+                                              .arg(QFileInfo(file).fileName()));
       if (!extension_.isEmpty() && !hasExtension(file, extension_))
         return tell(tr("Wrong Kind of File"),
                     tr("“%1” can't be opened here. Choose a file whose name ends in “.%2”.")

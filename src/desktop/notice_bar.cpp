@@ -38,6 +38,10 @@ NoticeBar::NoticeBar(QWidget* parent)
   hide();
 }
 
+void NoticeBar::setClosable(bool closable) {
+  close_->setVisible(closable);
+}
+
 void NoticeBar::setNotice(Symbol symbol, Role role, const QString& sentence) {
   symbol_->setSymbol(symbol, role);
   sentence_->setText(sentence);

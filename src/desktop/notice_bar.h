@@ -20,6 +20,8 @@ class NoticeBar : public QWidget {
 public:
   explicit NoticeBar(QWidget* parent = nullptr);
 
+  /// Without, it goes by itself.
+  void setClosable(bool closable);
   void setNotice(Symbol symbol, Role role, const QString& sentence);
 
   /// Controls stand behind the sentence in the order in which they were added.

@@ -317,9 +317,8 @@ void ProjectManager::noteDrawings(std::vector<NotedDrawing> drawings) {
 
 void ProjectManager::noteImport(std::span<const std::filesystem::path> files,
                                 std::vector<NotedDrawing> drawings) {
-  const std::size_t before = notedDrawings_.size();
   forgetNotedDrawings(files);
-  drawingsLookedAt_ += files.size() - std::min(files.size(), before - notedDrawings_.size());
+  for (const auto& file : files) drawingsLookedAt_.insert(file.native());
   noteDrawings(std::move(drawings));
 }
 

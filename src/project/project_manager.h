@@ -199,9 +199,10 @@ public:
   void noteDrawings(std::vector<NotedDrawing> drawings);
   /// What an import of `files` noted. It takes the place of what was noted of these files before.
   void noteImport(std::span<const std::filesystem::path> files, std::vector<NotedDrawing> drawings);
-  /// How many drawings such imports were of: of which those that are noted are some. A drawing that
-  /// was noted when it came again counts once.
-  std::size_t drawingsLookedAt() const { return drawingsLookedAt_; }
+  /// How many drawings such imports were of since `countDrawingsAnew`: those that are noted are
+  /// some of them. One that came again counts once.
+  std::size_t drawingsLookedAt() const { return drawingsLookedAt_.size(); }
+  void countDrawingsAnew() { drawingsLookedAt_.clear(); }
   void forgetNotedDrawings(std::span<const std::filesystem::path> files);
 
   // -- State of the export
@@ -235,7 +236,7 @@ private:
   std::optional<std::filesystem::path> url_;
   std::vector<std::shared_ptr<ImportTask>> imports_;
   std::vector<NotedDrawing> notedDrawings_;
-  std::size_t drawingsLookedAt_ = 0;
+  std::unordered_set<std::string> drawingsLookedAt_; // their files
   bool isExporting_ = false;
   ExportStatus exportStatus_;
   int selectedTab_ = 0;

@@ -186,7 +186,7 @@ private:
     const auto alive = shared_from_this();
     manager_.removeImport(*this);
     const ImportOutcome outcome = takeDrawings(manager_, names_, std::move(reading_->drawings()),
-                                               options_.placement, reading_->unitsPerEm());
+                                               options_, reading_->unitsPerEm());
     note(outcome);
     if (finished_) finished_(outcome);
   }

@@ -34,10 +34,10 @@ Drawing placeFlat(const Utf8& fileName, FlatDrawing drawing, double unitsPerEm);
 /// The placing of a glyph that was read for an em of another size.
 void placeAgain(Glyph& glyph, double unitsPerEm);
 
-/// Makes glyphs of drawings of these files that were placed in an em of `unitsPerEm`, and selects
-/// the last. Places them anew when the em of the project is another by now.
+/// Makes glyphs of drawings of these files that were placed in an em of `unitsPerEm`. Places them
+/// anew when the em of the project is another by now.
 ImportOutcome takeDrawings(ProjectManager& manager, const std::vector<std::filesystem::path>& files,
-                           std::vector<Drawing> drawings, DrawingPlacement placement,
+                           std::vector<Drawing> drawings, const ImportOptions& options,
                            double unitsPerEm);
 
 } // namespace quillery

@@ -21,6 +21,9 @@ struct ImportOptions {
   bool leaveOutEmpty = false;
   /// Drawings are looked through for what the reader does not take as it was meant.
   bool lookThrough = false;
+  /// Leaves the selection as it is, with a glyph that was replaced its successor, and the tab; as
+  /// it stands, the last glyph is selected in the first tab.
+  bool keepSelection = false;
 };
 
 /// What came of an import.

@@ -13,7 +13,8 @@ ImportOutcome importLetters(ProjectManager& manager, DrawingSheet sheet) {
     drawings.push_back(placeFlat(letter.name, std::move(letter.drawing), unitsPerEm));
     files.emplace_back(letter.name.str());
   }
-  return takeDrawings(manager, files, std::move(drawings), DrawingPlacement::artboard, unitsPerEm);
+  return takeDrawings(manager, files, std::move(drawings),
+                      {.placement = DrawingPlacement::artboard}, unitsPerEm);
 }
 
 } // namespace quillery

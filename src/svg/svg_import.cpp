@@ -62,14 +62,19 @@ public:
     ++outcome_.imported;
     const auto [known, isNew] = firstNamed_.try_emplace(glyph.name(), glyphs_.size());
     place(glyph, drawing.artboard, isNew ? nullptr : &glyphs_[known->second]);
-    if (isNew)
-      glyphs_.push_back(std::move(glyph));
-    else
-      glyphs_[known->second] = std::move(glyph);
+    if (isNew) return glyphs_.push_back(std::move(glyph));
+    successors_[glyphs_[known->second].id()] = glyph.id();
+    glyphs_[known->second] = std::move(glyph);
   }
 
   const ImportOutcome& outcome() const { return outcome_; }
   const std::optional<Uuid>& last() const { return last_; }
+  // The glyph that stands where this one stood.
+  Uuid successor(Uuid id) const {
+    for (auto next = successors_.find(id); next != successors_.end(); next = successors_.find(id))
+      id = next->second;
+    return id;
+  }
 
 private:
   void place(Glyph& glyph, const std::optional<Artboard>& artboard, const Glyph* old) const {
@@ -90,36 +95,44 @@ private:
   const FontInfo& font_;
   const DrawingPlacement placement_;
   std::unordered_map<std::string, std::size_t> firstNamed_;
+  std::unordered_map<Uuid, Uuid> successors_;
   ImportOutcome outcome_;
   std::optional<Uuid> last_;
 };
 
+void keepSelection(ProjectManager& manager, const Collector& collector) {
+  std::unordered_set<Uuid> selection;
+  for (const Uuid& id : manager.selectedGlyphIds()) selection.insert(collector.successor(id));
+  const auto& anchor = manager.lastSelectedGlyphId();
+  manager.setSelection(std::move(selection),
+                       anchor ? std::optional(collector.successor(*anchor)) : std::nullopt);
+}
+
 // Changes the list of glyphs once, with all that `fill` hands to the collector.
-ImportOutcome collect(ProjectManager& manager, DrawingPlacement placement, std::size_t expected,
+ImportOutcome collect(ProjectManager& manager, const ImportOptions& options, std::size_t expected,
                       const std::function<void(Collector&)>& fill) {
-  ImportOutcome outcome;
-  std::optional<Uuid> last;
+  std::optional<Collector> collector;
   manager.editGlyphList([&](std::vector<Glyph>& glyphs) {
-    Collector collector(glyphs, manager.currentProject(), placement, expected);
-    fill(collector);
+    collector.emplace(glyphs, manager.currentProject(), options.placement, expected);
+    fill(*collector);
     sortByName(glyphs);
-    outcome = collector.outcome();
-    last = collector.last();
   });
-  if (last) {
+  if (options.keepSelection) {
+    keepSelection(manager, *collector);
+  } else if (const auto& last = collector->last()) {
     manager.selectGlyph(*last);
     manager.setSelectedTab(0);
   }
-  return outcome;
+  return collector->outcome();
 }
 
 } // namespace
 
 ImportOutcome takeDrawings(ProjectManager& manager, const std::vector<std::filesystem::path>& files,
-                           std::vector<Drawing> drawings, DrawingPlacement placement,
+                           std::vector<Drawing> drawings, const ImportOptions& options,
                            double unitsPerEm) {
   const auto projectUnits = static_cast<double>(manager.currentProject().unitsPerEm);
-  return collect(manager, placement, drawings.size(), [&](Collector& collector) {
+  return collect(manager, options, drawings.size(), [&](Collector& collector) {
     for (std::size_t i = 0; i < drawings.size(); ++i) {
       Drawing& drawing = drawings[i];
       if (drawing.glyph && unitsPerEm != projectUnits) placeAgain(*drawing.glyph, projectUnits);
@@ -141,7 +154,7 @@ ImportOutcome importSVGFiles(ProjectManager& manager,
                              const ImportOptions& options,
                              const std::function<void(std::size_t done)>& progress) {
   const auto unitsPerEm = static_cast<double>(manager.currentProject().unitsPerEm);
-  return collect(manager, options.placement, files.size(), [&](Collector& collector) {
+  return collect(manager, options, files.size(), [&](Collector& collector) {
     readDrawings(files, options, unitsPerEm, [&](std::size_t index, Drawing drawing) {
       if (progress) progress(index);
       collector.take(files[index], std::move(drawing));

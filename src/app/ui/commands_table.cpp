@@ -61,6 +61,8 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
       [&] { exportFlow.exportFont(); });
   divider(Menu::file);
   add(Menu::file, "importSheet", tr("Import Sheet..."), {}, converts, targets.importSheet);
+  add(Menu::file, "watchFolder", tr("Watch Folder..."), {}, always, targets.watchFolder);
+  table.back().isOn = targets.isWatching;
   addSwitch(
       "alwaysConvert", tr("Always Convert Drawings"),
       [](const ImportPreferences& preferences) { return preferences.alwaysConvert; },

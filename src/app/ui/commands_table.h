@@ -30,6 +30,8 @@ struct CommandTargets {
   std::function<void()> openHelp;
   std::function<void()> quit;
   std::function<void()> importSheet;
+  std::function<void()> watchFolder; ///< or stop watching it
+  std::function<bool()> isWatching;
 };
 
 /// Every command, menu by menu in their order.

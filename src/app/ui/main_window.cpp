@@ -15,6 +15,7 @@
 #include "svg/ui/dropped_files.h"
 #include "svg/ui/import_progress_view.h"
 #include "svg/ui/noted_drawings_bar.h"
+#include "svg/ui/watch_bar.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -54,9 +55,12 @@ std::optional<fs::path> droppedProject(const QMimeData& data) {
 MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentProjects,
                        ExportFlow& exportFlow)
     : manager_(manager), recentProjects_(recentProjects),
-      commands_(commandTable(manager, exportFlow,
-                             {[this] { showLicenses(); }, [this] { openHelp(); },
-                              [this] { close(); }, [this] { importSheet(manager_, this); }})),
+      commands_(commandTable(
+          manager, exportFlow,
+          {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); },
+           [this] { importSheet(manager_, this); },
+           [this] { watchBar_->isWatching() ? watchBar_->stop() : watchBar_->chooseFolder(); },
+           [this] { return watchBar_->isWatching(); }})),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
       // Values are here for the edit that is being typed or dragged, which can be undone.
       watch_(manager,
@@ -102,6 +106,9 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   pages_->addWidget(split_);
   auto* column = new QVBoxLayout;
   column->setSpacing(0);
+  watchBar_ = new WatchBar(manager_, body);
+  connect(watchBar_, &WatchBar::switched, this, &MainWindow::enableCommands);
+  column->addWidget(watchBar_);
   column->addWidget(new NotedDrawingsBar(manager_, body));
   column->addWidget(pages_, 1);
   row->addLayout(column, 1);
@@ -129,7 +136,10 @@ void MainWindow::makeMenus() {
     action->setObjectName(command.id);
     action->setShortcut(command.shortcut);
     action->setCheckable(command.isOn != nullptr);
-    connect(action, &QAction::triggered, this, [this, i] { commands_[i].run(); });
+    connect(action, &QAction::triggered, this, [this, i] {
+      commands_[i].run();
+      enableCommands(); // a switch is on when what it stands for is
+    });
     actions_.emplace_back(action, i);
   }
 }

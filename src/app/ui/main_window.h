@@ -19,6 +19,7 @@ class KerningEditorView;
 class ResizableSplitView;
 class SegmentedControl;
 class TextLabel;
+class WatchBar;
 
 /// The one window: sidebar, work area, tool bar and menus.
 class MainWindow : public QMainWindow {
@@ -64,6 +65,7 @@ private:
   QStackedWidget* workAreas_ = nullptr;
   GlyphSplitView* glyphs_ = nullptr;
   ResizableSplitView* split_ = nullptr;
+  WatchBar* watchBar_ = nullptr;
   Connection recentConnection_;
   ProjectWatch watch_;
 };

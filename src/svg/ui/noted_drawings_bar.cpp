@@ -36,16 +36,11 @@ std::vector<NotedDrawing> NotedDrawingsBar::news() const {
 }
 
 void NotedDrawingsBar::refresh(const ProjectChanges& changes) {
-  if (changes.anotherProject()) {
-    seen_.clear();
-    seenDrawings_ = 0;
-  }
+  if (changes.anotherProject()) seen_.clear();
   const std::vector<NotedDrawing> noted = news();
   setVisible(!noted.empty());
   if (noted.empty()) return;
-  const std::size_t lookedAt =
-      std::max(noted.size(),
-               manager_.drawingsLookedAt() - std::min(seenDrawings_, manager_.drawingsLookedAt()));
+  const std::size_t lookedAt = std::max(noted.size(), manager_.drawingsLookedAt());
   setNotice(Symbol::infoCircleFill, Role::accentForeground, sentenceFor(noted, lookedAt));
   const bool converts = manager_.desktop().drawingFlattener() != nullptr;
   convert_->setVisible(converts && std::any_of(noted.begin(), noted.end(), isUnread));
@@ -71,7 +66,7 @@ void NotedDrawingsBar::showSheet() {
 
 void NotedDrawingsBar::putAside() {
   for (const NotedDrawing& noted : manager_.notedDrawings()) seen_.emplace(noted.file, noted.glyph);
-  seenDrawings_ = manager_.drawingsLookedAt();
+  manager_.countDrawingsAnew();
   hide();
 }
 

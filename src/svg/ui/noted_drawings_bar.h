@@ -26,7 +26,6 @@ private:
   QPushButton* convert_;
   QCheckBox* always_;
   std::set<std::pair<std::filesystem::path, Uuid>> seen_;
-  std::size_t seenDrawings_ = 0; ///< of those that were looked at
   ProjectWatch watch_;
 };
 

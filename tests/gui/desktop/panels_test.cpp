@@ -97,11 +97,9 @@ private Q_SLOTS:
                               answered_ = true;
                             });
     auto* const panel = find<FilePanel>("openPanel");
-    type(*panel, path("Capitals"));
+    type(*panel, path("Capitals")); // which is not there
     press(*panel);
-    auto* const alert = find<AlertSheet>("alert");
-    QVERIFY(alert && !answered_);
-    QTest::keyClick(alert, Qt::Key_Escape);
+    QVERIFY(panel->isVisible() && !answered_);
     type(*panel, path("Letters"));
     press(*panel);
     QTRY_VERIFY(answered_);

@@ -207,6 +207,37 @@ private Q_SLOTS:
     program.action("undo")->trigger();
     QVERIFY(find<QWidget>("missingOutlines"));
   }
+
+  void drawingsOfAWatchedFolderAreTakenInAndTheSelectionStays() {
+    NotedProgram program;
+    program.import({{"A", kPlain}, {"B", kPlain}});
+    program.click(0);
+    program.manager.setSelectedTab(1);
+    program.folder.write("C.svg", kPlain); // is there before, and no glyph
+    program.desktop.openAnswer = {program.folder.path()};
+    program.action("watchFolder")->trigger();
+    program.desktop.runPosted();
+    QVERIFY(program.desktop.openPanels.back().folder && program.action("watchFolder")->isChecked());
+    QTRY_VERIFY(program.manager.firstGlyphNamed("C"));
+    const auto glyph = [&](const char* name) { return program.manager.firstGlyphNamed(name); };
+    const Uuid before = glyph("A")->id();
+    program.folder.write("A.svg", "<svg><path d=\"M0 0 L30 0 L30 70 Z\"/></svg>");
+    QTRY_VERIFY(glyph("A")->id() != before);
+    QCOMPARE(program.selected(), u"A"_s);
+    QCOMPARE(program.manager.selectedTab(), 1);
+    const auto said = [] {
+      return find<QWidget>("watchBar")->findChild<QLabel*>(u"notice"_s)->text();
+    };
+    QVERIFY2(said().contains(u": A.svg taken in at"_s), qPrintable(said()));
+    std::filesystem::remove(program.folder / "B.svg");
+    QTRY_VERIFY(said().endsWith(u"B.svg was deleted; its glyph stays"_s));
+    QVERIFY(glyph("B"));
+    // What holds more is noted as in any import.
+    program.folder.write("D.svg", kRelative);
+    QTRY_COMPARE(NotedProgram::notice(), u"1 of 4 drawings holds more than was read."_s);
+    program.manager.newProject();
+    QVERIFY(!find<QWidget>("watchBar") && !program.action("watchFolder")->isChecked());
+  }
 };
 
 int main(int argc, char** argv) {
