@@ -90,6 +90,7 @@ public:
     app_.footer("Exit status: 0 done; 1 finished, but something was skipped or found, or only some "
                 "of the files\ncould be written; 2 wrong usage; 3 failed, nothing written.");
     addImport();
+    addFlatten();
     addExport();
     addCheck();
     addConvert();
@@ -98,8 +99,10 @@ public:
     addPreview();
   }
 
-  ExitStatus run(int argc, char** argv, const WindowToolkit& toolkit) {
+  ExitStatus run(int argc, char** argv, const WindowToolkit& toolkit,
+                 const MakeFlattener& makeFlattener) {
     preview_.paint = toolkit.paintPreview;
+    import_.makeFlattener = flatten_.makeFlattener = makeFlattener;
     try {
       app_.name(argc > 0 ? argv[0] : "quillery");
       app_.parse(withEmptyValues(argc, argv));
@@ -128,7 +131,8 @@ private:
   CLI::App* subcommand(const std::string& name, const std::string& description, Command& command,
                        const std::function<void(const CLI::App&)>& finish = nullptr) {
     CLI::App* sub = app_.add_subcommand(name, description);
-    sub->add_option("PROJECT", command.project, "The project, a .fontproj file")->required();
+    if constexpr (requires { command.project; })
+      sub->add_option("PROJECT", command.project, "The project, a .fontproj file")->required();
     sub->add_option("--resources", resources_, "Folder with the generator and the sample")
         ->type_name("DIR");
     sub->final_callback([this, sub, finish, &command] {
@@ -153,10 +157,47 @@ private:
         "import", "Import drawings into a project and save it", import_, [this](const CLI::App&) {
           if (unitsPerEm_) import_.unitsPerEm = positiveWholeNumber("--units-per-em", *unitsPerEm_);
           if (name_) import_.name = textArgument("--name", *name_);
+          if (import_.placement == DrawingPlacement::artboard) import_.convert = true;
         });
     sub->add_option("DRAWING", import_.drawings, "SVG files, or folders of them")->required();
+    sub->add_flag("--convert", import_.convert,
+                  "Make every drawing one plain path first; also takes PDF, EPS, PNG and JPEG");
+    addChoice(*sub, "--place", import_.placement,
+              {{"edges", DrawingPlacement::edges}, {"artboard", DrawingPlacement::artboard}},
+              "How new glyphs are placed: by the edges of their ink, or, which implies --convert, "
+              "with the drawing's artboard as the em");
     sub->add_option("--name", name_, "Name of a new project");
     sub->add_option("--units-per-em", unitsPerEm_, "Units per em of a new project")->type_name("N");
+  }
+
+  void addFlatten() {
+    auto* sub = subcommand("flatten", "Write drawings anew, each as one plain path", flatten_);
+    sub->add_option("DRAWING", flatten_.drawings,
+                    "SVG, PDF, EPS, PNG or JPEG files, or folders of them")
+        ->required();
+    sub->add_option("-o", flatten_.output, "The file to write, or the folder for several")
+        ->required()
+        ->type_name("OUT");
+    addChoice(*sub, "--fit", flatten_.fit,
+              {{"edges", FlatFit::edges}, {"artboard", FlatFit::artboard}},
+              "As drawn, or with the artboard scaled to a height of 100");
+  }
+
+  // An option whose value is one of these words.
+  template <typename Value>
+  static void addChoice(CLI::App& sub, const std::string& name, Value& value,
+                        const std::map<std::string, Value>& words, const std::string& description) {
+    std::string names;
+    for (const auto& word : words) names = word.first + (names.empty() ? "" : "|") + names;
+    sub.add_option_function<std::string>(
+           name,
+           [&value, words, name, names](const std::string& text) {
+             const auto word = words.find(text);
+             if (word == words.end()) throw notA(("one of " + names).c_str(), name, text);
+             value = word->second;
+           },
+           description)
+        ->type_name(names);
   }
 
   void addExport() {
@@ -270,6 +311,7 @@ private:
   std::vector<std::string> texts_; // taken from the options in their order instead
   int common_ = 0;
   ImportCommand import_;
+  FlattenCommand flatten_;
   ExportCommand export_;
   CheckCommand check_;
   ConvertCommand convert_;
@@ -284,8 +326,8 @@ private:
 } // namespace
 
 ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places,
-                          const WindowToolkit& toolkit) {
-  return Parser(places).run(argc, argv, toolkit);
+                          const WindowToolkit& toolkit, const MakeFlattener& makeFlattener) {
+  return Parser(places).run(argc, argv, toolkit, makeFlattener);
 }
 
 } // namespace quillery

@@ -2,9 +2,11 @@
 
 #include "base/result.h"
 #include "preview/text_layout.h"
+#include "project/drawing_flattener.h"
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -38,6 +40,9 @@ using OpenWindow = std::function<ExitStatus(const ProgramPlaces& places,
 using PaintPreview = std::function<Result<std::string, std::string>(const TextLayout& layout,
                                                                     const FontProject& project)>;
 
+/// What makes any drawing plain; null in a build that can't.
+using MakeFlattener = std::function<std::shared_ptr<DrawingFlattener>()>;
+
 /// What only a program built with the window toolkit can do; all empty in one built without.
 struct WindowToolkit {
   OpenWindow openWindow;
@@ -46,6 +51,7 @@ struct WindowToolkit {
 
 /// Runs the program as its arguments say and returns its exit status.
 ExitStatus runCommandLine(int argc, char** argv, const ProgramPlaces& places,
-                          const WindowToolkit& toolkit = {});
+                          const WindowToolkit& toolkit = {},
+                          const MakeFlattener& makeFlattener = nullptr);
 
 } // namespace quillery

@@ -4,7 +4,9 @@
 #include "app/table.h"
 #include "base/finite.h"
 #include "base/utf8.h"
+#include "drawing/flat_file.h"
 #include "model/glyph.h"
+#include "svg/artboard_placement.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -14,8 +16,8 @@
 
 namespace quillery {
 
-// The commands of the command line: each opens a project, runs operations of the core on it and
-// saves it. What the arguments were read to is in the command's own record.
+// The commands of the command line: all but `flatten` open a project, run operations of the core on
+// it and save it. What the arguments were read to is in the command's own record.
 
 struct ImportCommand {
   std::filesystem::path project;
@@ -25,6 +27,19 @@ struct ImportCommand {
   std::optional<Utf8> name;
   /// Positive.
   std::optional<std::int64_t> unitsPerEm;
+  bool convert = false;
+  /// By artboard only when drawings are converted.
+  DrawingPlacement placement = DrawingPlacement::edges;
+  MakeFlattener makeFlattener;
+};
+
+struct FlattenCommand {
+  /// Files and folders.
+  std::vector<std::filesystem::path> drawings;
+  /// A file, or a folder for several.
+  std::filesystem::path output;
+  FlatFit fit = FlatFit::edges;
+  MakeFlattener makeFlattener;
 };
 
 struct ExportCommand {
@@ -81,6 +96,7 @@ struct PreviewCommand {
 };
 
 ExitStatus run(const ImportCommand& command, const ProgramPlaces& places);
+ExitStatus run(const FlattenCommand& command, const ProgramPlaces& places);
 ExitStatus run(const ExportCommand& command, const ProgramPlaces& places);
 ExitStatus run(const CheckCommand& command, const ProgramPlaces& places);
 ExitStatus run(const ConvertCommand& command, const ProgramPlaces& places);

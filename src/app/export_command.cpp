@@ -1,6 +1,7 @@
 #include "app/commands.h"
 #include "app/progress_line.h"
 #include "app/session.h"
+#include "base/listed.h"
 #include "base/unicode.h"
 #include "export/export_format.h"
 #include "export/font_report.h"
@@ -17,12 +18,6 @@ bool isFontFile(const std::filesystem::path& file) {
   return std::any_of(kExportFormats.begin(), kExportFormats.end(), [&](const ExportFormat& format) {
     return extension == std::string(".") + format.extension;
   });
-}
-
-std::string listed(const std::vector<std::string>& names) {
-  std::string list;
-  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
-  return list;
 }
 
 // Runs the desktop's loop until `done`, telling every moment how long it has taken.

@@ -1,5 +1,4 @@
 #include "app/commands.h"
-#include "app/progress_line.h"
 #include "app/session.h"
 #include "base/console.h"
 #include "base/numbers.h"
@@ -8,15 +7,12 @@
 #include "export/export_validation.h"
 #include "kerning/kerning_pairs.h"
 #include "preview/preview_document.h"
-#include "svg/drawing_files.h"
-#include "svg/svg_import.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <functional>
 #include <map>
-#include <system_error>
 #include <unordered_set>
 
 namespace quillery {
@@ -51,52 +47,6 @@ std::string name(Severity severity) {
 }
 
 } // namespace
-
-ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
-  Session session(places);
-  std::error_code error;
-  if (fs::exists(fs::symlink_status(command.project, error))) {
-    if (command.name || command.unitsPerEm) {
-      printError("--name and --units-per-em are for a new project, and " +
-                 command.project.string() + " exists");
-      return ExitStatus::wrongUsage;
-    }
-    if (!session.open(command.project)) return ExitStatus::failed;
-  } else {
-    session.manager().editFontInfo([&](FontInfo& font) {
-      font.name = command.name.value_or(font.name);
-      font.unitsPerEm = command.unitsPerEm.value_or(font.unitsPerEm);
-    });
-  }
-
-  auto status = ExitStatus::done;
-  std::vector<fs::path> files;
-  for (const fs::path& drawing : command.drawings) {
-    if (!fs::is_directory(drawing, error)) {
-      files.push_back(drawing);
-      continue;
-    }
-    const auto found = drawingsInFolder(drawing);
-    if (!found) {
-      printError(found.error().description());
-      status = ExitStatus::incomplete;
-      continue;
-    }
-    files.insert(files.end(), found.value().begin(), found.value().end());
-  }
-  ImportOutcome outcome;
-  {
-    ProgressLine line;
-    const auto show = [&](std::size_t done) {
-      line.update("Importing " + std::to_string(done) + " of " + std::to_string(files.size()) +
-                  " drawings");
-    };
-    outcome = line.isShown() ? importSVGFiles(session.manager(), files, show)
-                             : importSVGFiles(session.manager(), files);
-  }
-  if (outcome.skipped > 0) status = ExitStatus::incomplete;
-  return session.save(command.project, status);
-}
 
 ExitStatus run(const CheckCommand& command, const ProgramPlaces& places) {
   Session session(places);

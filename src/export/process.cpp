@@ -1,13 +1,12 @@
 #include "export/process.h"
 
 #include "base/descriptor.h"
+#include "base/spawn.h"
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -29,47 +28,6 @@ struct Pipe {
     writing = Descriptor(ends[1]);
     return 0;
   }
-};
-
-// What is to be set up in the new process before the program runs. glibc's part of this fails
-// only for want of memory.
-class SpawnSetup {
-public:
-  SpawnSetup(const Pipe& output, const Pipe& errorOutput) {
-    posix_spawn_file_actions_init(&actions_);
-    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions_, output.writing.get(), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions_, errorOutput.writing.get(), STDERR_FILENO);
-    posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
-
-    // Signals that this program or thread blocks or ignores are no choice of the other program's.
-    posix_spawnattr_init(&attributes_);
-    sigset_t signals;
-    sigemptyset(&signals);
-    posix_spawnattr_setsigmask(&attributes_, &signals);
-    sigaddset(&signals, SIGPIPE);
-    posix_spawnattr_setsigdefault(&attributes_, &signals);
-    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-  }
-  SpawnSetup(const SpawnSetup&) = delete;
-  SpawnSetup& operator=(const SpawnSetup&) = delete;
-  ~SpawnSetup() {
-    posix_spawn_file_actions_destroy(&actions_);
-    posix_spawnattr_destroy(&attributes_);
-  }
-
-  // 0 or an error number.
-  int spawn(pid_t& process, const std::string& program, const std::vector<std::string>& arguments) {
-    std::vector<char*> argv = {const_cast<char*>(program.c_str())};
-    for (const std::string& argument : arguments)
-      argv.push_back(const_cast<char*>(argument.c_str()));
-    argv.push_back(nullptr);
-    return posix_spawn(&process, program.c_str(), &actions_, &attributes_, argv.data(), environ);
-  }
-
-private:
-  posix_spawn_file_actions_t actions_;
-  posix_spawnattr_t attributes_;
 };
 
 // Reads both pipes as data comes, so that neither runs full while the other is waited for.
@@ -115,7 +73,11 @@ Result<ProcessOutcome, Problem> runProcess(const std::filesystem::path& program,
   if (const int code = output.open()) return failure(code);
   if (const int code = errorOutput.open()) return failure(code);
   pid_t process = 0;
-  if (const int code = SpawnSetup(output, errorOutput).spawn(process, program.string(), arguments))
+  if (const int code = spawnProgram({.program = program.string(),
+                                     .arguments = arguments,
+                                     .output = output.writing.get(),
+                                     .errorOutput = errorOutput.writing.get()},
+                                    process))
     return failure(code);
   output.writing.close();
   errorOutput.writing.close();
@@ -123,8 +85,7 @@ Result<ProcessOutcome, Problem> runProcess(const std::filesystem::path& program,
   ProcessOutcome outcome;
   drain(output.reading, errorOutput.reading, outcome);
   int status = 0;
-  while (waitpid(process, &status, 0) < 0)
-    if (errno != EINTR) return failure(errno);
+  if (const int code = awaitProgram(process, status)) return failure(code);
   if (WIFSIGNALED(status)) outcome.ending = ProcessOutcome::Ending::killed;
   outcome.status = WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
   return outcome;

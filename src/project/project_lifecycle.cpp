@@ -21,6 +21,7 @@ void ProjectManager::install(FontProject project, std::optional<fs::path> file) 
   index_.reset();
   kerningIndex_.reset();
   glyphBeingEdited_.reset();
+  notedDrawings_.clear();
   url_ = std::move(file);
   documentChanged({What::project});
   // After those who show the old project have let go of it.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 #include <utility>
 
 namespace quillery {
@@ -292,6 +293,30 @@ void ProjectManager::removeImport(const ImportTask& task) {
   const auto removed = std::move(*found); // it may end with the list's reference
   imports_.erase(found);
   announce(What::imports);
+}
+
+void ProjectManager::noteDrawings(std::vector<NotedDrawing> drawings) {
+  if (drawings.empty()) return;
+  std::unordered_map<std::string, std::size_t> newest; // place of the last note of each file
+  notedDrawings_.insert(notedDrawings_.end(), std::make_move_iterator(drawings.begin()),
+                        std::make_move_iterator(drawings.end()));
+  for (std::size_t i = 0; i < notedDrawings_.size(); ++i)
+    newest[notedDrawings_[i].file.native()] = i;
+  std::size_t place = 0;
+  std::erase_if(notedDrawings_, [&](const NotedDrawing& drawing) {
+    return newest[drawing.file.native()] != place++;
+  });
+  announce(What::imports);
+}
+
+void ProjectManager::forgetNotedDrawings(std::span<const std::filesystem::path> files) {
+  if (notedDrawings_.empty()) return;
+  std::unordered_set<std::string> forgotten;
+  for (const auto& file : files) forgotten.insert(file.native());
+  if (std::erase_if(notedDrawings_, [&](const NotedDrawing& drawing) {
+        return forgotten.contains(drawing.file.native());
+      }) > 0)
+    announce(What::imports);
 }
 
 void ProjectManager::setExporting(bool exporting) {

@@ -36,7 +36,7 @@ struct ProjectChange {
     selectedPair, ///< selectedKerningPairId
     selectedTab,
     file,        ///< currentProjectURL
-    imports,     ///< imports came, went or got further
+    imports,     ///< imports came, went or got further, or notedDrawings
     exportState, ///< isExporting or exportStatus
     savedBadge,
     history,    ///< what can be undone or redone
@@ -190,6 +190,12 @@ public:
   void removeImport(const ImportTask& task);
   void announceImportProgress() { announce(ProjectChange::What::imports); }
 
+  /// Drawings of this project that hold more than was read, in the order in which they were noted.
+  const std::vector<NotedDrawing>& notedDrawings() const { return notedDrawings_; }
+  /// Adds drawings. What was noted of the same file before goes.
+  void noteDrawings(std::vector<NotedDrawing> drawings);
+  void forgetNotedDrawings(std::span<const std::filesystem::path> files);
+
   // -- State of the export
 
   /// The progress sheet is shown.
@@ -220,6 +226,7 @@ private:
   std::optional<Glyph> glyphBeingEdited_;
   std::optional<std::filesystem::path> url_;
   std::vector<std::shared_ptr<ImportTask>> imports_;
+  std::vector<NotedDrawing> notedDrawings_;
   bool isExporting_ = false;
   ExportStatus exportStatus_;
   int selectedTab_ = 0;

@@ -45,6 +45,11 @@ void removeFolderOf(const fs::path& staged) {
   fs::remove_all(staged.parent_path(), ignored);
 }
 
+struct Copy {
+  fs::path staged;
+  fs::path dropped;
+};
+
 // What the background works on. It may outlive the import, so it knows when nobody waits for it.
 class Reading {
 public:
@@ -64,18 +69,18 @@ public:
     if (abandoned_)
       removeFolderOf(staged);
     else
-      staged_.push_back(std::move(staged));
+      copies_.push_back({std::move(staged), dropped});
   }
 
-  std::vector<fs::path> staged() {
+  std::vector<Copy> copies() {
     const std::lock_guard lock(mutex_);
-    return staged_;
+    return copies_;
   }
 
   void removeStaged() {
     const std::lock_guard lock(mutex_);
-    for (const fs::path& file : staged_) removeFolderOf(file);
-    staged_.clear();
+    for (const Copy& copy : copies_) removeFolderOf(copy.staged);
+    copies_.clear();
   }
 
   void abandon() {
@@ -96,13 +101,15 @@ private:
   std::atomic<bool> abandoned_ = false;
   std::vector<Drawing> drawings_; // of the thread that reads, until it has finished
   std::mutex mutex_;              // guards below
-  std::vector<fs::path> staged_;
+  std::vector<Copy> copies_;
 };
 
 class BackgroundImport : public ImportTask, public std::enable_shared_from_this<BackgroundImport> {
 public:
-  BackgroundImport(ProjectManager& manager, std::size_t drawings, std::size_t stepsPerDrawing)
-      : manager_(manager), count_(drawings),
+  BackgroundImport(ProjectManager& manager, std::size_t drawings, std::size_t stepsPerDrawing,
+                   ImportOptions options, ImportFinished finished)
+      : manager_(manager), count_(drawings), options_(std::move(options)),
+        finished_(std::move(finished)),
         reading_(std::make_shared<Reading>(static_cast<double>(manager.currentProject().unitsPerEm),
                                            drawings * stepsPerDrawing)),
         projectConnection_(manager.changed.connect([this](const ProjectChange& change) {
@@ -114,10 +121,13 @@ public:
   double progress() const override { return reading_->progress(); }
   void cancel() override { manager_.removeImport(*this); }
 
-  void read(std::vector<fs::path> files) {
-    inBackground([files = std::move(files), notice = onMain(&BackgroundImport::announceProgress),
+  // Reads files that are to be known as `names`.
+  void read(std::vector<fs::path> files, std::vector<fs::path> names) {
+    names_ = std::move(names);
+    inBackground([files = std::move(files), options = options_,
+                  notice = onMain(&BackgroundImport::announceProgress),
                   finished = onMain(&BackgroundImport::finish)](Reading& reading) {
-      readDrawings(files, reading.unitsPerEm(), [&](std::size_t, Drawing drawing) {
+      readDrawings(files, options, reading.unitsPerEm(), [&](std::size_t, Drawing drawing) {
         reading.drawings().push_back(std::move(drawing));
         if (reading.countOne()) notice();
         return !reading.isAbandoned();
@@ -163,32 +173,57 @@ private:
   void announceProgress() { manager_.announceImportProgress(); }
 
   void countCopy() {
-    if (--outstanding_ == 0) read(reading_->staged());
+    if (--outstanding_ != 0) return;
+    std::vector<fs::path> files, names;
+    for (Copy& copy : reading_->copies()) {
+      files.push_back(std::move(copy.staged));
+      names.push_back(std::move(copy.dropped));
+    }
+    read(std::move(files), std::move(names));
   }
 
   void finish() {
     const auto alive = shared_from_this();
     manager_.removeImport(*this);
-    takeDrawings(manager_, std::move(reading_->drawings()), reading_->unitsPerEm());
+    const ImportOutcome outcome = takeDrawings(manager_, names_, std::move(reading_->drawings()),
+                                               options_.placement, reading_->unitsPerEm());
+    note(outcome);
+    if (finished_) finished_(outcome);
+  }
+
+  void note(const ImportOutcome& outcome) {
+    std::vector<NotedDrawing> noted;
+    for (const NotedDrawing& drawing : outcome.noted)
+      if (!options_.flattener || drawing.glyph == Uuid()) noted.push_back(drawing);
+    manager_.forgetNotedDrawings(names_);
+    manager_.noteDrawings(std::move(noted));
   }
 
   ProjectManager& manager_;
   std::size_t count_;
   std::size_t outstanding_ = 0;
+  const ImportOptions options_;
+  const ImportFinished finished_;
+  std::vector<fs::path> names_;
   std::shared_ptr<Reading> reading_;
   Connection projectConnection_;
 };
 
 } // namespace
 
-void startImport(ProjectManager& manager, std::vector<fs::path> files) {
-  const auto import = std::make_shared<BackgroundImport>(manager, files.size(), 1);
+void startImport(ProjectManager& manager, std::vector<fs::path> files, ImportOptions options,
+                 ImportFinished finished) {
+  const auto import = std::make_shared<BackgroundImport>(manager, files.size(), 1,
+                                                         std::move(options), std::move(finished));
   manager.addImport(import);
-  import->read(std::move(files));
+  auto names = files;
+  import->read(std::move(files), std::move(names));
 }
 
-void startDropImport(ProjectManager& manager, const std::vector<fs::path>& dropped) {
-  const auto import = std::make_shared<BackgroundImport>(manager, dropped.size(), 2);
+void startDropImport(ProjectManager& manager, const std::vector<fs::path>& dropped,
+                     ImportOptions options, ImportFinished finished) {
+  const auto import = std::make_shared<BackgroundImport>(manager, dropped.size(), 2,
+                                                         std::move(options), std::move(finished));
   manager.addImport(import);
   import->copyAndRead(dropped);
 }

@@ -5,6 +5,7 @@
 #include "svg/artboard_placement.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -22,6 +23,9 @@ struct ImportOptions {
   bool lookThrough = false;
 };
 
+/// How the window imports: the drawings as the plain reader takes them, and what it left.
+inline const ImportOptions kWindowImport{.lookThrough = true};
+
 /// What came of an import.
 struct ImportOutcome {
   std::size_t imported = 0;
@@ -31,5 +35,8 @@ struct ImportOutcome {
   /// left out, and what a conversion left out or guessed.
   std::vector<NotedDrawing> noted;
 };
+
+/// Hears of an import in the background, once the project holds it.
+using ImportFinished = std::function<void(const ImportOutcome& outcome)>;
 
 } // namespace quillery

@@ -13,11 +13,12 @@ bool SVGDropDelegate::validateDrop(const std::vector<fs::path>& files) const {
   return std::any_of(files.begin(), files.end(), isDrawing);
 }
 
-bool SVGDropDelegate::performDrop(const std::vector<fs::path>& files) {
+bool SVGDropDelegate::performDrop(const std::vector<fs::path>& files, const ImportOptions& options,
+                                  ImportFinished finished) {
   std::vector<fs::path> drawings;
   std::copy_if(files.begin(), files.end(), std::back_inserter(drawings), isDrawing);
   if (drawings.empty()) return false;
-  startDropImport(projectManager_, drawings);
+  startDropImport(projectManager_, drawings, options, std::move(finished));
   return true;
 }
 

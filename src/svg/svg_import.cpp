@@ -1,14 +1,13 @@
 #include "svg/svg_import.h"
 
 #include "base/console.h"
-#include "base/parallel.h"
+#include "svg/artboard_placement.h"
 #include "svg/background_import.h"
 #include "svg/drawing_files.h"
 #include "svg/drawing_reader.h"
-#include "svg/path_converter.h"
-#include "svg/svg_parser.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
 namespace quillery {
@@ -32,66 +31,74 @@ void placeNew(Glyph& glyph) {
                         glyph.rightSideBearing());
 }
 
-Drawing readAndPlace(const std::filesystem::path& file, double unitsPerEm, FileBytes& buffer) {
-  auto drawing = SVGParser::readDrawing(file, buffer);
-  if (!drawing) return Failure{drawing.error()};
-  auto& [glyph, outline] = drawing.value();
-  auto placed = PathConverter::placeInEm(std::move(outline), glyph.record().viewBox, unitsPerEm);
-  glyph.placeOutline(std::move(placed.fontPath), placed.boundingBox);
-  return std::move(glyph);
-}
-
-void placeAgain(Glyph& glyph, double unitsPerEm) {
-  const GlyphRecord& record = glyph.record();
-  auto placed =
-      PathConverter::convertToFontCoordinates(record.svgPath.view(), record.viewBox, unitsPerEm);
-  glyph.placeOutline(std::move(placed.fontPath), placed.boundingBox);
+bool hasFiniteMetrics(const Glyph& glyph) {
+  return std::all_of(kEveryGlyphMetric.begin(), kEveryGlyphMetric.end(),
+                     [&](GlyphMetric metric) { return std::isfinite(glyph.metric(metric)); });
 }
 
 // Adds drawings to the glyphs of a project, one after the other.
 class Collector {
 public:
-  Collector(std::vector<Glyph>& glyphs, std::size_t expected) : glyphs_(glyphs) {
+  Collector(std::vector<Glyph>& glyphs, const FontInfo& font, DrawingPlacement placement,
+            std::size_t expected)
+      : glyphs_(glyphs), font_(font), placement_(placement) {
     firstNamed_.reserve(glyphs.size() + expected);
     for (std::size_t i = 0; i < glyphs.size(); ++i) firstNamed_.emplace(glyphs[i].name(), i);
   }
 
-  void take(Drawing drawing) {
-    if (!drawing) {
-      printLine(drawing.error());
+  void take(const std::filesystem::path& file, Drawing drawing) {
+    if (!drawing.reasons.empty())
+      outcome_.noted.push_back(
+          {file, drawing.glyph ? drawing.glyph->id() : Uuid(), std::move(drawing.reasons)});
+    if (!drawing.glyph) {
+      if (!drawing.line.empty()) printLine(drawing.line);
       ++outcome_.skipped;
       return;
     }
-    Glyph& glyph = drawing.value();
+    Glyph& glyph = *drawing.glyph;
     last_ = glyph.id();
     ++outcome_.imported;
     const auto [known, isNew] = firstNamed_.try_emplace(glyph.name(), glyphs_.size());
-    if (isNew) {
-      placeNew(glyph);
+    place(glyph, drawing.artboard, isNew ? nullptr : &glyphs_[known->second]);
+    if (isNew)
       glyphs_.push_back(std::move(glyph));
-    } else {
-      takeOver(glyph, glyphs_[known->second]);
+    else
       glyphs_[known->second] = std::move(glyph);
-    }
   }
 
   const ImportOutcome& outcome() const { return outcome_; }
   const std::optional<Uuid>& last() const { return last_; }
 
 private:
+  void place(Glyph& glyph, const std::optional<Artboard>& artboard, const Glyph* old) const {
+    if (artboard && placement_ == DrawingPlacement::artboard) {
+      placeByArtboard(glyph, *artboard, font_);
+      if (old) glyph.setUnicode(old->unicode());
+    } else if (old && artboard && !hasFiniteMetrics(*old)) {
+      placeNew(glyph); // it was read to nothing and has no place to hand on
+      glyph.setUnicode(old->unicode());
+    } else if (old) {
+      takeOver(glyph, *old);
+    } else {
+      placeNew(glyph);
+    }
+  }
+
   std::vector<Glyph>& glyphs_;
+  const FontInfo& font_;
+  const DrawingPlacement placement_;
   std::unordered_map<std::string, std::size_t> firstNamed_;
   ImportOutcome outcome_;
   std::optional<Uuid> last_;
 };
 
 // Changes the list of glyphs once, with all that `fill` hands to the collector.
-ImportOutcome collect(ProjectManager& manager, std::size_t expected,
+ImportOutcome collect(ProjectManager& manager, DrawingPlacement placement, std::size_t expected,
                       const std::function<void(Collector&)>& fill) {
   ImportOutcome outcome;
   std::optional<Uuid> last;
   manager.editGlyphList([&](std::vector<Glyph>& glyphs) {
-    Collector collector(glyphs, expected);
+    Collector collector(glyphs, manager.currentProject(), placement, expected);
     fill(collector);
     sortByName(glyphs);
     outcome = collector.outcome();
@@ -106,52 +113,37 @@ ImportOutcome collect(ProjectManager& manager, std::size_t expected,
 
 } // namespace
 
-void readDrawings(const std::vector<std::filesystem::path>& files, double unitsPerEm,
-                  const std::function<bool(std::size_t index, Drawing)>& take) {
-  constexpr std::size_t kBatch = 16; // one file is too little work to hand to a thread
-  produceInOrder((files.size() + kBatch - 1) / kBatch,
-                 [&](std::size_t batch) {
-                   FileBytes buffer;
-                   std::vector<Drawing> drawings;
-                   const std::size_t end = std::min(files.size(), (batch + 1) * kBatch);
-                   for (std::size_t i = batch * kBatch; i < end; ++i)
-                     drawings.push_back(readAndPlace(files[i], unitsPerEm, buffer));
-                   return drawings;
-                 },
-                 [&](std::size_t batch, std::vector<Drawing> drawings) {
-                   for (std::size_t i = 0; i < drawings.size(); ++i)
-                     if (!take(batch * kBatch + i, std::move(drawings[i]))) return false;
-                   return true;
-                 });
-}
-
-ImportOutcome takeDrawings(ProjectManager& manager, std::vector<Drawing> drawings,
+ImportOutcome takeDrawings(ProjectManager& manager, const std::vector<std::filesystem::path>& files,
+                           std::vector<Drawing> drawings, DrawingPlacement placement,
                            double unitsPerEm) {
   const auto projectUnits = static_cast<double>(manager.currentProject().unitsPerEm);
-  return collect(manager, drawings.size(), [&](Collector& collector) {
-    for (Drawing& drawing : drawings) {
-      if (drawing && unitsPerEm != projectUnits) placeAgain(drawing.value(), projectUnits);
-      collector.take(std::move(drawing));
+  return collect(manager, placement, drawings.size(), [&](Collector& collector) {
+    for (std::size_t i = 0; i < drawings.size(); ++i) {
+      Drawing& drawing = drawings[i];
+      if (drawing.glyph && unitsPerEm != projectUnits) placeAgain(*drawing.glyph, projectUnits);
+      collector.take(files[i], std::move(drawing));
     }
   });
 }
 
-void importSVG(ProjectManager& manager) {
+void importSVG(ProjectManager& manager, const ImportOptions& options, ImportFinished finished) {
   manager.desktop().showOpenPanel(
       {"Select SVG files to import as glyphs", true, kDrawingExtension},
-      manager.lifetime().guard([&manager](const std::vector<std::filesystem::path>& files) {
-        if (!files.empty()) startImport(manager, files);
+      manager.lifetime().guard([&manager, options, finished = std::move(finished)](
+                                   const std::vector<std::filesystem::path>& files) {
+        if (!files.empty()) startImport(manager, files, options, finished);
       }));
 }
 
 ImportOutcome importSVGFiles(ProjectManager& manager,
                              const std::vector<std::filesystem::path>& files,
+                             const ImportOptions& options,
                              const std::function<void(std::size_t done)>& progress) {
   const auto unitsPerEm = static_cast<double>(manager.currentProject().unitsPerEm);
-  return collect(manager, files.size(), [&](Collector& collector) {
-    readDrawings(files, unitsPerEm, [&](std::size_t index, Drawing drawing) {
+  return collect(manager, options.placement, files.size(), [&](Collector& collector) {
+    readDrawings(files, options, unitsPerEm, [&](std::size_t index, Drawing drawing) {
       if (progress) progress(index);
-      collector.take(std::move(drawing));
+      collector.take(files[index], std::move(drawing));
       return true;
     });
   });

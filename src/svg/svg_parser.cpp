@@ -84,26 +84,36 @@ DrawnPath readPath(std::string_view pathData) {
   return {PathConverter::parsePathData(pathData), computeViewBox(pathData)};
 }
 
-Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,
-                                                 FileBytes& buffer) {
-  if (!readFile(file, buffer) || !isValidUtf8(buffer.view()))
-    return Failure{"Failed to read SVG file: " + fileUrl(file)};
+std::string unreadable(const std::filesystem::path& file) {
+  return "Failed to read SVG file: " + fileUrl(file);
+}
+
+UnplacedDrawing drawingOf(const std::filesystem::path& file, Utf8 pathData) {
   const Utf8 fileName = Utf8::mended(file.stem().string());
-  const auto pathData = findPathData(buffer.view());
-  if (!pathData) return Failure{"Failed to extract path data from: " + fileName};
   GlyphRecord glyph;
   glyph.id = Uuid::random();
   if (const auto character = unicodeForFileName(fileName)) glyph.unicode = Utf8::mended(*character);
   glyph.name = Utf8::mended(glyphNameForFileName(fileName));
-  glyph.svgPath = SharedText(Utf8::mended(*pathData)); // of a file that is UTF-8
-  DrawnPath path = readPath(*pathData);
+  DrawnPath path = readPath(pathData);
+  glyph.svgPath = SharedText(std::move(pathData));
   glyph.viewBox = path.viewBox;
-  return UnplacedDrawing{Glyph(std::move(glyph)), std::move(path.outline)};
+  return {Glyph(std::move(glyph)), std::move(path.outline)};
+}
+
+Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,
+                                                 std::string_view content) {
+  if (!isValidUtf8(content)) return Failure{unreadable(file)};
+  const auto pathData = findPathData(content);
+  if (!pathData)
+    return Failure{"Failed to extract path data from: " + Utf8::mended(file.stem().string())};
+  return drawingOf(file, Utf8::mended(*pathData)); // of a file that is UTF-8
 }
 
 std::optional<Glyph> parseSVGFile(const std::filesystem::path& file) {
   FileBytes buffer;
-  auto drawing = readDrawing(file, buffer);
+  const auto read = readFile(file, buffer);
+  auto drawing = read ? readDrawing(file, buffer.view())
+                      : Result<UnplacedDrawing, std::string>(Failure{unreadable(file)});
   if (drawing) return std::move(drawing).value().glyph;
   printLine(drawing.error());
   return std::nullopt;

@@ -26,10 +26,16 @@ struct UnplacedDrawing {
   Outline outline;
 };
 
-/// The same, with the outline, and with the line as the error instead of printed. `buffer` is room
-/// for the file's content, for reuse from file to file.
+/// The same of the file's content, with the outline, and with the line as the error instead of
+/// printed.
 Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,
-                                                 FileBytes& buffer);
+                                                 std::string_view content);
+
+/// The line for a file that can't be read.
+std::string unreadable(const std::filesystem::path& file);
+
+/// What path data draws, with name and character from the name of its file.
+UnplacedDrawing drawingOf(const std::filesystem::path& file, Utf8 pathData);
 
 /// The value of the last attribute whose name ends in d (d itself, or an id behind it) within the
 /// first path element that has one; nothing when there is none. Linear time, whatever the text.

@@ -80,7 +80,7 @@ TEST_F(ImportTest, SkipsWhatItCannotReadAndSaysSo) {
   d.manager.setSelectedTab(1);
   std::vector<std::size_t> done;
   auto outcome =
-      importSVGFiles(d.manager, {latin, wide, none, d.folder / "folder.svg", d.folder / "gone.svg"},
+      importSVGFiles(d.manager, {latin, wide, none, d.folder / "folder.svg", d.folder / "gone.svg"}, {},
                      [&](std::size_t n) { done.push_back(n); });
   const auto lines = d.console.lines();
   ASSERT_EQ(lines.size(), 5U);

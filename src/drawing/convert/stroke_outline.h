@@ -1,0 +1,26 @@
+#pragma once
+
+#include "drawing/convert/contour.h"
+
+#include <vector>
+
+namespace quillery {
+
+/// How a line is drawn. Lengths are those of the line's own points.
+struct StrokeStyle {
+  enum class Cap { butt, round, square };
+  enum class Join { miter, round, bevel };
+
+  double width = 1;
+  Cap cap = Cap::butt;
+  Join join = Join::miter;
+  double miterLimit = 4;
+  /// Dash, gap, dash, gap, ...; none for a solid line.
+  std::vector<double> dashes{};
+  double dashOffset = 0;
+};
+
+/// The area that a stroke covers, for non-zero winding. Contours may be open or single points.
+Contours strokeOutline(const Contours& lines, const StrokeStyle& style);
+
+} // namespace quillery
