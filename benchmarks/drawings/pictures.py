@@ -160,9 +160,11 @@ def second_pictures(drawings, folder):
             page = page_of(drawing.read_bytes())
         except NoPicture:
             continue
-        dpi = 96 * PAGE / max(page.width, page.height)
-        if page.sized and dpi < 1e5:
-            lines.append(f"file-open:{drawing};export-area-page;export-dpi:{dpi};"
+        scale = PAGE / max(page.width, page.height)
+        wide, high = round(page.width * scale), round(page.height * scale)
+        if page.sized and min(wide, high) > 0:
+            lines.append(f"file-open:{drawing};export-area-page;export-width:{wide};"
+                         f"export-height:{high};"
                          f"export-filename:{target};export-do;file-close")
     for start in range(0, len(lines), 50):
         try:
