@@ -113,6 +113,9 @@ private:
   std::size_t served_ = 0;
 };
 
+// A sheet of letters may take as long as so many drawings.
+constexpr int kDrawingsOfSheet = 20;
+
 std::string inWords(std::chrono::milliseconds time) {
   return std::to_string(time.count() / 1000) + " s";
 }
@@ -140,22 +143,26 @@ public:
   Result<Fields, std::string> answer(std::string_view word, std::string_view file) {
     const Turn turn(*this);
     const Fields request = {std::string(word), std::string(file)};
-    auto answered = ask(request);
-    if (!answered && answered.error() == Worker::Failing::tooSlow && word == kAskFlatten)
-      answered = ask({kAskTrace, std::string(file)});
-    if (!answered) return Failure{inWords(answered.error())};
+    const auto start = Clock::now();
+    const bool canTrace = word == kAskFlatten;
+    const auto time = word == kAskSheet ? limits_.time * kDrawingsOfSheet : limits_.time;
+    auto answered = ask(request, start + (canTrace ? limits_.time * 2 / 3 : time));
+    if (!answered && answered.error() == Worker::Failing::tooSlow && canTrace)
+      answered = ask({kAskTrace, std::string(file)}, start + limits_.time);
+    if (!answered) return Failure{inWords(answered.error(), time)};
     Fields fields = std::move(answered).value();
     if (fields.size() == 2 && fields[0] == kRefused) return Failure{std::move(fields[1])};
-    if (fields.empty() || fields[0] != kDone) return Failure{inWords(Worker::Failing::broken)};
+    if (fields.empty() || fields[0] != kDone)
+      return Failure{inWords(Worker::Failing::broken, time)};
     return fields;
   }
 
-  std::string inWords(Worker::Failing failing) const {
+  std::string inWords(Worker::Failing failing, std::chrono::milliseconds time) const {
     switch (failing) {
     case Worker::Failing::notStarted:
       return program_.string() + " could not be started";
     case Worker::Failing::tooSlow:
-      return "it takes longer than " + quillery::inWords(limits_.time);
+      return "it takes longer than " + quillery::inWords(time);
     case Worker::Failing::broken:
       break;
     }
@@ -186,11 +193,11 @@ private:
     Workers& workers_;
   };
 
-  Result<Fields, Worker::Failing> ask(const Fields& request) {
+  Result<Fields, Worker::Failing> ask(const Fields& request, Clock::time_point deadline) {
     for (;;) {
       auto worker = take();
       if (!worker) return Failure{Worker::Failing::notStarted};
-      auto answered = worker->ask(request, Clock::now() + limits_.time);
+      auto answered = worker->ask(request, deadline);
       if (answered) {
         const std::lock_guard lock(mutex_);
         idle_.push_back(std::move(worker));

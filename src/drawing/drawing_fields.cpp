@@ -57,6 +57,8 @@ void appendFields(Fields& fields, const DrawingSheet& sheet) {
     fields.push_back(std::to_string(static_cast<int>(guide.kind)));
     fields.push_back(formatShortest(guide.y));
   }
+  fields.push_back(std::to_string(sheet.lines.size()));
+  for (const std::size_t count : sheet.lines) fields.push_back(std::to_string(count));
   fields.push_back(std::to_string(sheet.letters.size()));
   for (const auto& letter : sheet.letters) {
     fields.push_back(letter.name.str());
@@ -103,14 +105,23 @@ std::optional<DrawingSheet> readDrawingSheet(const Fields& fields, std::size_t& 
       return std::nullopt;
     sheet.guides.push_back({static_cast<Guide::Kind>(static_cast<int>(*kind)), *y});
   }
-  const auto letters = guides ? nextCount(fields, at) : std::nullopt;
-  for (std::size_t i = 0; letters && i < *letters; ++i) {
+  const auto lines = guides ? nextCount(fields, at) : std::nullopt;
+  std::size_t onLines = 0;
+  for (std::size_t i = 0; lines && i < *lines; ++i) {
+    const auto count = nextCount(fields, at);
+    if (!count) return std::nullopt;
+    sheet.lines.push_back(*count);
+    onLines += *count;
+  }
+  const auto letters = lines ? nextCount(fields, at) : std::nullopt;
+  if (!letters || onLines != *letters) return std::nullopt;
+  for (std::size_t i = 0; i < *letters; ++i) {
     auto name = nextText(fields, at);
     auto drawing = name ? readFlatDrawing(fields, at) : std::nullopt;
     if (!drawing) return std::nullopt;
     sheet.letters.push_back({*std::move(name), *std::move(drawing)});
   }
-  return letters ? std::optional(std::move(sheet)) : std::nullopt;
+  return sheet;
 }
 
 } // namespace quillery

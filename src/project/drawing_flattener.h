@@ -4,6 +4,7 @@
 #include "base/utf8.h"
 #include "model/flat_drawing.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,12 +17,14 @@ struct DrawingSheet {
     /// What its group, layer or shape is called, as a file of its own would be; empty when it is
     /// called nothing that names a glyph.
     Utf8 name;
-    /// In the units of the sheet. The artboard is the sheet's.
+    /// In the units of the sheet. The artboard is the box of its ink, until the sheet is placed.
     FlatDrawing drawing;
   };
 
   /// In the order of the page: by lines, each from left to right.
   std::vector<Letter> letters;
+  /// How many of the letters each line has.
+  std::vector<std::size_t> lines;
   /// Where horizontal guides and layers of these names lie, from top to bottom.
   struct Guide {
     enum class Kind { baseline, xHeight, capHeight, ascender, descender } kind;

@@ -257,7 +257,7 @@ std::optional<Contours> combine(const Area& first, const Area& second, AreaOpera
     Contours contours;
     for (const ClipperLib::Path& path : result) {
       Contour contour = restored(path, sources);
-      if (contour.segments.size() > 1) contours.push_back(std::move(contour));
+      if (!contour.segments.empty()) contours.push_back(std::move(contour));
     }
     return contours;
   } catch (const ClipperLib::clipperException&) {

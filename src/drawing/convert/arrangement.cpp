@@ -112,18 +112,21 @@ struct Sample {
 };
 
 std::vector<Sample> samplesOf(const Contour& contour) {
-  constexpr std::size_t kMost = 8;
+  constexpr std::size_t kMost = 8; // segments
   constexpr double kAside = 0.05;
   std::vector<Sample> samples;
   const std::size_t step = std::max<std::size_t>(1, contour.segments.size() / kMost);
   for (std::size_t i = 0; i < contour.segments.size(); i += step) {
     const auto chords = chordsOf(contour.segments[i]);
-    const Chord& chord = chords[chords.size() / 2];
-    const Point along = chord.end - chord.start;
-    const double size = length(along);
-    if (size < 4 * kAside) continue;
-    samples.push_back(
-        {between(chord.start, chord.end, 0.5), Point{-along.y, along.x} * (kAside / size)});
+    for (const double share : {0.382, 0.777}) { // not in the middle, where shapes like to touch
+      const double place = share * static_cast<double>(chords.size());
+      const Chord& chord = chords[static_cast<std::size_t>(place)];
+      const Point along = chord.end - chord.start;
+      const double size = length(along);
+      if (size < 4 * kAside) continue;
+      samples.push_back({between(chord.start, chord.end, place - std::floor(place)),
+                         Point{-along.y, along.x} * (kAside / size)});
+    }
   }
   return samples;
 }

@@ -13,11 +13,15 @@ Result<double, std::string> differenceFromPage(PageSource& source, const Contour
   constexpr double kSurely = 64; // ink of any colour
   Box box = boxOf(contours);
   box.include(painted);
-  const PictureFrame frame = pictureFrame(box, kPixels);
+  PictureFrame frame = pictureFrame(box, kPixels);
+  auto theirs = darknessOf(source, frame, isAllLight);
+  for (int pixels = kPixels / 2; !theirs && pixels >= kPixels / 8; pixels /= 2) {
+    frame = pictureFrame(box, pixels); // a small drawing on a large page can take a large picture
+    theirs = darknessOf(source, frame, isAllLight);
+  }
+  if (!theirs) return Failure{theirs.error()};
   const auto ours = coverageOf(contours, frame);
   if (!ours) return Failure{ours.error()};
-  const auto theirs = darknessOf(source, frame, isAllLight);
-  if (!theirs) return Failure{theirs.error()};
   double ink = 0, wrong = 0;
   for (std::size_t i = 0; i < ours.value().values.size(); ++i) {
     const int covered = ours.value().values[i];

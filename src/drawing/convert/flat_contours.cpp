@@ -9,17 +9,7 @@ namespace {
 
 class PathWriter {
 public:
-  explicit PathWriter(const Placing& placing) : placing_(placing) {
-    // cairo keeps 1/256 of a grid unit; a last digit of some of those does not waver.
-    const double resolved = 5.0 / 256 * std::abs(placing.userFromGrid.a);
-    steps_ = std::pow(10, std::clamp(std::floor(-std::log10(resolved)), 0.0, 7.0)); // no exponents
-  }
-
-  Point place(Point p) const {
-    const Point placed = placing_.userFromGrid(p);
-    return {std::round(placed.x * steps_) / steps_ + 0.0,
-            std::round(placed.y * steps_) / steps_ + 0.0};
-  }
+  explicit PathWriter(const Placing& placing) : place_(placing) {}
 
   void command(char letter, std::initializer_list<Point> points) {
     if (!text_.empty()) text_ += ' ';
@@ -33,15 +23,15 @@ public:
   }
 
   void add(const Contour& contour) {
-    const Point start = place(contour.start());
+    const Point start = place_(contour.start());
     command('M', {start});
     Point pen = start;
     for (std::size_t i = 0; i < contour.segments.size(); ++i) {
       const Segment& s = contour.segments[i];
       const bool isLast = i + 1 == contour.segments.size();
-      const Point end = isLast ? start : place(s.end);
+      const Point end = isLast ? start : place_(s.end);
       if (s.isCurve)
-        command('C', {place(s.c1), place(s.c2), end});
+        command('C', {place_(s.c1), place_(s.c2), end});
       else if (!isLast && end != pen) // the last line is what closing draws
         command('L', {end});
       pen = end;
@@ -52,12 +42,20 @@ public:
   std::string take() { return std::move(text_); }
 
 private:
-  const Placing placing_;
-  double steps_;
+  const Placing place_;
   std::string text_;
 };
 
 } // namespace
+
+Point Placing::operator()(Point p) const {
+  // cairo keeps 1/256 of a grid unit; a last digit of some of those does not waver. More than seven
+  // decimals would be written with an exponent.
+  const double resolved = 5.0 / 256 * std::abs(userFromGrid.a);
+  const double steps = std::pow(10, std::clamp(std::floor(-std::log10(resolved)), 0.0, 7.0));
+  const Point placed = userFromGrid(p);
+  return {std::round(placed.x * steps) / steps + 0.0, std::round(placed.y * steps) / steps + 0.0};
+}
 
 Contours tidied(const Contours& contours, double fontUnit) {
   constexpr double kClosest = 0.01; // font units
@@ -66,12 +64,12 @@ Contours tidied(const Contours& contours, double fontUnit) {
   double largest = 0;
   for (const Contour& contour : contours)
     largest = std::max(largest, std::abs(signedArea(contour)));
+  if (largest == 0) return {};
   const double least = std::min(kSliver * fontUnit * fontUnit, largest / kBeside);
   Contours kept;
   for (const Contour& contour : contours) {
     Contour tidy = filled(contour, kClosest * fontUnit);
-    if (tidy.segments.size() > 1 && std::abs(signedArea(tidy)) >= least)
-      kept.push_back(std::move(tidy));
+    if (std::abs(signedArea(tidy)) >= least) kept.push_back(std::move(tidy));
   }
   return kept;
 }

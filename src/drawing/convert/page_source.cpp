@@ -76,12 +76,13 @@ PictureFrame pictureFrame(const Box& box, int pixels) {
 }
 
 Result<std::string, std::string> writePage(PageSource& source, double& unitScale) {
-  // Type fails beyond a size that depends on the font.
-  static constexpr std::array kGrids = {kPageGrid, 2048.0, 512.0, 128.0};
-  for (std::size_t i = source.hasText() ? 1 : 0;; ++i) {
+  // What is drawn by way of a picture takes memory, and type fails beyond a size that depends on
+  // the font: such pages are written smaller, though with fewer digits.
+  static constexpr std::array kGrids = {kPageGrid, 8192.0, 2048.0, 512.0, 128.0};
+  for (std::size_t i = source.hasText() ? 2 : 0;; ++i) {
     unitScale = kPageGrid / kGrids[i];
     auto written = writeAt(source, gridScale(source.size()) / unitScale);
-    if (written || !source.hasText() || i + 1 == kGrids.size()) return written;
+    if (written || i + 1 == kGrids.size()) return written;
   }
 }
 

@@ -27,9 +27,13 @@ public:
   virtual Result<void, std::string> draw(cairo_t* context, double scale) = 0;
 };
 
+inline double longerSide(Size page) {
+  return std::max(page.width, page.height);
+}
+
 /// Grid units to a pixel of a page.
 inline double gridScale(Size page) {
-  return kPageGrid / std::max(page.width, page.height);
+  return kPageGrid / longerSide(page);
 }
 
 /// The page as cairo's SVG surface writes it; `unitScale` becomes the grid units to each of the

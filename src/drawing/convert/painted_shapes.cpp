@@ -309,6 +309,9 @@ private:
     if (join == "bevel") result.join = StrokeStyle::Join::bevel;
     result.miterLimit = number(style("stroke-miterlimit"), result.miterLimit);
     result.dashes = numbersIn(style("stroke-dasharray"));
+    if (result.dashes.size() % 2 != 0) // each takes the place of a gap the second time
+      for (std::size_t i = 0, count = result.dashes.size(); i < count; ++i)
+        result.dashes.push_back(result.dashes[i]);
     result.dashOffset = number(style("stroke-dashoffset"), 0);
     return result;
   }
@@ -316,11 +319,11 @@ private:
   void add(Contours contours, FillRule rule, const Paint& paint, const Clips& clips) {
     if (contours.empty()) return;
     page_.hasFades |= paint.fades;
-    if (paint.opacity <= 1 - kPaper || !(paint.isLight() || paint.isSeenOnPaper())) return;
+    if (paint.opacity <= 1 - kPaper) return;
     const double least = std::min({paint.red, paint.green, paint.blue});
     page_.hasPaperInk |= paint.hidesInk() && least < 0.999;
-    const bool isFaint = paint.isLight() && !paint.hidesInk();
-    page_.shapes.push_back({std::move(contours), rule, clips, !paint.isLight(), isFaint});
+    const bool isFaint = !paint.isSeenOnPaper() && !paint.hidesInk();
+    page_.shapes.push_back({std::move(contours), rule, clips, paint.isSeenOnPaper(), isFaint});
   }
 
   static constexpr double kLeastLength = 1.0 / 64;

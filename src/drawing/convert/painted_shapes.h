@@ -22,7 +22,7 @@ struct PaintedShape {
   Contours contours;
   FillRule rule = FillRule::nonZero;
   /// What is seen of the shape lies within all of these.
-  std::vector<std::shared_ptr<const ClipArea>> clips;
+  std::vector<std::shared_ptr<const ClipArea>> clips{};
   /// Seen as ink on white paper; otherwise it hides the ink under it, as white paint does.
   bool isInk = true;
   /// Light, and too clear to hide anything: it counts on a page of light paint only.
@@ -31,7 +31,7 @@ struct PaintedShape {
 
 /// What lies on a page.
 struct PaintedPage {
-  std::vector<PaintedShape> shapes;
+  std::vector<PaintedShape> shapes{};
   /// There was paint, but none that is seen on white paper: the shapes are then ink.
   bool isAllLight = false;
   bool hasImages = false;

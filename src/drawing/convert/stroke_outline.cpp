@@ -1,5 +1,7 @@
 #include "drawing/convert/stroke_outline.h"
 
+#include "drawing/convert/dashes.h"
+
 #include <QtGui/QPainterPath>
 #include <QtGui/QPainterPathStroker>
 
@@ -72,15 +74,20 @@ Contours strokeOutline(const Contours& lines, const StrokeStyle& style) {
                        : style.join == StrokeStyle::Join::bevel ? Qt::BevelJoin
                                                                 : Qt::SvgMiterJoin);
   stroker.setMiterLimit(style.miterLimit);
-  if (!style.dashes.empty()) { // in widths of the pen
-    QList<qreal> dashes;
-    for (const double dash : style.dashes) dashes.push_back(dash / style.width);
-    stroker.setDashPattern(dashes);
-    stroker.setDashOffset(style.dashOffset / style.width);
-  }
   Contours result;
-  for (const Contour& line : lines) {
+  Contours drawn;
+  for (Contour line : lines) {
     if (line.segments.empty()) continue;
+    if (style.dashes.empty() || isDot(line)) {
+      drawn.push_back(std::move(line));
+      continue;
+    }
+    if (line.closed && line.segments.back().end != line.start())
+      line.segments.push_back(Segment::line(line.segments.back().end, line.start()));
+    const Contours pieces = dashed(line, style.dashes, style.dashOffset);
+    drawn.insert(drawn.end(), pieces.begin(), pieces.end());
+  }
+  for (const Contour& line : drawn) {
     QPainterPath dots;
     if (isDot(line)) addDot(dots, line.start(), style);
     const Contours covered = contoursOf(isDot(line) ? dots : stroker.createStroke(pathOf(line)));

@@ -3,9 +3,11 @@
 #include "base/numbers.h"
 #include "base/unicode.h"
 #include "drawing/convert/plain_bytes.h"
+#include "svg/glyph_identity.h"
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <set>
 
@@ -92,6 +94,34 @@ std::optional<Kind> guideKind(std::string_view name) {
   return std::nullopt;
 }
 
+// Some programs write what an identifier may not hold as its code, "_x41_" for "A", and number
+// those that there are several of, "A_1_".
+std::string withoutEscapes(std::string_view name) {
+  static constexpr std::string_view kHexadecimal = "0123456789ABCDEFabcdef";
+  std::string result;
+  while (!name.empty()) {
+    const std::size_t end = name.find('_', 2);
+    const std::string_view code = end == name.npos ? "" : name.substr(2, end - 2);
+    std::uint32_t character = 0;
+    if (name.starts_with("_x") && !code.empty() && code.size() <= 6 &&
+        code.find_first_not_of(kHexadecimal) == code.npos &&
+        std::from_chars(code.data(), code.data() + code.size(), character, 16).ec == std::errc() &&
+        character < 0xD800) {
+      result += scalarText(character);
+      name.remove_prefix(end + 1);
+    } else {
+      result += name.front();
+      name.remove_prefix(1);
+    }
+  }
+  if (result.size() > 3 && result.ends_with('_')) {
+    const std::size_t before = result.find_last_not_of("0123456789", result.size() - 2);
+    if (before != result.npos && before > 0 && before < result.size() - 2 && result[before] == '_')
+      result.resize(before);
+  }
+  return result;
+}
+
 bool isDrawn(std::string_view name) {
   static const std::set<std::string_view> kDrawn = {
       "g",    "path",     "rect", "circle", "ellipse", "line", "polygon",
@@ -128,9 +158,13 @@ void SvgDocument::readSize() {
     size_ = Size{*height * viewBox->width / viewBox->height, *height};
   else if (viewBox)
     size_ = Size{viewBox->width, viewBox->height};
-  if (viewBox && size_)
-    userFromPixels_ =
-        quillery::userFromPixels(*viewBox, *size_, root().attribute("preserveAspectRatio"));
+  if (!viewBox || !size_) return;
+  const double side = std::max(size_->width, size_->height);
+  constexpr double kSide = 1000; // of a page that is drawn larger or smaller than any screen
+  if (side < 1 || side > 100 * kSide)
+    size_ = Size{size_->width * kSide / side, size_->height * kSide / side};
+  userFromPixels_ =
+      quillery::userFromPixels(*viewBox, *size_, root().attribute("preserveAspectRatio"));
 }
 
 void SvgDocument::readGuides() {
@@ -230,6 +264,53 @@ std::string SvgDocument::reference(std::size_t element) const {
 }
 
 std::vector<SvgDocument::Part> SvgDocument::parts() const {
+  const auto& elements = tree_.elements;
+  std::vector<Utf8> names(elements.size());
+  std::vector<bool> holdsNames(elements.size());
+  for (std::size_t i = elements.size(); i-- > 1;) {
+    if (isDrawn(elements[i].name)) names[i] = glyphFileName(i);
+    if (!names[i].empty() || holdsNames[i]) holdsNames[elements[i].parent] = true;
+  }
+  std::vector<Part> parts;
+  const auto isGuide = [&](std::size_t i) {
+    return std::any_of(guideLayers_.begin(), guideLayers_.end(),
+                       [i](const GuideLayer& layer) { return layer.element == i; });
+  };
+  const auto drawnChildren = [&](std::size_t parent) {
+    std::vector<std::size_t> children;
+    for (std::size_t i = parent + 1; i < elements[parent].end; i = elements[i].end)
+      if (isDrawn(elements[i].name) && !isGuide(i)) children.push_back(i);
+    return children;
+  };
+  std::vector<std::size_t> waiting = {0}; // groups to look into, the next one last
+  while (!waiting.empty()) {
+    const auto children = drawnChildren(waiting.back());
+    waiting.pop_back();
+    std::vector<std::size_t> inside;
+    for (const std::size_t i : children) {
+      const bool isGroup = elements[i].name == "g" || elements[i].name == "svg" ||
+                           elements[i].name == "a" || elements[i].name == "switch";
+      const bool isLayer = elements[i].attribute("groupmode") == "layer";
+      if (names[i].empty() && isGroup && (holdsNames[i] || isLayer || children.size() == 1))
+        inside.push_back(i);
+      else
+        parts.push_back({i, names[i]});
+    }
+    waiting.insert(waiting.end(), inside.rbegin(), inside.rend());
+  }
+  return parts;
+}
+
+Utf8 SvgDocument::glyphFileName(std::size_t i) const {
+  const Element& e = tree_.elements[i];
+  std::string_view title;
+  if (i + 1 < e.end && tree_.elements[i + 1].name == "title")
+    title = trimmed(tree_.elements[i + 1].text);
+  for (const std::string_view given :
+       {e.attribute("label"), e.attribute("data-name"), title, e.attribute("id")}) {
+    const std::string name = withoutEscapes(given);
+    if (!name.empty() && unicodeForFileName(name)) return Utf8::mended(name);
+  }
   return {};
 }
 

@@ -63,6 +63,7 @@ private:
   void readSize();
   void readGuides();
   void readNotes();
+  Utf8 glyphFileName(std::size_t element) const;
 
   std::string text_;
   XmlTree tree_;

@@ -1,0 +1,138 @@
+#include "drawing/convert/page_ink.h"
+
+#include "base/numbers.h"
+#include "drawing/convert/checking.h"
+#include "drawing/convert/flat_contours.h"
+#include "drawing/convert/ink.h"
+#include "drawing/convert/tracing.h"
+
+#include <algorithm>
+
+namespace quillery {
+namespace {
+
+constexpr double kMostOff = 0.01;    // of the ink, and the drawing is traced instead
+constexpr double kGrosslyOff = 0.02; // and a tracing is said to be off
+
+Failure<std::string> noInk() {
+  return Failure{std::string("it shows no ink")};
+}
+
+Box wholePage(const PageSource& source) {
+  const Size page = source.size();
+  const double scale = gridScale(page);
+  Box box;
+  box.add({0, 0});
+  box.add(
+      {(page.width + 2 * source.margin()) * scale, (page.height + 2 * source.margin()) * scale});
+  return box;
+}
+
+// `reason` says why.
+Result<Inked, std::string> trace(PageSource& source, const Box& box, bool isAllLight,
+                                 std::string_view reason) {
+  constexpr std::uint8_t kSeen = 26; // a tenth of black
+  PictureFrame frame = pictureFrame(box, 3000);
+  auto picture = darknessOf(source, frame, isAllLight);
+  for (int pixels = 1500; !picture && pixels >= 300; pixels /= 2) { // as in checking, and type
+    frame = pictureFrame(box, pixels);
+    picture = darknessOf(source, frame, isAllLight);
+  }
+  if (!picture) return Failure{picture.error()};
+  auto contours = traced(picture.value(), frame, kSeen);
+  if (!contours) return Failure{contours.error()};
+  Inked inked{std::move(contours).value(), {}};
+  note(inked.notes, "traced from a picture, because " + std::string(reason));
+  return inked;
+}
+
+} // namespace
+
+void note(std::vector<Utf8>& notes, std::string_view text) {
+  notes.push_back(Utf8::mended(text));
+}
+
+Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightPaint light) {
+  double scale = 1;
+  const auto written = writePage(source, scale);
+  if (!written) return Failure{written.error()};
+  const auto read = readPaintedPage(written.value(), scale);
+  if (!read) return Failure{read.error()};
+  const PaintedPage& page = read.value();
+  if (page.isAllLight && light == LightPaint::isPaper) return noInk();
+  Box painted;
+  for (const PaintedShape& shape : page.shapes)
+    if (shape.isInk) painted.include(boxOf(shape.contours));
+  Box onPage = wholePage(source);
+  onPage.minX = std::max(onPage.minX, painted.minX);
+  onPage.minY = std::max(onPage.minY, painted.minY);
+  onPage.maxX = std::min(onPage.maxX, painted.maxX);
+  onPage.maxY = std::min(onPage.maxY, painted.maxY);
+  if (onPage.isEmpty()) return noInk();
+
+  std::vector<Utf8> notes;
+  if (page.isAllLight && !page.shapes.empty()) note(notes, "all of it is light, and taken as ink");
+  if (page.hasPaperInk) note(notes, "near-white paint is taken as paper");
+  const auto withNotes = [&](Result<Inked, std::string> inked) {
+    if (inked) inked.value().notes.insert(inked.value().notes.begin(), notes.begin(), notes.end());
+    return inked;
+  };
+  if (road == ConversionRoad::traced)
+    return withNotes(trace(source, onPage, page.isAllLight, "its shapes take too long to combine"));
+
+  auto contours = inkOf(page);
+  std::string reason = "its shapes can't be combined";
+  if (contours) {
+    const auto off = differenceFromPage(source, *contours, onPage, page.isAllLight);
+    if (!off) return Failure{off.error()};
+    if (off.value() <= kMostOff) {
+      if (page.hasFades) note(notes, "a gradient or pattern is taken as flat ink");
+      return withNotes(Inked{*std::move(contours), {}});
+    }
+    reason = formatFixed(off.value() * 100, 1) + " % of its ink came out otherwise";
+  }
+  auto inked = trace(source, onPage, page.isAllLight, reason);
+  if (!inked) return inked;
+  const auto off = differenceFromPage(source, inked.value().contours, onPage, page.isAllLight);
+  if (off && off.value() > kGrosslyOff)
+    note(inked.value().notes, formatFixed(off.value() * 100, 1) + " % of its ink is off");
+  return withNotes(std::move(inked));
+}
+
+Result<Inked, std::string> inkOfPicture(PageSource& source) {
+  return trace(source, wholePage(source), false, "it is a picture");
+}
+
+bool isAllLight(PageSource& source) {
+  double scale = 1;
+  const auto written = writePage(source, scale);
+  const auto read = written ? readPaintedPage(written.value(), scale) : Failure{written.error()};
+  return read && read.value().isAllLight;
+}
+
+Result<FlatDrawing, std::string> flatDrawing(const PageSource& source, Inked inked,
+                                             const Matrix& userFromPixels, bool hasPage) {
+  const double perPixel = gridScale(source.size());
+  const double margin = source.margin();
+  const Placing placing{userFromPixels * Matrix{1 / perPixel, 0, 0, 1 / perPixel, -margin, -margin},
+                        // 100 units of a drawing, or its page, span the em of 1000.
+                        std::min(0.1 / userFromPixels.a * perPixel, kPageGrid / 1000)};
+  const Contours contours = tidied(inked.contours, placing.fontUnit);
+  if (contours.empty()) return noInk();
+  FlatDrawing drawing;
+  drawing.pathData = pathData(contours, placing);
+  drawing.notes = std::move(inked.notes);
+  const auto rect = [](Point least, Point most) {
+    return Rect{least.x, least.y, most.x - least.x, most.y - least.y};
+  };
+  if (hasPage) {
+    const Size page = source.size();
+    drawing.artboard.page = rect(userFromPixels({0, 0}), userFromPixels({page.width, page.height}));
+  } else {
+    const Box ink = boxOf(contours);
+    drawing.artboard.page = rect(placing({ink.minX, ink.minY}), placing({ink.maxX, ink.maxY}));
+  }
+  return drawing;
+}
+
+} // namespace quillery
