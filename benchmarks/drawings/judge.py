@@ -3,31 +3,39 @@
 
     judge.py [--quillery PROGRAM] [--roads plain flatten fontforge] [--pairs N] [--second]
              -o RESULTS FOLDER...
+    judge.py --check [--quillery PROGRAM]
     judge.py --self-check FOLDER...
 
 Every folder of drawings is a source. Writes RESULTS/results.json, table.md, and with --pairs
-worst_ROAD.png and over_ROAD_*.png. README.md says what the columns mean.
+worst_ROAD.png and over_ROAD_*.png. README.md says what the columns mean. --check holds `quillery
+flatten` to the hand-made drawings and what tests/drawings/expected.json says of them: it prints
+what is wrong and ends with 1, or with 77 where the libraries to judge with are missing.
 """
 
 import argparse
 import json
 import multiprocessing
+import re
 import sys
 import time
 from pathlib import Path
 from statistics import median
 
-import numpy
+try:
+    import numpy
 
-import outlines
-import pictures
-import roads
-import sheet
+    import outlines
+    import pictures
+    import roads
+    import sheet
+except (ImportError, ValueError) as missing:
+    print(f"can't judge here: {missing}", file=sys.stderr)
+    sys.exit(77)
 
 ROOT = Path(__file__).resolve().parents[2]
 RIGHT, WRONG, LOOK = 0.01, 0.05, 0.005
 LIMIT = 2.0  # seconds that a drawing may take
-EXPECTED = ROOT / "tests/drawings/expected.json"
+HAND_MADE = ROOT / "tests/drawings"
 
 
 def off(ours, drawn):
@@ -168,6 +176,37 @@ def pairs(rows, name, road, count, folder):
         sheet.write(over[start:start + 16], folder / f"over_{name}_{number:02}.png")
 
 
+def fault(row, expected):
+    """What is wrong with a hand-made drawing by `flatten`, in words; nothing when it is right."""
+    name, found = row["drawing"], row["roads"]["flatten"]
+    if name in expected["refused"]:
+        if found["state"] == "refused" and re.search(expected["refused"][name], found["said"]):
+            return ""
+        return f"should be refused for '{expected['refused'][name]}': {found}"
+    if found["state"] != "drawn":
+        return f"{found['state']}: {found['said']}"
+    noted = expected["noted"].get(name)
+    if noted and not re.search(noted, found["said"]):
+        return f"'{noted}' is not in its notes: {found['said']}"
+    if name in expected["guides"] or noted:
+        return ""
+    if "off" not in found:
+        return f"could not be judged: {row.get('unjudged', 'blank')}"
+    if found["off"] > RIGHT:
+        return f"{100 * found['off']:.2f} % off"
+    return f"took {found['seconds']:.1f} s" if found["seconds"] > LIMIT else ""
+
+
+def check(rows):
+    expected = json.loads((HAND_MADE / "expected.json").read_text())
+    faults = {row["drawing"]: fault(row, expected) for row in rows}
+    for name, words in faults.items():
+        if words:
+            print(f"{name}: {words}")
+    print(f"{len(rows)} drawings, {sum(map(bool, faults.values()))} of them wrong")
+    return 1 if any(faults.values()) else 0
+
+
 def self_check(files):
     """What the method reads where the answer is known: every drawing beside itself, its area by
     another grid of samples, and a square that is a hundredth wider."""
@@ -198,7 +237,7 @@ def self_check(files):
 
 def main():
     options = argparse.ArgumentParser(description="judges outlines made of drawings")
-    options.add_argument("folders", nargs="+", type=Path)
+    options.add_argument("folders", nargs="*", type=Path)
     options.add_argument("-o", "--out", type=Path, default=Path("judged"))
     options.add_argument("--quillery", type=Path, default=ROOT / "build/dev/bin/quillery")
     options.add_argument("--roads", nargs="+", default=["plain", "flatten", "fontforge"],
@@ -206,8 +245,11 @@ def main():
     options.add_argument("--pairs", type=int, default=0, metavar="N")
     options.add_argument("--second", action="store_true", help="judge beside Inkscape's pictures too")
     options.add_argument("--jobs", type=int, default=2)
+    options.add_argument("--check", action="store_true", help="hold the hand-made drawings")
     options.add_argument("--self-check", action="store_true")
     chosen = options.parse_args()
+    if chosen.check:
+        chosen.folders, chosen.roads = [HAND_MADE], ["flatten"]
     files = [file.resolve() for folder in chosen.folders for file in sorted(folder.glob("*.svg"))]
     if chosen.self_check:
         return self_check(files)
@@ -215,6 +257,9 @@ def main():
     made = {"plain": roads.Plain(program), "flatten": roads.Flatten(program),
             "fontforge": roads.FontForge(), "turned": roads.FontForge("turned")}
     made = {name: made[name] for name in chosen.roads}
+    if chosen.check:
+        with multiprocessing.Pool(chosen.jobs) as pool:
+            return check(pool.map(judge, [(file, made, None) for file in files]))
     chosen.out.mkdir(parents=True, exist_ok=True)
     second = pictures.second_pictures(files, chosen.out / "second") if chosen.second else {}
     started = time.monotonic()

@@ -89,7 +89,7 @@ def page_of(svg):
         _, ink, _ = handle.get_geometry_for_layer(None, _viewport(0, 0, 100, 100))
         wide, high = ink.x + ink.width, ink.y + ink.height
         sized = False
-    if not (0 < wide < 1e7 and 0 < high < 1e7):
+    if not (0 < wide < 1e9 and 0 < high < 1e9):
         raise NoPicture("no page")
     try:
         _, ink, _ = handle.get_geometry_for_layer(None, _viewport(0, 0, wide, high))
