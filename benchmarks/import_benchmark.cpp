@@ -64,15 +64,23 @@ void importAndWrite(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-void importOnly(benchmark::State& state) {
+void importWith(benchmark::State& state, const ImportOptions& options) {
   const DrawingFolder& folder = folderOf(state.range(0));
   for (auto _ : state) {
     HeadlessDesktop desktop({}, [](const Alert&) {});
     RecentProjectsManager recent(desktop);
     ProjectManager manager(desktop, recent);
-    importSVGFiles(manager, drawingsInFolder(folder.path()).value());
+    importSVGFiles(manager, drawingsInFolder(folder.path()).value(), options);
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void importOnly(benchmark::State& state) {
+  importWith(state, {});
+}
+
+void importLookingThrough(benchmark::State& state) {
+  importWith(state, {.lookThrough = true});
 }
 
 // Floor and import of one size next to each other, so that both see the same machine.
@@ -80,6 +88,7 @@ const bool registered = [] {
   for (const std::int64_t drawings : {100, 1000, 5000, 20000}) {
     for (const auto& [name, run] :
          {std::pair{"readAndScan", &readAndScan}, std::pair{"importOnly", &importOnly},
+          std::pair{"importLookingThrough", &importLookingThrough},
           std::pair{"importAndWrite", &importAndWrite}})
       benchmark::RegisterBenchmark(name, run)
           ->Arg(drawings)

@@ -9,6 +9,7 @@ two device pixels per logical pixel: FOLDER/NAME.png and FOLDER/NAME@2x.png.
 
 import argparse
 import json
+import re
 import subprocess
 import sys
 import tempfile
@@ -48,6 +49,41 @@ def draw_typeface(folder, count):
         glyphs[glyph].draw(pen)
         if pen.commands:
             write_drawing(folder / f"uni{character:04X}.svg", pen.commands, glyphs[glyph].width * scale)
+
+
+def draw_as_programs_do(folder):
+    """Letters as drawing programs write them: in pieces, moved, with strokes, with names beside the data."""
+    folder.mkdir()
+    for drawing in DRAWINGS:
+        data = re.search(r' d="([^"]*)"', drawing.read_text())[1]
+        pieces = [piece + "Z" for piece in data.split("Z") if piece.strip()]
+        page = '<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 90 120">'
+        if drawing.stem in {*"BDO"}:
+            body = "".join(f'<path d="{piece}" fill="{color}"/>' for piece, color in zip(pieces, ("black", "white", "white")))
+        elif drawing.stem in {*"ACE"}:
+            body = f'<g transform="translate(60 0) scale(-.8 .8)"><path d="{data}"/></g><rect x="0" y="95" width="60" height="8"/>'
+        elif drawing.stem in {*"FGH"}:
+            body = f'<path d="{pieces[0]}" fill="none" stroke="black" stroke-width="4"/>'
+        elif drawing.stem in {*"ab"}:
+            body = f'<path d="{data}" id="path7"/>'
+        elif drawing.stem in {*"cdefgh"}:
+            body = f'<path d="{data}"/>'
+        else:
+            continue
+        (folder / drawing.name).write_text(f"{page}{body}</svg>")
+    return folder
+
+
+def draw_sheet(file):
+    """The capitals in lines of nine, those of the first two lines in groups that are called by their names."""
+    letters = [drawing for drawing in DRAWINGS if re.fullmatch("[A-Z]", drawing.stem)]
+    groups = []
+    for place, drawing in enumerate(letters):
+        data = re.search(r' d="([^"]*)"', drawing.read_text())[1]
+        name = f' id="{drawing.stem}"' if place < 18 else ""
+        groups.append(f'<g{name} transform="translate({100 * (place % 9) + 10} {120 * (place // 9)})"><path d="{data}"/></g>')
+    file.write_text(f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 920 380">{"".join(groups)}</svg>')
+    return file
 
 
 class Stage:
@@ -266,6 +302,41 @@ def _(stage):
     window = stage.open(SAMPLE)
     window.click("Kerning")
     hover_preview(window)
+    return window
+
+
+def import_noted(stage):
+    window = stage.open()
+    folder = draw_as_programs_do(stage.new_folder() / "Letters")
+    source = stage.screen.start_drag_source(sorted(folder.glob("*.svg")))
+    window.drag(source.find("Drag source"), window.find("Import SVGs...", "push button"))
+    window.find("Show", "push button")
+    source.process.kill()
+    source.process.wait()
+    return window
+
+
+@scene("noted-bar")
+def _(stage):
+    return import_noted(stage)
+
+
+@scene("noted-sheet")
+def _(stage):
+    window = import_noted(stage)
+    window.click("Show")
+    window.find("Cancel", "push button")
+    return window
+
+
+@scene("import-sheet")
+def _(stage):
+    window = stage.open(stage.twelve())
+    window.key("alt+f")
+    window.key("Up", "Up", "Up", "Up", "Return")
+    window.choose_file(draw_sheet(stage.new_folder() / "Capitals.svg"))
+    window.find("Letters without a name, in order:")
+    window.type("ST V")
     return window
 
 

@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "drawing/converter.h"
 
 #ifdef QUILLERY_HAS_WINDOW
 #include "app/ui/letterloom_app.h"
@@ -27,6 +28,13 @@ quillery::ProgramPlaces programPlaces() {
   return places;
 }
 
+// None where the program came without what draws drawings.
+quillery::MakeFlattener flattenerMaker(const fs::path& executable) {
+  const auto converter = quillery::findConverter(executable);
+  if (!converter) return nullptr;
+  return [converter] { return std::make_shared<quillery::DrawingConverter>(*converter); };
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -34,12 +42,14 @@ int main(int argc, char** argv) {
   // die with a half-written file beside the project.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  const auto places = programPlaces();
+  const auto makeFlattener = flattenerMaker(places.executable);
   quillery::WindowToolkit toolkit;
 #ifdef QUILLERY_HAS_WINDOW
-  toolkit.openWindow = [&](const auto& places, const auto& project) {
-    return quillery::runWindow(argc, argv, places, project);
+  toolkit.openWindow = [&](const auto& window, const auto& project) {
+    return quillery::runWindow(argc, argv, window, project, makeFlattener);
   };
   toolkit.paintPreview = quillery::previewPng;
 #endif
-  return static_cast<int>(quillery::runCommandLine(argc, argv, programPlaces(), toolkit));
+  return static_cast<int>(quillery::runCommandLine(argc, argv, places, toolkit, makeFlattener));
 }

@@ -29,6 +29,10 @@ public:
   /// The window whose sheets panels and alerts are. Without one they stand for themselves.
   void setParentWindow(QWidget* window) { parent_ = window; }
 
+  void setDrawingFlattener(std::shared_ptr<DrawingFlattener> flattener) {
+    flattener_ = std::move(flattener);
+  }
+
   void showOpenPanel(const OpenPanelSettings& settings,
                      std::function<void(std::vector<std::filesystem::path>)> completion) override;
   std::shared_ptr<SavePanel>
@@ -41,6 +45,7 @@ public:
   std::unique_ptr<OneShotTimer> startTimer(double seconds, std::function<void()> fire) override;
   std::optional<std::vector<std::string>> storedList(const std::string& key) override;
   void storeList(const std::string& key, const std::vector<std::string>& list) override;
+  std::shared_ptr<DrawingFlattener> drawingFlattener() override { return flattener_; }
   std::optional<std::filesystem::path> resourceFolder() const override;
   std::filesystem::path executablePath() const override;
   void revealFile(const std::filesystem::path& file) override;
@@ -56,6 +61,7 @@ private:
   Places places_;
   QPointer<QWidget> parent_;
   std::unique_ptr<QSettings> settings_;
+  std::shared_ptr<DrawingFlattener> flattener_;
   std::vector<std::pair<std::string, QString>> folders_; ///< last used, by extension
   QObject main_;                                         ///< takes posted work
   Lifetime lifetime_;

@@ -29,9 +29,42 @@ void TextLabel::follow() {
   setPalette(colors);
 }
 
+ElidedLabel::ElidedLabel(const QString& text, TextStyle style, Qt::TextElideMode elision, Role role,
+                         QWidget* parent)
+    : TextLabel(text, style, role, parent), elision_(elision) {}
+
+QString ElidedLabel::shown() const {
+  return fontMetrics().elidedText(text(), elision_, width());
+}
+
+QSize ElidedLabel::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(text()) + 1, fontMetrics().height()};
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  return {0, fontMetrics().height()};
+}
+
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) setToolTip(shown() == text() ? QString() : text());
+  return TextLabel::event(event);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  style()->drawItemText(&painter, rect(), static_cast<int>(alignment()),
+                        palette(), isEnabled(), shown(), foregroundRole());
+}
+
 SymbolLabel::SymbolLabel(Symbol symbol, int size, Role role, QWidget* parent)
     : QWidget(parent), symbol_(symbol), role_(role) {
   setFixedSize(size, size);
+}
+
+void SymbolLabel::setSymbol(Symbol symbol, Role role) {
+  symbol_ = symbol;
+  role_ = role;
+  update();
 }
 
 void SymbolLabel::paintEvent(QPaintEvent*) {

@@ -32,11 +32,33 @@ private:
   Role role_;
 };
 
+/// One line that gives way where there is no room for all of it; its tool tip says the whole then.
+class ElidedLabel : public TextLabel {
+  Q_OBJECT
+public:
+  ElidedLabel(const QString& text, TextStyle style, Qt::TextElideMode elision,
+              Role role = Role::text, QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  QString shown() const;
+
+  Qt::TextElideMode elision_;
+};
+
 /// A symbol beside or above words that say the same; assistive technology passes over it.
 class SymbolLabel : public QWidget {
   Q_OBJECT
 public:
   SymbolLabel(Symbol symbol, int size, Role role = Role::textSecondary, QWidget* parent = nullptr);
+
+  void setSymbol(Symbol symbol, Role role);
 
 protected:
   void paintEvent(QPaintEvent* event) override;

@@ -15,7 +15,7 @@ using Fields = std::vector<std::string>;
 
 inline constexpr std::size_t kLengthBytes = 4;
 /// More is no message of ours.
-inline constexpr std::size_t kLongestMessage = 256 * 1024 * 1024;
+inline constexpr std::size_t kLongestMessage = 64 * 1024 * 1024;
 
 /// The message as it is sent.
 std::string encodeMessage(const Fields& fields);

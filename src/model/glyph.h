@@ -88,6 +88,12 @@ public:
   double metric(GlyphMetric metric) const { return record_.metric(metric); }
   const Rect& boundingBox() const { return record_.boundingBox; }
   const Outline& fontPath() const { return record_.fontPath; }
+  /// False when its drawing had no readable point: its box is infinite then, and no document can
+  /// hold it.
+  bool hasBox() const {
+    const Rect& box = record_.boundingBox;
+    return isFinite(Point{box.x, box.y}) && isFinite(Point{box.maxX(), box.maxY()});
+  }
   const GlyphPlacement& placement() const { return record_; }
 
   void setUnicode(std::optional<Utf8> unicode) { record_.unicode = std::move(unicode); }

@@ -10,6 +10,8 @@
 
 namespace quillery {
 
+class DrawingFlattener;
+
 /// A panel that asks for files to open.
 struct OpenPanelSettings {
   std::string message;
@@ -107,6 +109,10 @@ public:
   /// A stored setting; nothing when there is none or it is not a list of texts.
   virtual std::optional<std::vector<std::string>> storedList(const std::string& key) = 0;
   virtual void storeList(const std::string& key, const std::vector<std::string>& list) = 0;
+
+  /// What makes drawings plain that the reader does not take as they were meant; null where the
+  /// program came without.
+  virtual std::shared_ptr<DrawingFlattener> drawingFlattener() { return nullptr; }
 
   /// The folder of the files that ship with the program, if there is one.
   virtual std::optional<std::filesystem::path> resourceFolder() const = 0;

@@ -8,13 +8,15 @@
 
 namespace quillery {
 
-/// A drawing that was imported and holds more than was read.
+/// A drawing that was imported and holds more than was read, or that was converted with a loss.
 struct NotedDrawing {
   std::filesystem::path file;
   /// The glyph that was made of it; nil when it was left out.
   Uuid glyph;
   /// What was not taken as it was meant: "relative commands, 2 further shapes".
   std::string reasons;
+  /// It went through a flattener: the reasons are what that left out or guessed.
+  bool converted = false;
 };
 
 /// An import under way in the background, for those who show it.

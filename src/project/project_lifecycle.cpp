@@ -22,6 +22,7 @@ void ProjectManager::install(FontProject project, std::optional<fs::path> file) 
   kerningIndex_.reset();
   glyphBeingEdited_.reset();
   notedDrawings_.clear();
+  drawingsLookedAt_ = 0;
   url_ = std::move(file);
   documentChanged({What::project});
   // After those who show the old project have let go of it.

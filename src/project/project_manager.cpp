@@ -206,18 +206,24 @@ private:
 } // namespace
 
 void ProjectManager::deleteSelectedGlyphs() {
+  deleteGlyphs(selectedGlyphIds_);
+}
+
+void ProjectManager::deleteGlyphs(std::unordered_set<Uuid> ids) {
   endEdit();
-  if (selectedGlyphIds_.empty()) return;
+  if (ids.empty()) return;
   std::vector<Glyph> deleted;
   editGlyphList([&](std::vector<Glyph>& glyphs) {
-    const auto isKept = [this](const Glyph& g) { return !selectedGlyphIds_.contains(g.id()); };
+    const auto isKept = [&](const Glyph& g) { return !ids.contains(g.id()); };
     const auto gone = std::stable_partition(glyphs.begin(), glyphs.end(), isKept);
     deleted.assign(std::make_move_iterator(gone), std::make_move_iterator(glyphs.end()));
     glyphs.erase(gone, glyphs.end());
   });
-  addUndoStep(action::deleteGlyphs(selectedGlyphIds_.size()),
+  addUndoStep(action::deleteGlyphs(ids.size()),
               std::make_unique<DeletionStep>(std::move(deleted), selectedGlyphIds_));
-  setSelection({}, lastSelectedGlyphId_);
+  auto selection = selectedGlyphIds_;
+  std::erase_if(selection, [&](const Uuid& id) { return ids.contains(id); });
+  setSelection(std::move(selection), lastSelectedGlyphId_);
 }
 
 void ProjectManager::deleteGlyph(Uuid id) {
@@ -307,6 +313,14 @@ void ProjectManager::noteDrawings(std::vector<NotedDrawing> drawings) {
     return newest[drawing.file.native()] != place++;
   });
   announce(What::imports);
+}
+
+void ProjectManager::noteImport(std::span<const std::filesystem::path> files,
+                                std::vector<NotedDrawing> drawings) {
+  const std::size_t before = notedDrawings_.size();
+  forgetNotedDrawings(files);
+  drawingsLookedAt_ += files.size() - std::min(files.size(), before - notedDrawings_.size());
+  noteDrawings(std::move(drawings));
 }
 
 void ProjectManager::forgetNotedDrawings(std::span<const std::filesystem::path> files) {

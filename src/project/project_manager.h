@@ -136,6 +136,8 @@ public:
 
   /// Deletes the selected glyphs as one step that can be undone, but not redone.
   void deleteSelectedGlyphs();
+  /// The same for these glyphs; the others that are selected stay so.
+  void deleteGlyphs(std::unordered_set<Uuid> ids);
   /// Deletes one glyph for good.
   void deleteGlyph(Uuid id);
 
@@ -190,10 +192,16 @@ public:
   void removeImport(const ImportTask& task);
   void announceImportProgress() { announce(ProjectChange::What::imports); }
 
-  /// Drawings of this project that hold more than was read, in the order in which they were noted.
+  /// Drawings of this project that hold more than was read or lost something when they were
+  /// converted, in the order in which they were noted.
   const std::vector<NotedDrawing>& notedDrawings() const { return notedDrawings_; }
   /// Adds drawings. What was noted of the same file before goes.
   void noteDrawings(std::vector<NotedDrawing> drawings);
+  /// What an import of `files` noted. It takes the place of what was noted of these files before.
+  void noteImport(std::span<const std::filesystem::path> files, std::vector<NotedDrawing> drawings);
+  /// How many drawings such imports were of: of which those that are noted are some. A drawing that
+  /// was noted when it came again counts once.
+  std::size_t drawingsLookedAt() const { return drawingsLookedAt_; }
   void forgetNotedDrawings(std::span<const std::filesystem::path> files);
 
   // -- State of the export
@@ -227,6 +235,7 @@ private:
   std::optional<std::filesystem::path> url_;
   std::vector<std::shared_ptr<ImportTask>> imports_;
   std::vector<NotedDrawing> notedDrawings_;
+  std::size_t drawingsLookedAt_ = 0;
   bool isExporting_ = false;
   ExportStatus exportStatus_;
   int selectedTab_ = 0;

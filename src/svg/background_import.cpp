@@ -192,11 +192,9 @@ private:
   }
 
   void note(const ImportOutcome& outcome) {
-    std::vector<NotedDrawing> noted;
-    for (const NotedDrawing& drawing : outcome.noted)
-      if (!options_.flattener || drawing.glyph == Uuid()) noted.push_back(drawing);
-    manager_.forgetNotedDrawings(names_);
-    manager_.noteDrawings(std::move(noted));
+    std::vector<NotedDrawing> noted = outcome.noted;
+    for (NotedDrawing& drawing : noted) drawing.converted = options_.flattener != nullptr;
+    manager_.noteImport(names_, std::move(noted));
   }
 
   ProjectManager& manager_;

@@ -12,8 +12,7 @@ namespace quillery {
 /// once, when all are read. Until then it stands in ProjectManager::imports. The arrival of another
 /// project cancels it, which is printed: the drawings can be imported again, a glyph in the wrong
 /// project would be one to find. What the import noted takes the place of what was noted of these
-/// files before; of drawings that a flattener made plain only those that were left out stay noted,
-/// `finished` hears of all.
+/// files before.
 void startImport(ProjectManager& manager, std::vector<std::filesystem::path> files,
                  ImportOptions options = {}, ImportFinished finished = nullptr);
 

@@ -11,13 +11,9 @@
 namespace quillery {
 namespace {
 
-bool isFinite(const Rect& box) {
-  return quillery::isFinite(Point{box.x, box.y}) && quillery::isFinite({box.maxX(), box.maxY()});
-}
-
 Glyph placed(SVGParser::UnplacedDrawing drawing, double unitsPerEm) {
-  auto& [glyph, outline] = drawing;
-  auto inEm = PathConverter::placeInEm(outline, glyph.record().viewBox, unitsPerEm);
+  Glyph& glyph = drawing.glyph;
+  auto inEm = PathConverter::placeInEm(drawing.outline, glyph.record().viewBox, unitsPerEm);
   glyph.placeOutline(std::move(inEm.fontPath), inEm.boundingBox);
   return std::move(glyph);
 }
@@ -26,23 +22,26 @@ Drawing flattenAndPlace(const std::filesystem::path& file, std::string_view cont
                         DrawingFlattener& flattener, double unitsPerEm) {
   auto flat = flattener.flatten(content);
   if (!flat) return {{}, {}, {}, flat.error()};
-  FlatDrawing& drawing = flat.value();
-  Glyph glyph = placed(SVGParser::drawingOf(file, std::move(drawing.pathData)), unitsPerEm);
-  if (!isFinite(glyph.boundingBox())) return {{}, {}, {}, "nothing is drawn"};
-  return {std::move(glyph), {}, drawing.artboard, listed(drawing.notes)};
+  return placeFlat(Utf8::mended(file.stem().string()), std::move(flat).value(), unitsPerEm);
+}
+
+bool isPlain(const SVGParser::UnplacedDrawing& drawing, std::string_view content) {
+  return drawing.isPlain &&
+         hasNothingToNote(content, drawing.glyph.record().svgPath.view(), drawing.outline);
 }
 
 Drawing readAndPlace(const std::filesystem::path& file, std::string_view content,
                      const ImportOptions& options, double unitsPerEm) {
   auto read = SVGParser::readDrawing(file, content);
   Drawing drawing;
-  if (options.lookThrough) drawing.reasons = notesOnReading(content).inWords();
+  if (options.lookThrough && !(read && isPlain(read.value(), content)))
+    drawing.reasons = notesOnReading(content).inWords();
   if (!read) {
     drawing.line = read.error();
     return drawing;
   }
   drawing.glyph = placed(std::move(read).value(), unitsPerEm);
-  if (options.leaveOutEmpty && !isFinite(drawing.glyph->boundingBox())) {
+  if (options.leaveOutEmpty && !drawing.glyph->hasBox()) {
     drawing.glyph.reset();
     drawing.reasons.insert(0,
                            drawing.reasons.empty() ? "no readable point" : "no readable point, ");
@@ -52,7 +51,10 @@ Drawing readAndPlace(const std::filesystem::path& file, std::string_view content
 
 Drawing drawingIn(const std::filesystem::path& file, const ImportOptions& options,
                   double unitsPerEm, FileBytes& buffer) {
-  if (!readFile(file, buffer)) return {{}, SVGParser::unreadable(file), {}, {}};
+  if (const auto read = readFile(file, buffer); !read) {
+    if (options.flattener) return {{}, {}, {}, read.error().reason};
+    return {{}, SVGParser::unreadable(file), {}, {}};
+  }
   if (options.flattener)
     return flattenAndPlace(file, buffer.view(), *options.flattener, unitsPerEm);
   return readAndPlace(file, buffer.view(), options, unitsPerEm);
@@ -78,6 +80,12 @@ void readDrawings(const std::vector<std::filesystem::path>& files, const ImportO
                      if (!take(batch * batchSize + i, std::move(drawings[i]))) return false;
                    return true;
                  });
+}
+
+Drawing placeFlat(const Utf8& fileName, FlatDrawing drawing, double unitsPerEm) {
+  Glyph glyph = placed(SVGParser::drawingOf(fileName, std::move(drawing.pathData)), unitsPerEm);
+  if (!glyph.hasBox()) return {{}, {}, {}, "nothing is drawn"};
+  return {std::move(glyph), {}, drawing.artboard, listed(drawing.notes)};
 }
 
 void placeAgain(Glyph& glyph, double unitsPerEm) {

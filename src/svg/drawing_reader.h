@@ -28,6 +28,9 @@ struct Drawing {
 void readDrawings(const std::vector<std::filesystem::path>& files, const ImportOptions& options,
                   double unitsPerEm, const std::function<bool(std::size_t index, Drawing)>& take);
 
+/// A drawing that a flattener made plain, with the name of its file without extension.
+Drawing placeFlat(const Utf8& fileName, FlatDrawing drawing, double unitsPerEm);
+
 /// The placing of a glyph that was read for an em of another size.
 void placeAgain(Glyph& glyph, double unitsPerEm);
 

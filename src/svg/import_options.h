@@ -23,9 +23,6 @@ struct ImportOptions {
   bool lookThrough = false;
 };
 
-/// How the window imports: the drawings as the plain reader takes them, and what it left.
-inline const ImportOptions kWindowImport{.lookThrough = true};
-
 /// What came of an import.
 struct ImportOutcome {
   std::size_t imported = 0;

@@ -36,7 +36,11 @@ constexpr std::array<Kind, 256> kKinds = [] {
 class Scanner {
 public:
   PathDataNotes scan(std::string_view text) {
-    for (const char c : text) take(c, kKinds[static_cast<unsigned char>(c)]);
+    for (const char c : text) {
+      const Kind kind = kKinds[static_cast<unsigned char>(c)];
+      if (kind != Kind::digit || !inNumber_) take(c, kind);
+      last_ = kind;
+    }
     return notes_;
   }
 
@@ -73,7 +77,6 @@ private:
     case Kind::other:
       notes_.unknownCharacters = true;
     }
-    last_ = kind;
   }
 
   void beginNumber() {

@@ -31,7 +31,7 @@ public:
     return true;
   }
 
-  DrawnPath finish() { return {std::move(commands_), box_.rect()}; }
+  DrawnPath finish() { return {std::move(commands_), box_.rect(), true}; }
 
 private:
   bool readCommand(char letter) {

@@ -39,6 +39,8 @@ struct DrawnPath {
   Outline outline;
   /// Around every coordinate pair.
   Rect viewBox;
+  /// By readPlainPath.
+  bool isPlain = false;
 };
 
 /// Reads path data as programs write it, each number once: the letters M, L, C and Z in either

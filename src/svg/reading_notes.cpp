@@ -84,7 +84,7 @@ public:
     skipSpace();
     if (take("<?xml ")) {
       const std::size_t end = rest_.find("?>");
-      if (end == rest_.npos) return false;
+      if (end == rest_.npos || rest_.substr(0, end).find('<') != rest_.npos) return false;
       rest_.remove_prefix(end + 2);
       skipSpace();
     }
@@ -103,20 +103,22 @@ private:
   static constexpr std::array<std::string_view, 2> kOfPath = {"d", "fill"};
 
   template <typename Names> bool takeAttributes(const Names& names) {
-    bool hasPathData = false;
+    std::array<bool, std::tuple_size_v<Names>> seen{};
     while (skipSpace()) {
       if (rest_.starts_with('>') || rest_.starts_with("/>")) return true;
       const std::size_t equals = rest_.find('=');
       if (equals == rest_.npos) return false;
       const std::string_view name = rest_.substr(0, equals);
-      if (std::find(names.begin(), names.end(), name) == names.end()) return false;
-      if (name == "d" && std::exchange(hasPathData, true)) return false;
+      const auto known = std::find(names.begin(), names.end(), name);
+      if (known == names.end()) return false;
+      if (std::exchange(seen[static_cast<std::size_t>(known - names.begin())], true)) return false;
       rest_.remove_prefix(equals + 1);
       if (!take("\"")) return false;
       const std::size_t end = rest_.find('"');
       if (end == rest_.npos) return false;
       const std::string_view value = rest_.substr(0, end);
       if (name == "fill" && value != "black" && value != "#000" && value != "#000000") return false;
+      if (name != "d" && value.find_first_of("<&") != value.npos) return false;
       rest_.remove_prefix(end + 1);
     }
     return true;
@@ -156,6 +158,19 @@ std::string ReadingNotes::inWords() const {
   return listed(reasons);
 }
 
+bool hasNothingToNote(std::string_view svg, std::string_view pathData, const Outline& outline) {
+  std::size_t letters = 0, small = 0;
+  for (const char c : pathData) {
+    letters += c == 'M';
+    small += c >= 'a' && c != 'z';
+  }
+  if (small > 0) return false;
+  std::size_t moves = 0; // a move of several pairs means lines
+  for (const PathCommand& command : outline.commands())
+    moves += command.kind == PathCommand::Kind::moveTo;
+  return moves == letters && PlainDrawing(svg).matches();
+}
+
 ReadingNotes notesOnReading(std::string_view svg) {
   ReadingNotes notes;
   auto& reasons = notes.reasons;
@@ -166,8 +181,6 @@ ReadingNotes notesOnReading(std::string_view svg) {
   const auto taken = SVGParser::findPathData(svg);
   PathDataNotes data;
   if (taken) data = notesOnPathData(*taken);
-  if (taken && data.isPlain() && PlainDrawing(svg).matches()) return notes;
-
   const auto offset =
       taken ? std::optional(static_cast<std::size_t>(taken->data() - svg.data())) : std::nullopt;
   const DrawnShapes shapes = drawnShapes(svg, offset);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "project/project_manager.h"
-#include "svg/import_options.h"
 
 #include <filesystem>
 #include <vector>
@@ -15,9 +14,9 @@ public:
 
   /// True when at least one of the files is a drawing.
   bool validateDrop(const std::vector<std::filesystem::path>& files) const;
-  /// Starts their import and returns true; false, and nothing happens, when none is a drawing.
-  bool performDrop(const std::vector<std::filesystem::path>& files,
-                   const ImportOptions& options = kWindowImport, ImportFinished finished = nullptr);
+  /// Starts their import (windowImportOptions) and returns true; false, and nothing happens, when
+  /// none is a drawing.
+  bool performDrop(const std::vector<std::filesystem::path>& files);
 
 private:
   ProjectManager& projectManager_;

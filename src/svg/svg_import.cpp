@@ -5,6 +5,7 @@
 #include "svg/background_import.h"
 #include "svg/drawing_files.h"
 #include "svg/drawing_reader.h"
+#include "svg/window_import.h"
 
 #include <algorithm>
 #include <cmath>
@@ -126,12 +127,11 @@ ImportOutcome takeDrawings(ProjectManager& manager, const std::vector<std::files
   });
 }
 
-void importSVG(ProjectManager& manager, const ImportOptions& options, ImportFinished finished) {
+void importSVG(ProjectManager& manager) {
   manager.desktop().showOpenPanel(
       {"Select SVG files to import as glyphs", true, kDrawingExtension},
-      manager.lifetime().guard([&manager, options, finished = std::move(finished)](
-                                   const std::vector<std::filesystem::path>& files) {
-        if (!files.empty()) startImport(manager, files, options, finished);
+      manager.lifetime().guard([&manager](const std::vector<std::filesystem::path>& files) {
+        if (!files.empty()) startImport(manager, files, windowImportOptions(manager.desktop()));
       }));
 }
 

@@ -10,9 +10,8 @@
 
 namespace quillery {
 
-/// Asks for drawings and imports them in the background.
-void importSVG(ProjectManager& manager, const ImportOptions& options = kWindowImport,
-               ImportFinished finished = nullptr);
+/// Asks for drawings and imports them in the background (windowImportOptions).
+void importSVG(ProjectManager& manager);
 
 /// Reads the drawings in order. Each becomes a new glyph, or takes the place, character and
 /// metrics of the first glyph of its name; then the glyphs are sorted by name and the last one

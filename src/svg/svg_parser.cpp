@@ -88,8 +88,7 @@ std::string unreadable(const std::filesystem::path& file) {
   return "Failed to read SVG file: " + fileUrl(file);
 }
 
-UnplacedDrawing drawingOf(const std::filesystem::path& file, Utf8 pathData) {
-  const Utf8 fileName = Utf8::mended(file.stem().string());
+UnplacedDrawing drawingOf(const Utf8& fileName, Utf8 pathData) {
   GlyphRecord glyph;
   glyph.id = Uuid::random();
   if (const auto character = unicodeForFileName(fileName)) glyph.unicode = Utf8::mended(*character);
@@ -97,16 +96,16 @@ UnplacedDrawing drawingOf(const std::filesystem::path& file, Utf8 pathData) {
   DrawnPath path = readPath(pathData);
   glyph.svgPath = SharedText(std::move(pathData));
   glyph.viewBox = path.viewBox;
-  return {Glyph(std::move(glyph)), std::move(path.outline)};
+  return {Glyph(std::move(glyph)), std::move(path.outline), path.isPlain};
 }
 
 Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& file,
                                                  std::string_view content) {
   if (!isValidUtf8(content)) return Failure{unreadable(file)};
   const auto pathData = findPathData(content);
-  if (!pathData)
-    return Failure{"Failed to extract path data from: " + Utf8::mended(file.stem().string())};
-  return drawingOf(file, Utf8::mended(*pathData)); // of a file that is UTF-8
+  const Utf8 fileName = Utf8::mended(file.stem().string());
+  if (!pathData) return Failure{"Failed to extract path data from: " + fileName};
+  return drawingOf(fileName, Utf8::mended(*pathData)); // of a file that is UTF-8
 }
 
 std::optional<Glyph> parseSVGFile(const std::filesystem::path& file) {

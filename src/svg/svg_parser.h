@@ -24,6 +24,8 @@ std::optional<Glyph> parseSVGFile(const std::filesystem::path& file);
 struct UnplacedDrawing {
   Glyph glyph;
   Outline outline;
+  /// Its path data is as programs write it (readPlainPath).
+  bool isPlain = false;
 };
 
 /// The same of the file's content, with the outline, and with the line as the error instead of
@@ -34,8 +36,8 @@ Result<UnplacedDrawing, std::string> readDrawing(const std::filesystem::path& fi
 /// The line for a file that can't be read.
 std::string unreadable(const std::filesystem::path& file);
 
-/// What path data draws, with name and character from the name of its file.
-UnplacedDrawing drawingOf(const std::filesystem::path& file, Utf8 pathData);
+/// What path data draws, with name and character from the name of its file without extension.
+UnplacedDrawing drawingOf(const Utf8& fileName, Utf8 pathData);
 
 /// The value of the last attribute whose name ends in d (d itself, or an id behind it) within the
 /// first path element that has one; nothing when there is none. Linear time, whatever the text.

@@ -26,6 +26,7 @@ public:
   /// Panels wait for `confirmSavePanel` instead of being answered at once.
   bool holdSavePanel = false;
   std::optional<std::filesystem::path> resources;
+  std::shared_ptr<DrawingFlattener> flattener;
   std::filesystem::path executable = "/nowhere/bin/quillery";
   std::map<std::string, std::vector<std::string>> stored;
 
@@ -60,6 +61,7 @@ public:
   std::optional<std::vector<std::string>> storedList(const std::string& key) override;
   void storeList(const std::string& key, const std::vector<std::string>& list) override;
   std::optional<std::filesystem::path> resourceFolder() const override { return resources; }
+  std::shared_ptr<DrawingFlattener> drawingFlattener() override { return flattener; }
   std::filesystem::path executablePath() const override { return executable; }
   void revealFile(const std::filesystem::path& file) override { revealedFiles.push_back(file); }
   bool openWebPage(const std::string&) override { return true; }

@@ -80,8 +80,8 @@ TEST_F(ImportTest, SkipsWhatItCannotReadAndSaysSo) {
   d.manager.setSelectedTab(1);
   std::vector<std::size_t> done;
   auto outcome =
-      importSVGFiles(d.manager, {latin, wide, none, d.folder / "folder.svg", d.folder / "gone.svg"}, {},
-                     [&](std::size_t n) { done.push_back(n); });
+      importSVGFiles(d.manager, {latin, wide, none, d.folder / "folder.svg", d.folder / "gone.svg"},
+                     {}, [&](std::size_t n) { done.push_back(n); });
   const auto lines = d.console.lines();
   ASSERT_EQ(lines.size(), 5U);
   EXPECT_EQ(lines[0], "Failed to read SVG file: " + fileUrl(d.folder.path()) + "/la%20tin.svg");

@@ -10,6 +10,13 @@
 namespace quillery {
 namespace {
 
+QString describe(const Glyph& glyph) {
+  const QString character = shownText(glyph.character());
+  if (glyph.hasBox()) return character;
+  const QString lack = GlyphCardArea::tr("no outline");
+  return character.isEmpty() ? lack : QString(character + QStringLiteral(", ") + lack);
+}
+
 class AccessibleCard : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
   AccessibleCard(GlyphCardArea& cards, std::size_t index) : cards_(&cards), index_(index) {}
@@ -29,7 +36,7 @@ public:
     const Glyph* glyph = isValid() ? cards_->glyphOfCard(index_) : nullptr;
     if (!glyph) return {};
     if (kind == QAccessible::Name) return shownText(glyph->name());
-    if (kind == QAccessible::Description) return shownText(glyph->character());
+    if (kind == QAccessible::Description) return describe(*glyph);
     return {};
   }
   void setText(QAccessible::Text, const QString&) override {}

@@ -1,6 +1,7 @@
 #include "app/ui/commands_table.h"
 
 #include "svg/svg_import.h"
+#include "svg/window_import.h"
 
 #include <QCoreApplication>
 
@@ -11,6 +12,10 @@ QString tr(const char* text) {
   return QCoreApplication::translate("Commands", text);
 }
 
+bool isByArtboard(const ImportPreferences& preferences) {
+  return preferences.placement == DrawingPlacement::artboard;
+}
+
 } // namespace
 
 std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlow,
@@ -19,12 +24,23 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
   const auto always = [] { return true; };
   const auto hasGlyphs = [&manager] { return !manager.currentProject().glyphs.empty(); };
   const auto hasSelection = [&manager] { return !manager.selectedGlyphIds().empty(); };
+  const auto converts = [&manager] { return manager.desktop().drawingFlattener() != nullptr; };
   std::vector<Command> table;
   const auto add = [&](Menu menu, const char* id, const QString& title,
                        const QKeySequence& shortcut, std::function<bool()> isEnabled,
                        std::function<void()> run) {
     table.push_back(
         {menu, QString::fromLatin1(id), title, shortcut, std::move(isEnabled), std::move(run)});
+  };
+  const auto addSwitch = [&](const char* id, const QString& title,
+                             bool (*isOn)(const ImportPreferences&),
+                             void (*turnOver)(ImportPreferences&)) {
+    add(Menu::file, id, title, {}, converts, [&manager, turnOver] {
+      ImportPreferences preferences = importPreferences(manager.desktop());
+      turnOver(preferences);
+      setImportPreferences(manager, preferences);
+    });
+    table.back().isOn = [&manager, isOn] { return isOn(importPreferences(manager.desktop())); };
   };
   const auto divider = [&](Menu menu) { table.push_back({menu, {}, {}, {}, always, nullptr}); };
 
@@ -43,6 +59,19 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
   divider(Menu::file);
   add(Menu::file, "exportFont", tr("Export Font..."), Qt::CTRL | Qt::Key_E, hasGlyphs,
       [&] { exportFlow.exportFont(); });
+  divider(Menu::file);
+  add(Menu::file, "importSheet", tr("Import Sheet..."), {}, converts, targets.importSheet);
+  addSwitch(
+      "alwaysConvert", tr("Always Convert Drawings"),
+      [](const ImportPreferences& preferences) { return preferences.alwaysConvert; },
+      [](ImportPreferences& preferences) {
+        preferences.alwaysConvert = !preferences.alwaysConvert;
+      });
+  addSwitch("placeByArtboard", tr("Place by Artboard"), isByArtboard,
+            [](ImportPreferences& preferences) {
+              preferences.placement =
+                  isByArtboard(preferences) ? DrawingPlacement::edges : DrawingPlacement::artboard;
+            });
   divider(Menu::file);
   add(Menu::file, "quit", tr("Quit"), Qt::CTRL | Qt::Key_Q, always, targets.quit);
 

@@ -20,7 +20,8 @@ struct Command {
   QKeySequence shortcut;
   std::function<bool()> isEnabled;
   std::function<void()> run;
-  bool isOpenRecent = false; ///< the place of that submenu
+  bool isOpenRecent = false;            ///< the place of that submenu
+  std::function<bool()> isOn = nullptr; ///< of a switch, which `run` turns over
 };
 
 /// What commands reach that is neither the project nor the export.
@@ -28,6 +29,7 @@ struct CommandTargets {
   std::function<void()> showLicenses;
   std::function<void()> openHelp;
   std::function<void()> quit;
+  std::function<void()> importSheet;
 };
 
 /// Every command, menu by menu in their order.

@@ -23,6 +23,14 @@ using What = ProjectChange::What;
 constexpr int kLargeCards = 140;      // above, the character is set larger
 constexpr qint64 kTypingPause = 1000; // ms after which typing begins anew
 constexpr qreal kBorder = 2;
+constexpr int kMark = 24;
+
+// Stands where the outline would be.
+void paintMark(QPainter& painter, const QRect& preview) {
+  QRect place(0, 0, kMark, kMark);
+  place.moveCenter(preview.center());
+  paintSymbol(painter, Symbol::exclamationTriangle, place, themeColor(Role::danger));
+}
 
 } // namespace
 
@@ -175,6 +183,15 @@ void GlyphCardArea::repaintCard(const Uuid& id) {
   if (place.intersects(viewport()->rect())) viewport()->update(place);
 }
 
+bool GlyphCardArea::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto card = cardAt(static_cast<QHelpEvent*>(event)->pos());
+    const Glyph* glyph = card ? glyphOfCard(*card) : nullptr;
+    setToolTip(glyph && !glyph->hasBox() ? tr("No outline was found in the drawing") : QString());
+  }
+  return QAbstractScrollArea::viewportEvent(event);
+}
+
 bool GlyphCardArea::event(QEvent* event) {
   // Letters typed into the grid find glyphs; they are no shortcuts of the window.
   if (event->type() == QEvent::ShortcutOverride) {
@@ -212,6 +229,7 @@ void GlyphCardArea::paintCard(QPainter& painter, std::size_t index) {
   const QPixmap picture = outlinePicture(glyph->fontPath(), glyph->boundingBox(), preview.size(),
                                          devicePixelRatioF(), themeColor(Role::text));
   if (!picture.isNull()) painter.drawPixmap(preview.topLeft(), picture);
+  if (!glyph->hasBox()) paintMark(painter, preview);
 
   const Theme& theme = Theme::current();
   const bool hasCharacter = glyph->unicode() && !glyph->unicode()->empty();

@@ -14,11 +14,13 @@ namespace {
 // All that lives as long as the program runs.
 class LetterloomApp {
 public:
-  LetterloomApp(QApplication& application, const ProgramPlaces& places)
+  LetterloomApp(QApplication& application, const ProgramPlaces& places,
+                std::shared_ptr<DrawingFlattener> flattener)
       : theme_(application), desktop_({places.resourceFolder, places.executable, {}}),
         generator_(desktop_, {places.resourceFolder, places.developmentExecutable,
                               places.developmentScript}) {
     desktop_.setParentWindow(&window_);
+    desktop_.setDrawingFlattener(std::move(flattener));
     window_.show();
   }
 
@@ -37,7 +39,8 @@ private:
 } // namespace
 
 ExitStatus runWindow(int& argc, char** argv, const ProgramPlaces& places,
-                     const std::optional<std::filesystem::path>& project) {
+                     const std::optional<std::filesystem::path>& project,
+                     const MakeFlattener& makeFlattener) {
   // Qt ends the program when it finds no display; say why instead.
   const auto isSet = [](const char* variable) { return qEnvironmentVariableIsSet(variable); };
   if (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY") && !isSet("QT_QPA_PLATFORM")) {
@@ -48,7 +51,7 @@ ExitStatus runWindow(int& argc, char** argv, const ProgramPlaces& places,
   QCoreApplication::setApplicationName(QStringLiteral("Quillery"));
   QCoreApplication::setOrganizationName(QStringLiteral("Quillery"));
   QGuiApplication::setWindowIcon(applicationIcon());
-  LetterloomApp app(application, places);
+  LetterloomApp app(application, places, makeFlattener ? makeFlattener() : nullptr);
   if (project) app.open(*project);
   return QApplication::exec() == 0 ? ExitStatus::done : ExitStatus::failed;
 }

@@ -7,7 +7,9 @@
 namespace quillery {
 
 /// Runs the program with its window until the user quits, on `project` when one is given.
+/// Drawings are converted by what `makeFlattener` makes, if it makes one.
 ExitStatus runWindow(int& argc, char** argv, const ProgramPlaces& places,
-                     const std::optional<std::filesystem::path>& project);
+                     const std::optional<std::filesystem::path>& project,
+                     const MakeFlattener& makeFlattener);
 
 } // namespace quillery

@@ -8,11 +8,13 @@
 #include "desktop/outline_painting.h"
 #include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
+#include "drawing/ui/sheet_import_view.h"
 #include "export/ui/export_progress_view.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "preview/ui/preview_panel.h"
 #include "svg/ui/dropped_files.h"
 #include "svg/ui/import_progress_view.h"
+#include "svg/ui/noted_drawings_bar.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -52,14 +54,14 @@ std::optional<fs::path> droppedProject(const QMimeData& data) {
 MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentProjects,
                        ExportFlow& exportFlow)
     : manager_(manager), recentProjects_(recentProjects),
-      commands_(
-          commandTable(manager, exportFlow,
-                       {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); }})),
+      commands_(commandTable(manager, exportFlow,
+                             {[this] { showLicenses(); }, [this] { openHelp(); },
+                              [this] { close(); }, [this] { importSheet(manager_, this); }})),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
       // Values are here for the edit that is being typed or dragged, which can be undone.
       watch_(manager,
              {{What::file, What::savedBadge, What::selectedTab, What::glyphList, What::selection,
-               What::history, What::fontInfo, What::glyphs, What::kerningPair}},
+               What::history, What::fontInfo, What::glyphs, What::kerningPair, What::imports}},
              [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("mainWindow"));
   setMinimumSize(kLeastSize);
@@ -92,14 +94,24 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
 
   pages_ = new QStackedWidget(body);
   workAreas_ = new QStackedWidget(pages_);
-  glyphs_ = new GlyphSplitView(manager_, workAreas_);
-  workAreas_->addWidget(glyphs_);
+  workAreas_->addWidget(makeGlyphsPane());
   workAreas_->addWidget(new KerningEditorView(manager_, workAreas_));
   split_ = new ResizableSplitView(workAreas_, kLeastWorkArea, kLeastPreview, pages_);
   pages_->addWidget(new EmptyStateView(manager_, pages_));
   pages_->addWidget(split_);
   row->addWidget(pages_, 1);
   return body;
+}
+
+QWidget* MainWindow::makeGlyphsPane() {
+  auto* pane = new QWidget(workAreas_);
+  glyphs_ = new GlyphSplitView(manager_, pane);
+  auto* column = new QVBoxLayout(pane);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(new NotedDrawingsBar(manager_, pane));
+  column->addWidget(glyphs_, 1);
+  return pane;
 }
 
 void MainWindow::makeMenus() {
@@ -122,6 +134,7 @@ void MainWindow::makeMenus() {
     QAction* action = menu->addAction(command.title);
     action->setObjectName(command.id);
     action->setShortcut(command.shortcut);
+    action->setCheckable(command.isOn != nullptr);
     connect(action, &QAction::triggered, this, [this, i] { commands_[i].run(); });
     actions_.emplace_back(action, i);
   }
@@ -222,7 +235,11 @@ void MainWindow::togglePreview() {
 }
 
 void MainWindow::enableCommands() {
-  for (const auto& [action, command] : actions_) action->setEnabled(commands_[command].isEnabled());
+  for (const auto& [action, i] : actions_) {
+    const Command& command = commands_[i];
+    action->setEnabled(command.isEnabled());
+    if (command.isOn) action->setChecked(command.isOn());
+  }
 }
 
 void MainWindow::showLicenses() {

@@ -40,6 +40,7 @@ private:
   void makeMenus();
   void makeToolBar();
   QWidget* makeBody(ExportFlow& exportFlow);
+  QWidget* makeGlyphsPane();
   void fillRecentMenu();
   void refresh(const ProjectChanges& changes);
   void showTitle();

@@ -1,5 +1,6 @@
 #include "app/ui/project_sidebar.h"
 
+#include "app/ui/missing_outlines_view.h"
 #include "desktop/style.h"
 #include "desktop/widgets.h"
 #include "editor/ui/undoable_line_edit.h"
@@ -58,6 +59,7 @@ ProjectSidebar::ProjectSidebar(ProjectManager& manager, ExportFlow& exportFlow, 
   sections->addWidget(section(tr("Glyphs"), rows));
   glyphCount_->setObjectName(QStringLiteral("glyphCount"));
   rows->addRow(glyphCount_);
+  rows->addRow(new MissingOutlinesView(manager, form));
   auto* warnings = new ExportWarningsView(manager, form);
   rows->addRow(warnings);
   sections->addStretch(1);

@@ -1,34 +1,10 @@
 #include "editor/ui/glyph_form_panel.h"
 
 #include <QBoxLayout>
-#include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 
 namespace quillery {
-
-ElidedLabel::ElidedLabel(TextStyle style, Role role, QWidget* parent)
-    : TextLabel({}, style, role, parent) {
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-}
-
-void ElidedLabel::setFullText(const QString& text) {
-  full_ = text;
-  fit();
-}
-
-bool ElidedLabel::event(QEvent* event) {
-  const bool result = TextLabel::event(event);
-  if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) fit();
-  return result;
-}
-
-void ElidedLabel::fit() {
-  const QString fits = fontMetrics().elidedText(full_, Qt::ElideMiddle, width());
-  if (fits != text()) setText(fits);
-  setToolTip(fits == full_ ? QString() : full_);
-  setAccessibleName(full_);
-}
 
 GlyphFormPanel::GlyphFormPanel(QWidget* parent) : QWidget(parent) {
   setFixedWidth(kWidth);

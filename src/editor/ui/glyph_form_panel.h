@@ -6,23 +6,6 @@ class QVBoxLayout;
 
 namespace quillery {
 
-/// One line of text of any length, which shows what fits and all of it as its tool tip.
-class ElidedLabel : public TextLabel {
-  Q_OBJECT
-public:
-  ElidedLabel(TextStyle style, Role role, QWidget* parent);
-
-  void setFullText(const QString& text);
-
-protected:
-  bool event(QEvent* event) override;
-
-private:
-  void fit();
-
-  QString full_;
-};
-
 /// The form beside a canvas: sections of rows, scrolling where it is low.
 class GlyphFormPanel : public QWidget {
   Q_OBJECT

@@ -11,7 +11,7 @@ constexpr int kCharacterWidth = 80;
 
 MetricsPanel::MetricsPanel(ProjectManager& manager, QWidget* parent)
     : GlyphFormPanel(parent), manager_(manager),
-      name_(new ElidedLabel(TextStyle::body, Role::textSecondary, this)),
+      name_(new ElidedLabel({}, TextStyle::body, Qt::ElideMiddle, Role::textSecondary, this)),
       unicode_(new UndoableCharacterField(characterField(), this)),
       watch_(manager,
              {{ProjectChange::What::glyphs, ProjectChange::What::glyphList},
@@ -53,7 +53,7 @@ void MetricsPanel::setGlyph(const Uuid& glyph) {
 
 void MetricsPanel::refresh() {
   const Glyph* const glyph = manager_.glyphWithId(glyph_);
-  name_->setFullText(glyph ? QString::fromStdString(glyph->name()) : QString());
+  name_->setText(glyph ? QString::fromStdString(glyph->name()) : QString());
   unicode_->refresh();
   for (UndoableSlider* const slider : sliders_) slider->refresh();
 }

@@ -13,9 +13,7 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
-#include <QStyle>
 #include <cmath>
 
 namespace quillery {
@@ -25,26 +23,11 @@ using What = ProjectChange::What;
 
 enum Page { kPairPage, kGonePage };
 
-/// One line that gives way in its middle where there is no room, as names can be long.
-class TitleLabel : public TextLabel {
-public:
-  explicit TitleLabel(QWidget* parent) : TextLabel({}, TextStyle::title2, Role::text, parent) {
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  }
-
-protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-    style()->drawItemText(&painter, rect(), Qt::AlignLeading | Qt::AlignVCenter, palette(), true,
-                          shown, foregroundRole());
-  }
-};
-
 } // namespace
 
 KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* parent)
-    : QStackedWidget(parent), manager_(manager), edit_(manager), title_(new TitleLabel(this)),
+    : QStackedWidget(parent), manager_(manager), edit_(manager),
+      title_(new ElidedLabel({}, TextStyle::title2, Qt::ElideMiddle, Role::text, this)),
       reset_(new QPushButton(icon(Symbol::reset), tr("Reset"), this)),
       canvas_(new KerningCanvas(manager, this)), readout_(new ValueReadout(tr("Kerning value"))),
       slider_(new ValueSlider(kLeastKerning, kGreatestKerning, 1, this)),
@@ -147,12 +130,8 @@ void KerningAdjustmentView::refresh() {
   const KerningPair* pair = manager_.kerningPairWithId(pair_);
   setCurrentIndex(pair ? kPairPage : kGonePage);
   if (!pair) return;
-  const QString title = tr("Adjust Kerning: ") + shownText(pair->leftGlyph) +
-                        QStringLiteral(" + ") + shownText(pair->rightGlyph);
-  if (title != title_->text()) {
-    title_->setText(title);
-    title_->setToolTip(title);
-  }
+  title_->setText(tr("Adjust Kerning: ") + shownText(pair->leftGlyph) + QStringLiteral(" + ") +
+                  shownText(pair->rightGlyph));
   readout_->show(shownText(kerningText(pair->value)),
                  pair->value != 0 ? Role::accentForeground : Role::textSecondary);
   slider_->showValue(pair->value);
