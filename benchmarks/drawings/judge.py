@@ -59,7 +59,15 @@ class Subject:
     def __init__(self, file):
         self.svg = file.read_bytes()
         self.page = pictures.page_of(self.svg)
-        self.drawn = pictures.ink(pictures.paint(self.svg, self.page))
+        while True:
+            try:
+                self.drawn = pictures.ink(pictures.paint(self.svg, self.page))
+                return
+            except pictures.NoPicture:
+                # Letters of more than about a thousand pixels are beyond the font library.
+                if b"<text" not in self.svg or self.page.pixels < pictures.PAGE / 2:
+                    raise
+                self.page.pixels //= 2
 
     def mask(self, outline):
         svg = outline.svg

@@ -101,7 +101,7 @@ def page_of(svg):
         return min(max(amount, 0), most)
 
     # Edges of clips stay antialiased: more pixels make what that adds small.
-    finer = 2 if b"clip-path" in svg or b"mask" in svg else 1
+    finer = 2 if b"clip-path" in svg and b"<text" not in svg else 1
     return Page(wide, high, beyond(-ink.x), beyond(-ink.y), beyond(ink.x + ink.width - wide),
                 beyond(ink.y + ink.height - high), sized, PAGE * finer)
 

@@ -28,7 +28,7 @@ def _layers(letter):
     layer = '<g inkscape:groupmode="layer" inkscape:label="{}" {}>{}</g>'
     return (layer.format("sketch", 'style="display:none"', '<circle cx="60" cy="60" r="55"/>')
             + layer.format("ink", 'transform="matrix(.8 .1 -.2 .9 20 4)"', _text(letter))
-            + layer.format("baseline", "", '<path d="M0 115h120" style="stroke:#c8c8c8"/>'))
+            + layer.format("rule", "", '<path d="M0 115h120" style="stroke:#c8c8c8"/>'))
 
 
 def _clones(letter):
