@@ -45,7 +45,8 @@ TEST_F(FlattenedImportTest, HoldsThePathThatItDraws) {
   EXPECT_EQ(glyph("A").record().svgPath.view(), "M10 0 L50 0 L50 100 Z");
   EXPECT_EQ(glyph("A").character(), "A");
   expectBox(glyph("A"), {0, 0, 400, 1000});
-  ASSERT_EQ(outcome.noted.size(), 2U);
+  ASSERT_EQ(outcome.noted.size(), 3U);
+  EXPECT_EQ(outcome.noted[2].reasons, "it could not be read");
   EXPECT_EQ(outcome.noted[0].reasons, "it was traced, an image was left out");
   EXPECT_EQ(outcome.noted[0].glyph, glyph("A").id());
   EXPECT_EQ(outcome.noted[1].reasons, "it is none");
@@ -133,7 +134,7 @@ TEST_F(FlattenedImportTest, DrawingsThatHoldMoreStayNotedUntilTheyAreConverted) 
   startImport(d.manager, {b, c}, {.flattener = flattener}, [&](const auto& o) { outcome = o; });
   await();
   EXPECT_EQ(outcome.noted.size(), 2U);
-  EXPECT_EQ(noted(), "a.svg+c.svg-") << "c could not be converted";
+  EXPECT_EQ(noted(), "a.svg+b.svg+c.svg-") << "b lost a filter, c could not be converted";
   EXPECT_EQ(heard.kinds.back(), ProjectChange::What::imports);
   d.manager.newProject();
   EXPECT_EQ(noted(), "");

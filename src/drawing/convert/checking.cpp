@@ -13,6 +13,9 @@ Result<double, std::string> differenceFromPage(PageSource& source, const Contour
   constexpr double kSurely = 64; // ink of any colour
   Box box = boxOf(contours);
   box.include(painted);
+  const double beside = 0.06 * std::max(box.width(), box.height()); // where it may have been lost
+  box.add({box.minX - beside, box.minY - beside});
+  box.add({box.maxX + beside, box.maxY + beside});
   PictureFrame frame = pictureFrame(box, kPixels);
   auto theirs = darknessOf(source, frame, isAllLight);
   for (int pixels = kPixels / 2; !theirs && pixels >= kPixels / 8; pixels /= 2) {

@@ -21,7 +21,11 @@ Result<FlatDrawing, std::string> convertSvg(std::string_view file, ConversionRoa
     inked = inkOn(*opened.value(), road, LightPaint::isInk);
     if (inked) note(inked.value().notes, "what lies far beside the page was left out");
   }
-  if (!inked) return Failure{inked.error()};
+  if (!inked) {
+    std::string reason = inked.error();
+    for (const Utf8& lost : document.notes()) reason += "; " + lost.str();
+    return Failure{std::move(reason)};
+  }
   const SvgPage& page = *opened.value();
   inked.value().notes.insert(inked.value().notes.begin(), document.notes().begin(),
                              document.notes().end());

@@ -91,6 +91,14 @@ Contours dashed(const Contour& line, const std::vector<double>& dashes, double o
     if (at % 2 == 0 && part.way() > done) draw(part.segment().part(part.at(done), 1));
     left -= part.way() - done;
   }
+  const bool endsBeforeDot = at % 2 == 1 && dashes[(at + 1) % dashes.size()] == 0;
+  if (!line.closed && endsBeforeDot && left < 1e-6 * period) {
+    const Segment& last = line.segments.back();
+    const Point along = last.derivativeAt(1);
+    const double size = length(along);
+    const Point back = along * (size > 0 ? 1e-6 * period / size : 0);
+    pieces.push_back({{Segment::line(last.end - back, last.end)}, false});
+  }
   const bool endsOn = isPen;
   if (line.closed && beginsOn && endsOn && pieces.size() > 1) {
     auto& first = pieces.front().segments;

@@ -283,12 +283,12 @@ private:
     if (const auto fill = paintOf(style("fill"), opacity("fill-opacity"))) {
       Contours outline;
       for (const Contour& contour : outlineOf(e, context.matrix)) addFilled(outline, contour);
-      add(std::move(outline),
-          style("fill-rule") == "evenodd" ? FillRule::evenOdd : FillRule::nonZero, *fill,
-          context.clips);
+      const auto rule = style("fill-rule") == "evenodd" ? FillRule::evenOdd : FillRule::nonZero;
+      if (!tile(find(style("fill")), {outline, rule}, context))
+        add(std::move(outline), rule, *fill, context.clips);
     }
     if (const auto stroke = paintOf(style("stroke"), opacity("stroke-opacity"))) {
-      Contours outline = strokeOutline(outlineOf(e, {}), strokeStyle(style));
+      Contours outline = strokeOutline(outlineOf(e, {}), strokeStyle(style, context.matrix));
       Contours placed;
       for (Contour& contour : outline) {
         for (Segment& s : contour.segments)
@@ -299,8 +299,42 @@ private:
     }
   }
 
-  template <typename Style> static StrokeStyle strokeStyle(const Style& style) {
+  // Paints an area with the tiles of a pattern; false when it is none, or has too many.
+  bool tile(std::size_t pattern, const ClipArea& area, const Context& context) {
+    if (pattern == XmlTree::kNone || element(pattern).name != "pattern") return false;
+    constexpr double kMostTiles = 2500;
+    const Element& e = element(pattern);
+    const double width = number(e.attribute("width"), 0), height = number(e.attribute("height"), 0);
+    const Matrix matrix = context.matrix * matrixOf(e.attribute("patternTransform"));
+    const double size = matrix.determinant();
+    const Box box = boxOf(area.contours);
+    if (!(width > 0 && height > 0) || !(std::abs(size) > 0) || box.isEmpty()) return false;
+    Box tiles; // in tiles
+    for (const Point corner : {Point{box.minX, box.minY}, Point{box.maxX, box.minY},
+                               Point{box.minX, box.maxY}, Point{box.maxX, box.maxY}}) {
+      const Point p = corner - Point{matrix.e, matrix.f};
+      tiles.add(Point{(matrix.d * p.x - matrix.c * p.y) / size / width,
+                      (matrix.a * p.y - matrix.b * p.x) / size / height});
+    }
+    const double left = std::floor(tiles.minX), right = std::ceil(tiles.maxX);
+    const double top = std::floor(tiles.minY), bottom = std::ceil(tiles.maxY);
+    if (!((right - left) * (bottom - top) <= kMostTiles)) return false;
+    Context inside = context;
+    ++inside.depth;
+    inside.clips.push_back(std::make_shared<ClipArea>(area));
+    for (double y = top; y < bottom; ++y)
+      for (double x = left; x < right; ++x) {
+        inside.matrix = matrix * Matrix{1, 0, 0, 1, x * width, y * height};
+        readChildren(pattern, inside);
+      }
+    return true;
+  }
+
+  template <typename Style>
+  static StrokeStyle strokeStyle(const Style& style, const Matrix& matrix) {
+    constexpr double kTolerance = kPageGrid * 2e-5;
     StrokeStyle result;
+    result.tolerance = kTolerance / std::sqrt(std::max(std::abs(matrix.determinant()), 1e-12));
     result.width = number(style("stroke-width"), 1);
     const std::string_view cap = style("stroke-linecap"), join = style("stroke-linejoin");
     if (cap == "round") result.cap = StrokeStyle::Cap::round;

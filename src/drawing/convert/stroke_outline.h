@@ -14,10 +14,13 @@ struct StrokeStyle {
   double width = 1;
   Cap cap = Cap::butt;
   Join join = Join::miter;
+  /// The most that a miter may be long, in widths; a longer one is a bevel.
   double miterLimit = 4;
   /// Dash, gap, dash, gap, ...; none for a solid line.
   std::vector<double> dashes{};
   double dashOffset = 0;
+  /// How far the edge of a curve may lie from where it is.
+  double tolerance = 1e-4;
 };
 
 /// The area that a stroke covers, for non-zero winding. Contours may be open or single points.

@@ -165,6 +165,12 @@ void SvgDocument::readSize() {
     size_ = Size{size_->width * kSide / side, size_->height * kSide / side};
   userFromPixels_ =
       quillery::userFromPixels(*viewBox, *size_, root().attribute("preserveAspectRatio"));
+  // Path data has seven decimals and no exponents.
+  const double units = std::max(viewBox->width, viewBox->height);
+  if (units >= 0.01 && units <= 1e9) return;
+  const double factor = 100 / units;
+  userFromPixels_ = Matrix{factor, 0, 0, factor, 0, 0} * userFromPixels_;
+  notes_.push_back(Utf8("its page is 100 units large, as its own can't be written"));
 }
 
 void SvgDocument::readGuides() {

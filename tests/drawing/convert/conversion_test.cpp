@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <sstream>
+
 namespace quillery {
 namespace {
 
@@ -37,7 +40,7 @@ TEST(Conversion, KeepsTheDrawingsOwnPoints) {
       // A rectangle of paper under it, and one of near-white: neither is ink.
       {"<path fill='#fff' d='M0 0H100V100H0z'/><path d='M10 10H20V20z'/>",
        "M 10 10 L 20 10 L 20 20 Z"},
-      {"<path d='M10 10H40' stroke='#000' stroke-width='4'/>", "M 10 8 L 40 8 L 40 12 L 10 12 Z"},
+      {"<path d='M10 10H40' stroke='#000' stroke-width='4'/>", "M 10 12 L 40 12 L 40 8 L 10 8 Z"},
       {"<g clip-path='url(#c)'><path d='M10 10H20V20z'/></g>"
        "<clipPath id='c'><rect width='50' height='50'/></clipPath>",
        "M 10 10 L 20 10 L 20 20 Z"},
@@ -100,24 +103,54 @@ TEST(Conversion, NamesWhatIsNoInk) {
   // No file that a drawing names is opened.
   const std::string named = "<!DOCTYPE svg [<!ENTITY e SYSTEM 'file:///etc/passwd'>]>";
   EXPECT_FALSE(convertDrawing(named + drawing("<text y='50'>&e;</text>"), ConversionRoad::exact));
-  const FlatDrawing outside =
-      flat(drawing("<image href='file:///x.png' width='9' height='9'/>"
-                   "<use href='other.svg#a'/><path d='M1 1H9V9z'/>"));
+  const FlatDrawing outside = flat(drawing("<image href='file:///x.png' width='9' height='9'/>"
+                                           "<use href='other.svg#a'/><path d='M1 1H9V9z'/>"));
   EXPECT_EQ(outside.pathData, "M 1 1 L 9 1 L 9 9 Z");
   ASSERT_EQ(outside.notes.size(), 2u);
   EXPECT_EQ(outside.notes[0], "an image was left out");
   EXPECT_EQ(outside.notes[1], "a part that stands in another file was left out");
 }
 
-TEST(Conversion, TracesWhatHasNoOutlines) {
+TEST(Conversion, TilesPatternsAndTracesOnRequest) {
   const std::string pattern =
       "<pattern id='p' width='20' height='20' patternUnits='userSpaceOnUse'>"
-      "<rect width='10' height='10'/></pattern>";
-  const FlatDrawing traced =
-      flat(drawing(pattern + "<rect width='60' height='60' fill='url(#p)'/>"));
-  ASSERT_EQ(traced.notes.size(), 1u);
-  EXPECT_TRUE(traced.notes[0].str().starts_with("traced from a picture, because"));
-  EXPECT_EQ(std::count(traced.pathData.str().begin(), traced.pathData.str().end(), 'M'), 9);
+      "<rect width='10' height='10'/></pattern><rect width='60' height='60' fill='url(#p)'/>";
+  for (const auto road : {ConversionRoad::exact, ConversionRoad::traced}) {
+    const auto tiles = convertDrawing(drawing(pattern), road);
+    ASSERT_TRUE(tiles) << tiles.error();
+    const std::string& path = tiles.value().pathData.str();
+    EXPECT_EQ(std::count(path.begin(), path.end(), 'M'), 9);
+    EXPECT_EQ(tiles.value().notes.size(), road == ConversionRoad::exact ? 0U : 1U);
+  }
+}
+
+TEST(Conversion, StrokesLieWhereTheyArePainted) {
+  // The points of a stroke's edges lie half its width beside the line: a circle of 30, and a curve
+  // with a cusp at (50, 35), where the edge goes around.
+  const auto farthest = [](const std::string& content, Point center) {
+    const auto converted = convertDrawing(drawing(content), ConversionRoad::exact);
+    EXPECT_TRUE(converted) << converted.error();
+    double least = 1000, most = 0;
+    std::istringstream words(converted.value().pathData);
+    for (std::string word; words >> word;) {
+      if (word != "L" && word != "C" && word != "M") continue;
+      Point p;
+      for (int i = word == "C" ? 3 : 1; i > 0; --i) words >> p.x >> p.y;
+      const double distance = std::hypot(p.x - center.x, p.y - center.y);
+      least = std::min(least, distance);
+      most = std::max(most, distance);
+    }
+    return std::pair(least, most);
+  };
+  const std::string stroke = "fill='none' stroke='#000' stroke-width='8'";
+  const auto [inner, outer] = farthest("<circle cx='50' cy='50' r='30' " + stroke + "/>", {50, 50});
+  EXPECT_NEAR(inner, 26, 0.01);
+  EXPECT_NEAR(outer, 34, 0.01);
+  const auto cusp = convertDrawing(drawing("<path d='M10 80C90 20 10 20 90 80' " + stroke + "/>"),
+                                   ConversionRoad::exact);
+  ASSERT_TRUE(cusp) << cusp.error();
+  EXPECT_NE(cusp.value().pathData.str().find(" 31 "), std::string::npos) << cusp.value().pathData;
+  EXPECT_TRUE(cusp.value().notes.empty());
 }
 
 TEST(Sheet, HasItsLettersInOrderOnTheirLines) {
