@@ -11,7 +11,7 @@
 namespace quillery {
 namespace {
 
-constexpr double kMostOff = 0.01;    // of the ink, and the drawing is traced instead
+constexpr double kMostOff = 0.008;   // of the ink, and the drawing is traced instead
 constexpr double kGrosslyOff = 0.02; // and a tracing is said to be off
 
 Failure<std::string> noInk() {
