@@ -28,18 +28,23 @@ Box wholePage(const PageSource& source) {
   return box;
 }
 
+struct Tracing {
+  int pixels = 3000;       // of the longer side
+  std::uint8_t least = 26; // a tenth of black: no paper any more
+};
+
 // `reason` says why.
 Result<Inked, std::string> trace(PageSource& source, const Box& box, bool isAllLight,
-                                 std::string_view reason) {
-  constexpr std::uint8_t kSeen = 26; // a tenth of black
-  PictureFrame frame = pictureFrame(box, 3000);
+                                 std::string_view reason, Tracing tracing = {}) {
+  PictureFrame frame = pictureFrame(box, tracing.pixels);
   auto picture = darknessOf(source, frame, isAllLight);
-  for (int pixels = 1500; !picture && pixels >= 300; pixels /= 2) { // as in checking, and type
-    frame = pictureFrame(box, pixels);
+  while (!picture && tracing.pixels > 300) { // as in checking, and type
+    tracing.pixels /= 2;
+    frame = pictureFrame(box, tracing.pixels);
     picture = darknessOf(source, frame, isAllLight);
   }
   if (!picture) return Failure{picture.error()};
-  auto contours = traced(picture.value(), frame, kSeen);
+  auto contours = traced(picture.value(), frame, tracing.least);
   if (!contours) return Failure{contours.error()};
   Inked inked{std::move(contours).value(), {}};
   note(inked.notes, "traced from a picture, because " + std::string(reason));
@@ -100,7 +105,11 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
 }
 
 Result<Inked, std::string> inkOfPicture(PageSource& source) {
-  return trace(source, wholePage(source), false, "it is a picture");
+  // Pixel by pixel: the tracer smooths steps of one, and takes larger ones for the drawing's.
+  constexpr double kMost = 4000;
+  const double pixels = std::min(longerSide(source.size()), kMost);
+  return trace(source, wholePage(source), false, "it is a picture",
+               {std::max(static_cast<int>(pixels), 1), 128});
 }
 
 bool isAllLight(PageSource& source) {
