@@ -7,6 +7,7 @@
 #include "drawing/convert/tracing.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quillery {
 namespace {
@@ -132,7 +133,10 @@ Result<FlatDrawing, std::string> flatDrawing(const PageSource& source, Inked ink
   drawing.pathData = pathData(contours, placing);
   drawing.notes = std::move(inked.notes);
   const auto rect = [](Point least, Point most) {
-    return Rect{least.x, least.y, most.x - least.x, most.y - least.y};
+    const auto tidy = [](double value) {
+      return std::round(value * 1e7) / 1e7;
+    }; // by way of pixels
+    return Rect{tidy(least.x), tidy(least.y), tidy(most.x - least.x), tidy(most.y - least.y)};
   };
   if (hasPage) {
     const Size page = source.size();
