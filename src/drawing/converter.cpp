@@ -164,7 +164,8 @@ public:
     const bool canTrace = word == kAskFlatten;
     const auto time = word == kAskSheet ? limits_.time * kDrawingsOfSheet : limits_.time;
     auto answered = ask(request, canTrace ? limits_.time * 2 / 3 : time);
-    if (!answered && answered.error() == Worker::Failing::tooSlow && canTrace)
+    // What a library makes of a page's curves can fail where its picture does not.
+    if (!answered && answered.error() != Worker::Failing::notStarted && canTrace)
       answered = ask({kAskTrace, std::string(file)}, limits_.time / 3);
     if (!answered) return Failure{inWords(answered.error(), time)};
     Fields fields = std::move(answered).value();

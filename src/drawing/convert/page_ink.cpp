@@ -84,7 +84,7 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
     return inked;
   };
   if (road == ConversionRoad::traced)
-    return withNotes(trace(source, onPage, page.isAllLight, "its shapes take too long to combine"));
+    return withNotes(trace(source, onPage, page.isAllLight, "its shapes could not be combined in time"));
 
   auto contours = inkOf(page);
   std::string reason = "its shapes can't be combined";
