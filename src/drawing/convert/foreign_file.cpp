@@ -19,7 +19,7 @@ public:
   }
   double margin() const override { return 0; }
   bool hasText() const override { return false; }
-  Result<void, std::string> draw(cairo_t* context, double scale) override {
+  Result<void, std::string> draw(cairo_t* context, double scale, Edges) override {
     const CairoSurface surface = copied();
     cairo_scale(context, scale, scale);
     cairo_set_source_surface(context, surface.get(), 0, 0);

@@ -38,11 +38,11 @@ struct Tracing {
 Result<Inked, std::string> trace(PageSource& source, const Box& box, bool isAllLight,
                                  std::string_view reason, Tracing tracing = {}) {
   PictureFrame frame = pictureFrame(box, tracing.pixels);
-  auto picture = darknessOf(source, frame, isAllLight);
+  auto picture = darknessOf(source, frame, isAllLight, Edges::crisp);
   while (!picture && tracing.pixels > 300) { // as in checking, and type
     tracing.pixels /= 2;
     frame = pictureFrame(box, tracing.pixels);
-    picture = darknessOf(source, frame, isAllLight);
+    picture = darknessOf(source, frame, isAllLight, Edges::crisp);
   }
   if (!picture) return Failure{picture.error()};
   auto contours = traced(picture.value(), frame, tracing.least);
@@ -66,14 +66,11 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
   if (!read) return Failure{read.error()};
   const PaintedPage& page = read.value();
   if (page.isAllLight && light == LightPaint::isPaper) return noInk();
-  Box painted;
-  for (const PaintedShape& shape : page.shapes)
-    if (shape.isInk) painted.include(boxOf(shape.contours));
   Box onPage = wholePage(source);
-  onPage.minX = std::max(onPage.minX, painted.minX);
-  onPage.minY = std::max(onPage.minY, painted.minY);
-  onPage.maxX = std::min(onPage.maxX, painted.maxX);
-  onPage.maxY = std::min(onPage.maxY, painted.maxY);
+  onPage.minX = std::max(onPage.minX, page.seen.minX);
+  onPage.minY = std::max(onPage.minY, page.seen.minY);
+  onPage.maxX = std::min(onPage.maxX, page.seen.maxX);
+  onPage.maxY = std::min(onPage.maxY, page.seen.maxY);
   if (onPage.isEmpty()) return noInk();
 
   std::vector<Utf8> notes;
@@ -84,7 +81,8 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
     return inked;
   };
   if (road == ConversionRoad::traced)
-    return withNotes(trace(source, onPage, page.isAllLight, "its shapes could not be combined in time"));
+    return withNotes(
+        trace(source, onPage, page.isAllLight, "its shapes could not be combined in time"));
 
   auto contours = inkOf(page);
   std::string reason = "its shapes can't be combined";
@@ -126,7 +124,7 @@ Result<FlatDrawing, std::string> flatDrawing(const PageSource& source, Inked ink
   const double margin = source.margin();
   const Placing placing{userFromPixels * Matrix{1 / perPixel, 0, 0, 1 / perPixel, -margin, -margin},
                         // 100 units of a drawing, or its page, span the em of 1000.
-                        std::min(0.1 / userFromPixels.a * perPixel, kPageGrid / 1000)};
+                        std::max(0.1 / userFromPixels.a * perPixel, kPageGrid / 1000)};
   const Contours contours = tidied(inked.contours, placing.fontUnit);
   if (contours.empty()) return noInk();
   FlatDrawing drawing;
