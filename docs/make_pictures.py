@@ -324,8 +324,27 @@ def _(stage):
 @scene("noted-sheet")
 def _(stage):
     window = import_noted(stage)
+    before = stage.screen.picture().tobytes()
     window.click("Show")
     window.find("Cancel", "push button")
+    wait_for("the sheet", lambda: stage.screen.picture().tobytes() != before)
+    return window
+
+
+@scene("watch-bar")
+def _(stage):
+    window = stage.open(stage.twelve())
+    folder = stage.new_folder() / "Letters"
+    folder.mkdir()
+    window.key("alt+f")
+    window.key("Up", "Up", "Up", "Up", "Return")
+    field = window.find("Folder", "text")
+    window.type(folder)
+    wait_for("the folder", lambda: field.text == str(folder))
+    window.key("Return")
+    window.find("Stop Watching", "push button")
+    (folder / "g.svg").write_text((ROOT / "resources/sample-drawings/g.svg").read_text())
+    wait_for("the glyph", lambda: any(item.name == "g" for item in window.list_items("Glyphs")))
     return window
 
 
@@ -333,10 +352,10 @@ def _(stage):
 def _(stage):
     window = stage.open(stage.twelve())
     window.key("alt+f")
-    window.key("Up", "Up", "Up", "Up", "Return")
+    window.key("Up", "Up", "Up", "Up", "Up", "Return")
     window.choose_file(draw_sheet(stage.new_folder() / "Capitals.svg"))
     window.find("Letters without a name, in order:")
-    window.type("ST V")
+    window.type("STU")
     return window
 
 

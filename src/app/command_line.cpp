@@ -161,9 +161,22 @@ private:
         "import", "Import drawings into a project and save it", import_, [this](const CLI::App&) {
           if (unitsPerEm_) import_.unitsPerEm = positiveWholeNumber("--units-per-em", *unitsPerEm_);
           if (name_) import_.name = textArgument("--name", *name_);
+          if (!sheet_.empty()) import_.sheet = sheet_;
+          import_.characters = textArgument("--characters", characters_);
+          if (import_.drawings.empty() && !import_.sheet)
+            throw CLI::RequiredError("DRAWING or --sheet");
         });
-    sub->add_option("DRAWING", import_.drawings, "SVG files, or folders of them")->required();
+    sub->add_option("DRAWING", import_.drawings, "SVG files, or folders of them");
     addReading(*sub, import_.reading);
+    auto* sheet = sub->add_option("--sheet", sheet_,
+                                  "A drawing of many letters, each in a group, layer or shape "
+                                  "that is called as its own file would be")
+                      ->type_name("FILE");
+    sub->add_option("--characters", characters_,
+                    "What the letters of the sheet that are called nothing stand for, by lines "
+                    "from left to right")
+        ->type_name("TEXT")
+        ->needs(sheet);
     sub->add_option("--name", name_, "Name of a new project");
     sub->add_option("--units-per-em", unitsPerEm_, "Units per em of a new project")->type_name("N");
   }
@@ -319,7 +332,7 @@ private:
   ProgramPlaces places_;
   CLI::App app_{"Makes a font out of SVG drawings"};
   std::function<ExitStatus()> chosen_;
-  std::string window_, resources_, text_, filter_;
+  std::string window_, resources_, text_, filter_, sheet_, characters_;
   std::optional<std::string> name_, unitsPerEm_, size_;
   std::vector<std::string> glyphs_;
   bool json_ = false;

@@ -39,6 +39,10 @@ struct ImportCommand {
   /// Positive.
   std::optional<std::int64_t> unitsPerEm;
   ReadingChoice reading;
+  /// A drawing of many letters.
+  std::optional<std::filesystem::path> sheet;
+  /// For those of its letters that are called nothing, in the order of the page.
+  Utf8 characters;
 };
 
 struct FlattenCommand {

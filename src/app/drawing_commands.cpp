@@ -4,7 +4,10 @@
 #include "base/file.h"
 #include "base/listed.h"
 #include "base/parallel.h"
+#include "drawing/sheet_placement.h"
 #include "svg/drawing_files.h"
+#include "svg/sheet_import.h"
+#include "svg/sheet_names.h"
 #include "svg/svg_import.h"
 
 #include <map>
@@ -73,6 +76,39 @@ void printNotes(const ImportOutcome& outcome, const ReadingChoice& reading) {
   }
 }
 
+namespace {
+
+// Imports the letters of a sheet; nothing, and says so, when it can't be read.
+std::optional<ImportOutcome> importSheet(ProjectManager& manager, const ImportCommand& command) {
+  const auto flattener = makeOrTell(command.reading.makeFlattener);
+  if (!flattener) return std::nullopt;
+  FileBytes bytes;
+  if (const auto read = readFile(*command.sheet, bytes); !read) {
+    printError(read.error().description());
+    return std::nullopt;
+  }
+  auto flat = flattener->flattenSheet(bytes.view());
+  if (!flat) {
+    printError(command.sheet->string() + ": could not be converted: " + flat.error());
+    return std::nullopt;
+  }
+  DrawingSheet& sheet = flat.value();
+  SheetNames names(sheet);
+  names.setCharacters(command.characters);
+  for (std::size_t i = 0; i < names.size(); ++i) sheet.letters[i].name = names.fileName(i);
+  placeSheet(sheet, manager.currentProject());
+  auto outcome = importLetters(manager, std::move(sheet));
+  if (const std::size_t unnamed = names.size() - names.namedCount(); unnamed > 0) {
+    printError(command.sheet->string() + ": " + std::to_string(unnamed) +
+               (unnamed == 1 ? " letter is" : " letters are") +
+               " called nothing and left out; --characters names them");
+    outcome.skipped += unnamed;
+  }
+  return outcome;
+}
+
+} // namespace
+
 ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
   const auto options = importOptions(command.reading);
   if (!options) return ExitStatus::failed;
@@ -105,7 +141,14 @@ ExitStatus run(const ImportCommand& command, const ProgramPlaces& places) {
                              : importSVGFiles(session.manager(), files, *options);
   }
   printNotes(outcome, command.reading);
-  const bool done = complete && outcome.skipped == 0;
+  bool done = complete && outcome.skipped == 0;
+  if (command.sheet) {
+    const auto letters = importSheet(session.manager(), command);
+    if (!letters && command.drawings.empty()) return ExitStatus::failed;
+    for (const NotedDrawing& letter : letters ? letters->noted : std::vector<NotedDrawing>{})
+      printError(command.sheet->string() + ": " + letter.file.string() + ": " + letter.reasons);
+    done = done && letters && letters->skipped == 0;
+  }
   return session.save(command.project, done ? ExitStatus::done : ExitStatus::incomplete);
 }
 

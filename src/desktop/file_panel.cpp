@@ -40,6 +40,7 @@ FilePanel::FilePanel(const OpenPanelSettings& settings, const QString& folder, Q
               : settings.multipleSelection ? ExistingFiles
                                            : ExistingFile);
   begin(settings.message, QString::fromStdString(settings.extension));
+  if (settings.folder) askForFolder();
 }
 
 FilePanel::FilePanel(const SavePanelSettings& settings, const QString& folder, QWidget* parent,
@@ -77,6 +78,19 @@ void FilePanel::begin(const std::string& message, const QString& extension) {
   connect(this, &QDialog::finished, this, &FilePanel::finish);
 }
 
+void FilePanel::askForFolder() {
+  setLabelText(FileName, tr("Folder:"));
+  if (auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+    field->setAccessibleName(tr("Folder"));
+  putAwayTypes();
+}
+
+// Where there is nothing to choose, or another choice takes its place.
+void FilePanel::putAwayTypes() {
+  putAway(findChild<QWidget*>(QStringLiteral("fileTypeLabel")));
+  putAway(findChild<QWidget*>(QStringLiteral("fileTypeCombo")));
+}
+
 void FilePanel::addFormats(const FormatChooser& formats) {
   setOption(DontUseNativeDialog);
   for (const std::string& extension : formats.extensions)
@@ -101,9 +115,7 @@ void FilePanel::addFormats(const FormatChooser& formats) {
   });
 
   // It takes the place of the choice of file types, which would say the same less clearly.
-  putAway(findChild<QWidget*>(QStringLiteral("fileTypeLabel")));
-  auto* const types = findChild<QWidget*>(QStringLiteral("fileTypeCombo"));
-  putAway(types);
+  putAwayTypes();
   if (auto* const rows = qobject_cast<QGridLayout*>(layout())) {
     rows->addWidget(accessory, rows->rowCount() - 1, 0, 1, 2, Qt::AlignLeft);
   }

@@ -38,6 +38,8 @@ protected:
 private:
   void begin(const std::string& message, const QString& extension);
   void arrange();
+  void askForFolder();
+  void putAwayTypes();
   void addFormats(const FormatChooser& formats);
   void finish(int result);
   /// Asks, as a sheet of `parent`, and calls `answered` with what the user wants.

@@ -12,6 +12,7 @@ namespace quillery {
 
 /// What one drawing may cost.
 struct ConversionLimits {
+  /// Of a processor.
   std::chrono::milliseconds time{2000};
   /// Of memory.
   std::size_t bytes = 256 * 1024 * 1024;

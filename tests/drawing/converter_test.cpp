@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 std::string shownBy(const std::string& program, std::string_view file = "<svg/>") {
   const test::TemporaryFolder folder;
   DrawingConverter converter(test::writeProgram(folder.path() / "program", program),
-                             {.time = 300ms});
+                             {.time = 60ms});
   const auto flat = converter.flatten(file);
   return flat ? flat.value().pathData.str() : flat.error();
 }

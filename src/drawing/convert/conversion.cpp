@@ -1,6 +1,6 @@
 #include "drawing/convert/conversion.h"
 
-#include "drawing/convert/foreign_page.h"
+#include "drawing/convert/foreign_file.h"
 #include "drawing/convert/page_ink.h"
 #include "drawing/convert/svg_opening.h"
 
@@ -43,15 +43,20 @@ Result<FlatDrawing, std::string> convertSvg(std::string_view file, ConversionRoa
 } // namespace
 
 Result<FlatDrawing, std::string> convertDrawing(std::string_view file, ConversionRoad road) {
-  const auto foreign = openForeignPage(file);
-  if (!foreign) return convertSvg(file, road);
-  if (!foreign->ok()) return Failure{foreign->error()};
-  PageSource& page = *foreign->value().page;
-  auto inked =
-      foreign->value().isPicture ? inkOfPicture(page) : inkOn(page, road, LightPaint::isInk);
-  if (!inked) return Failure{inked.error()};
-  for (const Utf8& lost : foreign->value().notes) inked.value().notes.push_back(lost);
-  return flatDrawing(page, std::move(inked).value(), {}, true);
+  if (const auto picture = openPicture(file)) {
+    if (!picture->ok()) return Failure{picture->error()};
+    PageSource& page = *picture->value();
+    auto inked = inkOfPicture(page);
+    if (!inked) return Failure{inked.error()};
+    return flatDrawing(page, std::move(inked).value(), {}, true);
+  }
+  const auto page = pageAsSvg(file);
+  if (!page) return convertSvg(file, road);
+  if (!page->ok()) return Failure{page->error()};
+  auto drawing = convertSvg(page->value().svg, road);
+  if (drawing)
+    for (const Utf8& lost : page->value().notes) drawing.value().notes.push_back(lost);
+  return drawing;
 }
 
 } // namespace quillery

@@ -12,7 +12,7 @@ namespace quillery {
 /// From grid units to the units of a drawing.
 struct Placing {
   Matrix userFromGrid;
-  /// Grid units to one unit of the font, the finest that these may become.
+  /// Grid units to one unit of the font, the coarsest that these may become.
   double fontUnit;
 
   /// A point in the units of the drawing, with as many decimals as the grid resolves.

@@ -7,11 +7,12 @@
 #include "drawing/convert/tracing.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quillery {
 namespace {
 
-constexpr double kMostOff = 0.01;    // of the ink, and the drawing is traced instead
+constexpr double kMostOff = 0.008;   // of the ink, and the drawing is traced instead
 constexpr double kGrosslyOff = 0.02; // and a tracing is said to be off
 
 Failure<std::string> noInk() {
@@ -28,18 +29,23 @@ Box wholePage(const PageSource& source) {
   return box;
 }
 
+struct Tracing {
+  int pixels = 3000;       // of the longer side
+  std::uint8_t least = 26; // a tenth of black: no paper any more
+};
+
 // `reason` says why.
 Result<Inked, std::string> trace(PageSource& source, const Box& box, bool isAllLight,
-                                 std::string_view reason) {
-  constexpr std::uint8_t kSeen = 26; // a tenth of black
-  PictureFrame frame = pictureFrame(box, 3000);
-  auto picture = darknessOf(source, frame, isAllLight);
-  for (int pixels = 1500; !picture && pixels >= 300; pixels /= 2) { // as in checking, and type
-    frame = pictureFrame(box, pixels);
-    picture = darknessOf(source, frame, isAllLight);
+                                 std::string_view reason, Tracing tracing = {}) {
+  PictureFrame frame = pictureFrame(box, tracing.pixels);
+  auto picture = darknessOf(source, frame, isAllLight, Edges::crisp);
+  while (!picture && tracing.pixels > 300) { // as in checking, and type
+    tracing.pixels /= 2;
+    frame = pictureFrame(box, tracing.pixels);
+    picture = darknessOf(source, frame, isAllLight, Edges::crisp);
   }
   if (!picture) return Failure{picture.error()};
-  auto contours = traced(picture.value(), frame, kSeen);
+  auto contours = traced(picture.value(), frame, tracing.least);
   if (!contours) return Failure{contours.error()};
   Inked inked{std::move(contours).value(), {}};
   note(inked.notes, "traced from a picture, because " + std::string(reason));
@@ -60,14 +66,11 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
   if (!read) return Failure{read.error()};
   const PaintedPage& page = read.value();
   if (page.isAllLight && light == LightPaint::isPaper) return noInk();
-  Box painted;
-  for (const PaintedShape& shape : page.shapes)
-    if (shape.isInk) painted.include(boxOf(shape.contours));
   Box onPage = wholePage(source);
-  onPage.minX = std::max(onPage.minX, painted.minX);
-  onPage.minY = std::max(onPage.minY, painted.minY);
-  onPage.maxX = std::min(onPage.maxX, painted.maxX);
-  onPage.maxY = std::min(onPage.maxY, painted.maxY);
+  onPage.minX = std::max(onPage.minX, page.seen.minX);
+  onPage.minY = std::max(onPage.minY, page.seen.minY);
+  onPage.maxX = std::min(onPage.maxX, page.seen.maxX);
+  onPage.maxY = std::min(onPage.maxY, page.seen.maxY);
   if (onPage.isEmpty()) return noInk();
 
   std::vector<Utf8> notes;
@@ -78,7 +81,8 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
     return inked;
   };
   if (road == ConversionRoad::traced)
-    return withNotes(trace(source, onPage, page.isAllLight, "its shapes take too long to combine"));
+    return withNotes(
+        trace(source, onPage, page.isAllLight, "its shapes could not be combined in time"));
 
   auto contours = inkOf(page);
   std::string reason = "its shapes can't be combined";
@@ -100,7 +104,11 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
 }
 
 Result<Inked, std::string> inkOfPicture(PageSource& source) {
-  return trace(source, wholePage(source), false, "it is a picture");
+  // Pixel by pixel: the tracer smooths steps of one, and takes larger ones for the drawing's.
+  constexpr double kMost = 4000;
+  const double pixels = std::min(longerSide(source.size()), kMost);
+  return trace(source, wholePage(source), false, "it is a picture",
+               {std::max(static_cast<int>(pixels), 1), 128});
 }
 
 bool isAllLight(PageSource& source) {
@@ -116,14 +124,17 @@ Result<FlatDrawing, std::string> flatDrawing(const PageSource& source, Inked ink
   const double margin = source.margin();
   const Placing placing{userFromPixels * Matrix{1 / perPixel, 0, 0, 1 / perPixel, -margin, -margin},
                         // 100 units of a drawing, or its page, span the em of 1000.
-                        std::min(0.1 / userFromPixels.a * perPixel, kPageGrid / 1000)};
+                        std::max(0.1 / userFromPixels.a * perPixel, kPageGrid / 1000)};
   const Contours contours = tidied(inked.contours, placing.fontUnit);
   if (contours.empty()) return noInk();
   FlatDrawing drawing;
   drawing.pathData = pathData(contours, placing);
   drawing.notes = std::move(inked.notes);
   const auto rect = [](Point least, Point most) {
-    return Rect{least.x, least.y, most.x - least.x, most.y - least.y};
+    const auto tidy = [](double value) {
+      return std::round(value * 1e7) / 1e7;
+    }; // by way of pixels
+    return Rect{tidy(least.x), tidy(least.y), tidy(most.x - least.x), tidy(most.y - least.y)};
   };
   if (hasPage) {
     const Size page = source.size();

@@ -52,7 +52,8 @@ Result<std::string, std::string> writeAt(PageSource& source, double scale) {
                                           (page.height + 2 * source.margin()) * scale));
   {
     const CairoContext context(cairo_create(surface.get()));
-    if (const auto drawn = source.draw(context.get(), scale); !drawn) return Failure{drawn.error()};
+    if (const auto drawn = source.draw(context.get(), scale, Edges::smooth); !drawn)
+      return Failure{drawn.error()};
     if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
       return cairoFailure(status);
   }
@@ -87,12 +88,13 @@ Result<std::string, std::string> writePage(PageSource& source, double& unitScale
 }
 
 Result<Coverage, std::string> darknessOf(PageSource& source, const PictureFrame& frame,
-                                         bool isAllLight) {
+                                         bool isAllLight, Edges edges) {
   const CairoSurface picture = makePicture(frame);
   {
     const CairoContext context(cairo_create(picture.get()));
     cairo_translate(context.get(), -frame.box.minX * frame.scale, -frame.box.minY * frame.scale);
-    if (const auto drawn = source.draw(context.get(), gridScale(source.size()) * frame.scale);
+    if (const auto drawn =
+            source.draw(context.get(), gridScale(source.size()) * frame.scale, edges);
         !drawn)
       return Failure{drawn.error()};
   }

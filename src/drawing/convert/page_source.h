@@ -11,6 +11,9 @@
 
 namespace quillery {
 
+/// Whether a pixel on an edge is grey, or inked when its centre is.
+enum class Edges { smooth, crisp };
+
 /// A page that can be drawn, whatever it is written in. Lengths are pixels of the page, whose upper
 /// left corner is (0, 0).
 class PageSource {
@@ -24,7 +27,7 @@ public:
   /// Type set at a great size fails, so a page of it is drawn at a smaller one.
   virtual bool hasText() const = 0;
   /// Draws the page and its margin, whose corner comes to lie at (0, 0), `scale` times as large.
-  virtual Result<void, std::string> draw(cairo_t* context, double scale) = 0;
+  virtual Result<void, std::string> draw(cairo_t* context, double scale, Edges edges) = 0;
 };
 
 inline double longerSide(Size page) {
@@ -63,7 +66,7 @@ PictureFrame pictureFrame(const Box& box, int pixels);
 /// How dark the page is within a frame: the darkest channel over white paper. Of light paint only,
 /// how opaque it is.
 Result<Coverage, std::string> darknessOf(PageSource& source, const PictureFrame& frame,
-                                         bool isAllLight);
+                                         bool isAllLight, Edges edges = Edges::smooth);
 
 /// What contours cover within a frame, by non-zero winding.
 Result<Coverage, std::string> coverageOf(const Contours& contours, const PictureFrame& frame);

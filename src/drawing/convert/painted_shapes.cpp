@@ -129,7 +129,10 @@ public:
                                     [](const PaintedShape& shape) { return shape.isInk; });
     page_.isAllLight = !anyInk && !page_.shapes.empty();
     if (page_.isAllLight)
-      for (PaintedShape& shape : page_.shapes) shape.isInk = true;
+      for (PaintedShape& shape : page_.shapes) {
+        shape.isInk = true;
+        page_.seen.include(boxOf(shape.contours));
+      }
     else
       std::erase_if(page_.shapes, [](const PaintedShape& shape) { return shape.isFaint; });
     return std::move(page_);
@@ -353,6 +356,8 @@ private:
   void add(Contours contours, FillRule rule, const Paint& paint, const Clips& clips) {
     if (contours.empty()) return;
     page_.hasFades |= paint.fades;
+    constexpr double kNothing = 0.02; // a gradient can be as clear in the mean, and dark in places
+    if (!paint.isLight() && paint.opacity > kNothing) page_.seen.include(boxOf(contours));
     if (paint.opacity <= 1 - kPaper) return;
     const double least = std::min({paint.red, paint.green, paint.blue});
     page_.hasPaperInk |= paint.hidesInk() && least < 0.999;

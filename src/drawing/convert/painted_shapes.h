@@ -32,6 +32,8 @@ struct PaintedShape {
 /// What lies on a page.
 struct PaintedPage {
   std::vector<PaintedShape> shapes{};
+  /// Around all that was painted, but for light paint over nothing.
+  Box seen{};
   /// There was paint, but none that is seen on white paper: the shapes are then ink.
   bool isAllLight = false;
   bool hasImages = false;

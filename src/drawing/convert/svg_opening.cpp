@@ -8,27 +8,57 @@
 namespace quillery {
 namespace {
 
+// How far a box reaches beside a page.
+double beside(const Box& box, Size page) {
+  return std::max({-box.minX, -box.minY, box.maxX - page.width, box.maxY - page.height});
+}
+
+// Around what is really painted, in pixels of the page. The box that the renderer gives, which
+// costs less, reaches to the origin of lines without an extent and of groups that paint nothing.
+Box paintedBox(SvgPage& page) {
+  Box box;
+  double scale = 1;
+  const auto written = writePage(page, scale);
+  if (!written) return box;
+  const auto painted = readPaintedPage(written.value(), scale);
+  if (!painted) return box;
+  const double perPixel = gridScale(page.size());
+  for (const PaintedShape& shape : painted.value().shapes) {
+    const Box grid = boxOf(shape.contours);
+    if (grid.isEmpty()) continue;
+    const Point corner{page.margin(), page.margin()};
+    box.add(Point{grid.minX, grid.minY} * (1 / perPixel) - corner);
+    box.add(Point{grid.maxX, grid.maxY} * (1 / perPixel) - corner);
+  }
+  return box;
+}
+
 Result<std::unique_ptr<SvgPage>, std::string> open(const SvgDocument& document,
                                                    std::optional<Size> size,
                                                    const std::vector<std::size_t>& named,
                                                    bool withGuides, double most) {
   constexpr double kMargin = 0.06; // what letters overshoot, mostly
+  const auto openWith = [&](Size page, double margin) {
+    return SvgPage::open(document.framed(page, margin, named, withGuides), page, margin,
+                         document.hasText());
+  };
   Size page = size.value_or(Size{1000, 1000});
-  double margin = kMargin * std::max(page.width, page.height);
-  for (int i = 0;; ++i) {
-    auto opened = SvgPage::open(document.framed(page, margin, named, withGuides), page, margin,
-                                document.hasText());
-    if (!opened) return Failure{opened.error()};
+  const auto marginFor = [&](double room) {
+    const double side = longerSide(page);
+    return std::clamp(room + kMargin * side, kMargin * side, most * side);
+  };
+  auto opened = openWith(page, marginFor(0));
+  for (int i = 0; opened && i < 2; ++i) {
     const auto ink = opened.value()->inkBox();
-    if (!ink || i == 2) return std::move(opened).value();
-    const double beside =
-        std::max({-ink->minX, -ink->minY, ink->maxX - page.width, ink->maxY - page.height});
-    const bool fits = beside <= margin && (size || i == 1);
-    if (fits) return std::move(opened).value();
+    if (!ink) return opened;
+    if (beside(*ink, page) <= opened.value()->margin() && (size || i == 1)) return opened;
     if (!size) page = {std::max(ink->maxX, 1e-3), std::max(ink->maxY, 1e-3)};
-    const double side = std::max(page.width, page.height);
-    margin = std::clamp(beside + kMargin * side, kMargin * side, most * side);
+    opened = openWith(page, marginFor(beside(*ink, page)));
   }
+  if (!opened || opened.value()->margin() <= kNearBeside * longerSide(page)) return opened;
+  const Box painted = paintedBox(*opened.value());
+  const double room = painted.isEmpty() ? 0 : marginFor(beside(painted, page));
+  return room > 0 && room < opened.value()->margin() / 2 ? openWith(page, room) : std::move(opened);
 }
 
 // Where the lines lie that are drawn as layers of their own, in the document's units.
@@ -42,17 +72,9 @@ std::vector<DrawingSheet::Guide> drawnGuides(const SvgDocument& document, Size p
   SvgPage& drawn = *opened.value();
   for (const auto& layer : document.guideLayers()) {
     drawn.drawOnly(document.reference(layer.element));
-    // The box that the renderer itself gives of a level line reaches to its origin.
-    double scale = 1;
-    const auto written = writePage(drawn, scale);
-    const auto painted =
-        written ? readPaintedPage(written.value(), scale) : Failure{written.error()};
-    if (!painted) continue;
-    Box box;
-    for (const PaintedShape& shape : painted.value().shapes)
-      if (!shape.contours.empty()) box.include(boxOf(shape.contours));
+    const Box box = paintedBox(drawn);
     if (box.isEmpty()) continue; // hidden
-    const double y = (box.minY + box.maxY) / 2 / gridScale(page) - drawn.margin();
+    const double y = (box.minY + box.maxY) / 2;
     guides.push_back({layer.kind, std::round(document.userFromPixels()({0, y}).y * 1e4) / 1e4});
   }
   return guides;

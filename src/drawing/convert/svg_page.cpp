@@ -26,20 +26,33 @@ Result<std::unique_ptr<SvgPage>, std::string> SvgPage::open(const std::string& d
           bytes.get(), nullptr, RSVG_HANDLE_FLAGS_NONE, nullptr, &error))});
   if (!handle->rsvg) return Failure{messageOf(error)};
   rsvg_handle_set_dpi(handle->rsvg.get(), 96);
+  std::unique_ptr<SvgPage> opened(new SvgPage(std::move(handle), page, margin, hasText));
+  if (const auto styled = opened->setStyle(Edges::smooth); !styled) return Failure{styled.error()};
+  return opened;
+}
+
+Result<void, std::string> SvgPage::setStyle(Edges edges) {
+  if (edges_ == edges) return {};
+  const std::string rendering =
+      edges == Edges::crisp ? "* { shape-rendering: crispEdges !important }" : "";
   const std::string css =
+      rendering +
       "* { mask: none !important; filter: none !important; mix-blend-mode: normal !important }"
       "image { display: none !important }"
       ".quillery-frame > svg { x: 0 !important; y: 0 !important; overflow: visible !important; "
       "width: " +
-      formatShortest(page.width) + "px !important; height: " + formatShortest(page.height) +
+      formatShortest(page_.width) + "px !important; height: " + formatShortest(page_.height) +
       "px !important }";
-  if (rsvg_handle_set_stylesheet(handle->rsvg.get(), reinterpret_cast<const guint8*>(css.data()),
+  GError* error = nullptr;
+  if (rsvg_handle_set_stylesheet(handle_->rsvg.get(), reinterpret_cast<const guint8*>(css.data()),
                                  css.size(), &error) == FALSE)
     return Failure{messageOf(error)};
-  return std::unique_ptr<SvgPage>(new SvgPage(std::move(handle), page, margin, hasText));
+  edges_ = edges;
+  return {};
 }
 
-Result<void, std::string> SvgPage::draw(cairo_t* context, double scale) {
+Result<void, std::string> SvgPage::draw(cairo_t* context, double scale, Edges edges) {
+  if (const auto styled = setStyle(edges); !styled) return styled;
   GError* error = nullptr;
   const RsvgRectangle viewport{0, 0, (page_.width + 2 * margin_) * scale,
                                (page_.height + 2 * margin_) * scale};

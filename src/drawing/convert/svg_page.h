@@ -20,7 +20,7 @@ public:
   Size size() const override { return page_; }
   double margin() const override { return margin_; }
   bool hasText() const override { return hasText_; }
-  Result<void, std::string> draw(cairo_t* context, double scale) override;
+  Result<void, std::string> draw(cairo_t* context, double scale, Edges edges) override;
 
   /// From now on, only this element is drawn ("#id").
   void drawOnly(std::string reference) { only_ = std::move(reference); }
@@ -28,6 +28,8 @@ public:
   std::optional<Box> inkBox(const std::string& reference = {}) const;
 
 private:
+  Result<void, std::string> setStyle(Edges edges);
+
   struct Handle;
   SvgPage(std::unique_ptr<Handle> handle, Size page, double margin, bool hasText);
 
@@ -36,6 +38,7 @@ private:
   double margin_;
   bool hasText_;
   std::string only_;
+  std::optional<Edges> edges_;
 };
 
 } // namespace quillery

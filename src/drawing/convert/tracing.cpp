@@ -1,11 +1,9 @@
 #include "drawing/convert/tracing.h"
 
-#include "drawing/convert/gobject.h"
 #include "drawing/convert/ink.h"
+#include "drawing/convert/subprocess.h"
 #include "drawing/convert/svg_document.h"
 #include "drawing/convert/svg_page.h"
-
-#include <gio/gio.h>
 
 namespace quillery {
 namespace {
@@ -27,31 +25,10 @@ std::string bitmap(const Coverage& picture, std::uint8_t least) {
 
 } // namespace
 
-static Result<std::string, std::string> runTracer(const std::string& input) {
-  GError* error = nullptr;
-  const GObjectPointer<GSubprocess> process(g_subprocess_new(
-      static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDIN_PIPE | G_SUBPROCESS_FLAGS_STDOUT_PIPE |
-                                    G_SUBPROCESS_FLAGS_STDERR_SILENCE),
-      &error, "potrace", "--backend", "svg", "--output", "-", "-", nullptr));
-  if (!process) return Failure{"potrace can't be run: " + messageOf(error)};
-  GBytes* in = g_bytes_new_static(input.data(), input.size());
-  GBytes* out = nullptr;
-  const bool talked =
-      g_subprocess_communicate(process.get(), in, nullptr, &out, nullptr, &error) != FALSE;
-  g_bytes_unref(in);
-  if (!talked) return Failure{"potrace: " + messageOf(error)};
-  gsize size = 0;
-  const void* data = g_bytes_get_data(out, &size);
-  std::string output(static_cast<const char*>(data), size);
-  g_bytes_unref(out);
-  if (g_subprocess_get_successful(process.get()) == FALSE)
-    return Failure{std::string("potrace failed")};
-  return output;
-}
-
 Result<Contours, std::string> traced(const Coverage& picture, const PictureFrame& frame,
                                      std::uint8_t least) {
-  const auto svg = runTracer(bitmap(picture, least));
+  const auto svg =
+      outputOf({"potrace", "--backend", "svg", "--output", "-", "-"}, bitmap(picture, least));
   if (!svg) return Failure{svg.error()};
   const auto document = SvgDocument::parse(svg.value());
   if (!document) return Failure{document.error()};

@@ -130,7 +130,7 @@ void WatchBar::tellTaken(const std::vector<fs::path>& files, const ImportOutcome
   const auto taken = std::find_if(files.begin(), files.end(), [&](const fs::path& file) {
     return std::find(skipped.begin(), skipped.end(), file) == skipped.end();
   });
-  const QString time = QLocale().toString(QTime::currentTime(), QLocale::LongFormat);
+  const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
   tell(outcome.imported == 1 && taken != files.end()
            ? tr("%1 taken in at %2").arg(nameOf(*taken), time)
            : tr("%1 drawings taken in at %2")

@@ -124,6 +124,16 @@ TEST(Conversion, TilesPatternsAndTracesOnRequest) {
   }
 }
 
+TEST(Conversion, TakesPagesOfPostScript) {
+  const std::string page = "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 100 200\n"
+                           "10 20 moveto 50 20 lineto 50 80 lineto closepath fill\nshowpage\n";
+  const FlatDrawing drawn = flat(page);
+  EXPECT_EQ(drawn.artboard.page, (Rect{0, 0, 100, 200}));
+  EXPECT_EQ(drawn.pathData, "M 10 180 L 50 180 L 50 120 Z");
+  EXPECT_FALSE(convertDrawing("%PDF-1.4 and no more", ConversionRoad::exact));
+  EXPECT_FALSE(convertDrawing("\x89PNG and no more", ConversionRoad::exact));
+}
+
 TEST(Conversion, StrokesLieWhereTheyArePainted) {
   // The points of a stroke's edges lie half its width beside the line: a circle of 30, and a curve
   // with a cusp at (50, 35), where the edge goes around.
