@@ -30,7 +30,7 @@ Box wholePage(const PageSource& source) {
 }
 
 struct Tracing {
-  int pixels = 3000;       // of the longer side
+  int pixels = 2000;       // of the longer side
   std::uint8_t least = 26; // a tenth of black: no paper any more
 };
 
