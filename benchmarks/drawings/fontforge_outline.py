@@ -2,7 +2,8 @@
 
     fontforge_outline.py DRAWING PROBE [turned]
 
-"turned" turns its contours by their nesting, as one does before making a font. PROBE is a square of 1,000 units at the origin on a page as the drawing's.
+"turned" turns its contours by their nesting, as one does before making a font. PROBE is a square
+of 1,000 units at the origin on a page as the drawing's.
 """
 
 import json

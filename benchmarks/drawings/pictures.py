@@ -164,7 +164,8 @@ def second_pictures(drawings, folder):
         wide, high = round(page.width * scale), round(page.height * scale)
         if page.sized and min(wide, high) > 0:
             lines.append(f"file-open:{drawing};export-area-page;export-width:{wide};"
-                         f"export-height:{high};"
+                         f"export-height:{high};export-background:#ffffff;"
+                         "export-background-opacity:1;"
                          f"export-filename:{target};export-do;file-close")
     for start in range(0, len(lines), 50):
         try:
