@@ -23,7 +23,7 @@ using CairoContext = std::unique_ptr<cairo_t, ReleaseCairo>;
 
 /// The message of an error, which is freed.
 inline std::string messageOf(GError* error) {
-  const std::string message = error != nullptr ? error->message : "unknown error";
+  std::string message = error != nullptr ? error->message : "unknown error";
   if (error != nullptr) g_error_free(error);
   return message;
 }

@@ -30,7 +30,7 @@ Box wholePage(const PageSource& source) {
 }
 
 struct Tracing {
-  int pixels = 3000;       // of the longer side
+  int pixels = 2000;       // of the longer side
   std::uint8_t least = 26; // a tenth of black: no paper any more
 };
 
@@ -93,7 +93,9 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
       if (page.hasFades) note(notes, "a gradient or pattern is taken as flat ink");
       return withNotes(Inked{*std::move(contours), {}});
     }
-    reason = formatFixed(off.value() * 100, 1) + " % of its ink came out otherwise";
+    reason =
+        off.value() < 0.5 ? formatFixed(off.value() * 100, 1) + " % of its ink" : "most of its ink";
+    reason += " came out otherwise";
   }
   auto inked = trace(source, onPage, page.isAllLight, reason);
   if (!inked) return inked;

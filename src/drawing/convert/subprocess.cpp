@@ -17,6 +17,7 @@ using Bytes = std::unique_ptr<GBytes, ReleaseBytes>;
 Result<std::string, std::string> outputOf(const std::vector<std::string>& command,
                                           const std::string& input) {
   std::vector<const gchar*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& argument : command) arguments.push_back(argument.c_str());
   arguments.push_back(nullptr);
   GError* error = nullptr;
