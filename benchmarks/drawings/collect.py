@@ -72,8 +72,7 @@ def version(package):
     return shown.split()[-1] if shown.startswith("install ok installed") else None
 
 
-def is_there(source, install):
-    wanted = PINS["sources"][source]
+def are_there(wanted, install):
     missing = [package for package in wanted if version(package) is None]
     if missing and install:
         subprocess.run(["apt-get", "install", "-y", "--no-install-recommends", *missing],
@@ -106,9 +105,11 @@ def main():
     options.add_argument("--only", nargs="*", choices=SOURCES, default=list(SOURCES))
     chosen = options.parse_args()
     record = {}
+    if not are_there(PINS["judge"], chosen.install):
+        print("the judge lacks packages; see packages.json", file=sys.stderr)
     for source in chosen.only:
         folder = (chosen.out / source).resolve()
-        state = make(source, folder) if is_there(source, chosen.install) else "not there"
+        state = make(source, folder) if are_there(PINS["sources"][source], chosen.install) else "not there"
         packages = {package: version(package) for package in PINS["sources"][source]}
         differs = [package for package, found in packages.items()
                    if found != PINS["versions"][package]]
