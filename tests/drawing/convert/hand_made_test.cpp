@@ -25,7 +25,12 @@ TEST(HandMadeDrawings, AreConvertedByTheirOwnCurvesOrRefusedInWords) {
     return words;
   };
   const auto refused = wordsOf("refused"), noted = wordsOf("noted");
-  DrawingConverter converter(QUILLERY_CONVERTER);
+  ConversionLimits limits;
+#ifdef __SANITIZE_ADDRESS__
+  limits.bytes = std::size_t{1} << 46; // the sanitizer keeps a map of all memory
+  limits.time *= 5;
+#endif
+  DrawingConverter converter(QUILLERY_CONVERTER, limits);
   std::size_t count = 0;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     if (entry.path().extension() != ".svg") continue;
