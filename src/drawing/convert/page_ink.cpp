@@ -52,6 +52,15 @@ Result<Inked, std::string> trace(PageSource& source, const Box& box, bool isAllL
   return inked;
 }
 
+// By its picture alone: to look at its shapes took too long, or broke what looked.
+Result<Inked, std::string> tracedWithoutLooking(PageSource& source) {
+  constexpr const char* kReason = "its shapes could not be combined in time";
+  auto inked = trace(source, wholePage(source), false, kReason);
+  if (inked && inked.value().contours.empty()) // of light paint, perhaps
+    inked = trace(source, wholePage(source), true, kReason);
+  return inked;
+}
+
 } // namespace
 
 void note(std::vector<Utf8>& notes, std::string_view text) {
@@ -59,6 +68,7 @@ void note(std::vector<Utf8>& notes, std::string_view text) {
 }
 
 Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightPaint light) {
+  if (road == ConversionRoad::traced) return tracedWithoutLooking(source);
   double scale = 1;
   const auto written = writePage(source, scale);
   if (!written) return Failure{written.error()};
@@ -80,9 +90,6 @@ Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightP
     if (inked) inked.value().notes.insert(inked.value().notes.begin(), notes.begin(), notes.end());
     return inked;
   };
-  if (road == ConversionRoad::traced)
-    return withNotes(
-        trace(source, onPage, page.isAllLight, "its shapes could not be combined in time"));
 
   auto contours = inkOf(page);
   std::string reason = "its shapes can't be combined";
