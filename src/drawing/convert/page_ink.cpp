@@ -69,12 +69,9 @@ void note(std::vector<Utf8>& notes, std::string_view text) {
 
 Result<Inked, std::string> inkOn(PageSource& source, ConversionRoad road, LightPaint light) {
   if (road == ConversionRoad::traced) return tracedWithoutLooking(source);
-  double scale = 1;
-  const auto written = writePage(source, scale);
-  if (!written) return Failure{written.error()};
-  const auto read = readPaintedPage(written.value(), scale);
-  if (!read) return Failure{read.error()};
-  const PaintedPage& page = read.value();
+  const auto painted = paintedOn(source);
+  if (!painted) return Failure{painted.error()};
+  const PaintedPage& page = painted.value();
   if (page.isAllLight && light == LightPaint::isPaper) return noInk();
   Box onPage = wholePage(source);
   onPage.minX = std::max(onPage.minX, page.seen.minX);
@@ -121,10 +118,8 @@ Result<Inked, std::string> inkOfPicture(PageSource& source) {
 }
 
 bool isAllLight(PageSource& source) {
-  double scale = 1;
-  const auto written = writePage(source, scale);
-  const auto read = written ? readPaintedPage(written.value(), scale) : Failure{written.error()};
-  return read && read.value().isAllLight;
+  const auto painted = paintedOn(source);
+  return painted && painted.value().isAllLight;
 }
 
 Result<FlatDrawing, std::string> flatDrawing(const PageSource& source, Inked inked,

@@ -381,4 +381,11 @@ Result<PaintedPage, std::string> readPaintedPage(std::string_view svg, double sc
   return PageReader(tree.value(), scale).read();
 }
 
+Result<PaintedPage, std::string> paintedOn(PageSource& source) {
+  double scale = 1;
+  const auto written = writePage(source, scale);
+  if (!written) return Failure{written.error()};
+  return readPaintedPage(written.value(), scale);
+}
+
 } // namespace quillery

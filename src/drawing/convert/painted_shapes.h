@@ -2,6 +2,7 @@
 
 #include "base/result.h"
 #include "drawing/convert/contour.h"
+#include "drawing/convert/page_source.h"
 
 #include <memory>
 #include <string>
@@ -44,5 +45,8 @@ struct PaintedPage {
 /// Reads a page that cairo's SVG surface wrote, `scale` grid units to each of its own. What paints
 /// nothing that is seen is left out; strokes are the areas that they cover.
 Result<PaintedPage, std::string> readPaintedPage(std::string_view svg, double scale);
+
+/// The same of a page that is written for it.
+Result<PaintedPage, std::string> paintedOn(PageSource& source);
 
 } // namespace quillery

@@ -17,10 +17,7 @@ double beside(const Box& box, Size page) {
 // costs less, reaches to the origin of lines without an extent and of groups that paint nothing.
 Box paintedBox(SvgPage& page) {
   Box box;
-  double scale = 1;
-  const auto written = writePage(page, scale);
-  if (!written) return box;
-  const auto painted = readPaintedPage(written.value(), scale);
+  const auto painted = paintedOn(page);
   if (!painted) return box;
   const double perPixel = gridScale(page.size());
   for (const PaintedShape& shape : painted.value().shapes) {

@@ -36,10 +36,7 @@ Result<Contours, std::string> traced(const Coverage& picture, const PictureFrame
   const Size page = *document.value().size();
   const auto drawn = SvgPage::open(document.value().framed(page, 0), page, 0, false);
   if (!drawn) return Failure{drawn.error()};
-  double scale = 1;
-  const auto written = writePage(*drawn.value(), scale);
-  if (!written) return Failure{written.error()};
-  const auto painted = readPaintedPage(written.value(), scale);
+  const auto painted = paintedOn(*drawn.value());
   if (!painted) return Failure{painted.error()};
   auto ink = inkOf(painted.value());
   if (!ink) return Failure{std::string("what was traced can't be read")};
