@@ -1,5 +1,5 @@
-#include "model/json_diagnosis.h"
-#include "model/json_slices.h"
+#include "base/json_diagnosis.h"
+#include "base/json_slices.h"
 #include "model/project_file.h"
 
 #include <simdjson.h>

@@ -11,6 +11,7 @@ import sys
 LEVELS = {
     "base": 0,
     "model": 1,
+    "font": 1,
     "project": 2,
     "svg": 3,
     "drawing": 3,

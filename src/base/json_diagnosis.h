@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/project_file.h"
+#include "base/problem.h"
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "model/json_slices.h"
+#include "base/json_slices.h"
 #include "model/project_file.h"
 #include "support/file_bytes.h"
 #include "support/testing.h"

@@ -1,4 +1,4 @@
-#include "model/json_slices.h"
+#include "base/json_slices.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "model/json_diagnosis.h"
+#include "base/json_diagnosis.h"
 
 #include <nlohmann/json.hpp>
 
