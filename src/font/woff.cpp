@@ -1,0 +1,46 @@
+#include "font/container.h"
+#include "font/sfnt.h"
+
+#include <zlib.h>
+
+namespace quillery::font {
+
+namespace {
+
+constexpr std::size_t kHeaderSize = 44;
+constexpr std::size_t kEntrySize = 20;
+
+/// The data compressed; nothing where that makes it no smaller.
+Bytes compressed(const Bytes& data) {
+  uLongf size = compressBound(data.size());
+  Bytes result(size, '\0');
+  const int status = compress2(reinterpret_cast<Bytef*>(result.data()), &size,
+                               reinterpret_cast<const Bytef*>(data.data()), data.size(), 9);
+  result.resize(status == Z_OK && size < data.size() ? size : 0);
+  return result;
+}
+
+} // namespace
+
+Bytes packWoff(std::vector<Table> tables) {
+  const SfntTables font = finish(std::move(tables));
+  const std::size_t count = font.tables.size();
+  ByteWriter directory;
+  ByteWriter content;
+  for (std::size_t i = 0; i < count; ++i) {
+    const Table& table = font.tables[i];
+    const Bytes smaller = compressed(table.data);
+    const Bytes& stored = smaller.empty() ? table.data : smaller;
+    directory.bytes(table.tag).u32(kHeaderSize + count * kEntrySize + content.size());
+    directory.u32(stored.size()).u32(table.data.size()).u32(font.checksums[i]);
+    content.bytes(stored).pad(4);
+  }
+  ByteWriter file;
+  file.bytes("wOFF").u32(font.version).u32(kHeaderSize + directory.size() + content.size());
+  file.u16(static_cast<std::uint32_t>(count)).u16(0).u32(sfntSize(font)).bytes(revisionOf(font));
+  for (int i = 0; i < 5; ++i) file.u32(0); // neither metadata nor private data
+  file.bytes(directory.view()).bytes(content.view());
+  return std::move(file).release();
+}
+
+} // namespace quillery::font
