@@ -12,7 +12,7 @@ namespace quillery::font {
 
 namespace {
 
-enum Operator : char { return_ = 11, endchar = 14, callgsubr = 29 };
+constexpr char kReturn = 11, kEndchar = 14, kCallgsubr = 29;
 
 constexpr int kDeepest = 10;
 constexpr std::size_t kMostSubroutines = 65000;
@@ -117,7 +117,7 @@ private:
   bool endsGlyph(std::int32_t candidate) const {
     const Repeat& repeat = repeats_.all[at(candidate)];
     const std::uint32_t last = tokens_.tokens[at(repeat.start + repeat.length) - 1];
-    return charstrings_.bytes[charstrings_.tokens[last].end - 1] == endchar;
+    return charstrings_.bytes[charstrings_.tokens[last].end - 1] == kEndchar;
   }
   /// Bytes besides the body: the offset to it, and the return.
   std::int32_t upkeep(std::int32_t candidate) const { return endsGlyph(candidate) ? 2 : 3; }
@@ -307,7 +307,7 @@ void Sharing::writePart(Part part, const Cutting& cutting, int bias, Bytes& byte
       bytes.append(charstrings_.bytes, start, charstrings_.tokens[token].end - start);
     } else {
       appendNumber(bytes, candidates_[at(call)].index - bias);
-      bytes += callgsubr;
+      bytes += kCallgsubr;
       place += lengthOf(call);
     }
   }
@@ -353,7 +353,7 @@ SharedCharstrings Sharing::write() {
     body.clear();
     cut(bodyOf(subroutine), subroutine, cutting);
     writePart(bodyOf(subroutine), cutting, bias, body);
-    if (!endsGlyph(subroutine)) body += return_;
+    if (!endsGlyph(subroutine)) body += kReturn;
     shared.subroutines.add(body);
   }
   produceInOrder((charstrings_.size() + kGlyphsPerChunk - 1) / kGlyphsPerChunk,
