@@ -1,9 +1,10 @@
 #include "font/quadratic_spline.h"
 
 #include <algorithm>
+#include <array>
 #include <cassert>
 #include <cmath>
-#include <optional>
+#include <cstddef>
 
 namespace quillery::font {
 
@@ -12,13 +13,13 @@ namespace {
 // A curve that stays this much of the tolerance from its chord was meant to be a line; a flatter
 // bow than that is rounding in the drawing.
 constexpr double kStraight = 0.25;
-// Deviations are looked at this often on a part. Between two looks they grow by two percent at
-// most.
-constexpr int kLooksPerPart = 8;
-constexpr int kLooksToFit = 4;
+// Deviations are looked at so often on a part, and grow by this much between two looks.
+constexpr int kLooks = 8;
+constexpr int kLooksOfOnePart = 16;
 constexpr double kMargin = 0.96;
+// How much of a part the place on the curve to compare with may lie ahead or behind.
 constexpr double kFarthest = 0.25;
-// Twice what the longest curve takes at the least tolerance.
+// Twice what the longest curve takes at a tolerance of a quarter of a unit.
 constexpr int kMostParts = 100;
 
 Point operator-(Point a, Point b) {
@@ -40,21 +41,95 @@ double cross(Point a, Point b) {
 Point directionOf(Point a, Point b, Point c) {
   const Point zero;
   const Point way = a != zero ? a : b != zero ? b : c;
-  const double length = std::hypot(way.x, way.y);
+  const double length = std::sqrt(dot(way, way));
   return length > 0 ? (1 / length) * way : zero;
+}
+
+constexpr double cubed(double number) {
+  return number * number * number;
+}
+
+/// Where a part's control point lies between its two natural ones, see Fitting.
+constexpr double shareOf(int part, int parts) {
+  return parts == 1 ? 0 : static_cast<double>(part) / (parts - 1);
+}
+
+/// How far off the joint before a part is, in third powers over a step.
+constexpr double jointBefore(int part, int parts) {
+  return part == 0 || part == parts ? 0 : (1 - shareOf(part - 1, parts) - shareOf(part, parts)) / 4;
+}
+
+/// A place to look at: how far off the spline to begin with is there, in third powers, and by how
+/// much the place follows moves of the outermost control points.
+struct Look {
+  double t = 0;
+  double deviation = 0;
+  double firstMove = 0;
+  double lastMove = 0;
+};
+
+constexpr Look lookAt(int parts, int looks, int index) {
+  const int part = index / looks;
+  const bool isFirst = part == 0, isLast = part == parts - 1;
+  const double s = static_cast<double>(index % looks) / looks, rest = 1 - s;
+  const double middle = 2 * s * rest, toBegin = rest * rest / 2, toEnd = s * s / 2;
+  Look look;
+  look.t = (part + s) / parts;
+  look.deviation = (jointBefore(part, parts) * rest * rest + jointBefore(part + 1, parts) * s * s +
+                    s * rest * (s - shareOf(part, parts))) /
+                   cubed(parts);
+  look.firstMove = isFirst ? middle + (isLast ? 0 : toEnd) : part == 1 ? toBegin : 0;
+  look.lastMove = isLast ? (isFirst ? 0 : middle + toBegin) : part == parts - 2 ? toEnd : 0;
+  return look;
+}
+
+template <int parts, int looks> constexpr std::array<Look, parts * looks - 1> allLooks() {
+  std::array<Look, parts * looks - 1> all;
+  for (std::size_t i = 0; i < all.size(); ++i)
+    all[i] = lookAt(parts, looks, static_cast<int>(i + 1));
+  return all;
+}
+
+// Nearly all curves of letters take no more parts.
+constexpr auto kOnePart = allLooks<1, kLooksOfOnePart>();
+constexpr auto kTwoParts = allLooks<2, kLooks>();
+constexpr auto kThreeParts = allLooks<3, kLooks>();
+constexpr auto kFourParts = allLooks<4, kLooks>();
+
+/// Calls `take` for the looks along a spline, or every second one, the ends of the curve left out,
+/// until it returns false.
+template <int stride, typename Take> bool lookAlong(int parts, Take take) {
+  const auto through = [&](const auto& looks) {
+    for (std::size_t i = stride - 1; i < looks.size(); i += stride)
+      if (!take(looks[i])) return false;
+    return true;
+  };
+  switch (parts) {
+  case 1:
+    return through(kOnePart);
+  case 2:
+    return through(kTwoParts);
+  case 3:
+    return through(kThreeParts);
+  case 4:
+    return through(kFourParts);
+  default:
+    for (int i = stride; i < parts * kLooks; i += stride)
+      if (!take(lookAt(parts, kLooks, i))) return false;
+    return true;
+  }
 }
 
 /// Fits splines of more and more parts to one cubic curve.
 ///
 /// Cut at equal steps of its parameter t, the curve is approached by one quadratic a part. A part
 /// has two natural control points: one on the tangent at its begin, one on that at its end, half a
-/// step along the tangent; they are apart by half the curve's third power over the step. The first
+/// step along the tangent; they are half the curve's third power over the step apart. The first
 /// part takes its first one, the last part its second one, and those between go over from one to
-/// the other by shares. That is the spline to begin with. What it is off the curve at the same
-/// parameter is a multiple of the third power, everywhere, so the greatest deviation is known
-/// beforehand.
+/// the other by shares. That is the spline to begin with. At every parameter it is off the curve by
+/// a multiple of the third power, so that its greatest deviation is known beforehand.
 ///
-/// Most of it points along the curve, where it doesn't show. The spline that is looked for is off
+/// Most of that points along the curve, where it doesn't show. The spline that is looked for is off
 /// sideways as little as possible: the outermost control points move on their tangents to where the
 /// squares of the sideways deviations are least.
 class Fitting {
@@ -83,15 +158,18 @@ public:
 
   void append(std::vector<Point>& controls) {
     parts_ = 1;
-    if (!fitOne()) do {
-        ++parts_;
-        assert(parts_ < kMostParts);
-      } while (!fitSeveral());
+    bool fits = fitOne();
+    while (!fits) {
+      ++parts_;
+      assert(parts_ < kMostParts);
+      fits = fitSeveral();
+    }
     const double step = 1.0 / parts_;
     for (int i = 0; i < parts_; ++i) {
       const double t = i * step;
       const Point place = cubic_.start + t * (first_ + t * (second_ + t * third_));
-      Point control = place + (step / 2) * slopeAt(t) + (-shareOf(i) * cubed(step) / 2) * third_;
+      Point control =
+          place + (step / 2) * slopeAt(t) + (-shareOf(i, parts_) * cubed(step) / 2) * third_;
       if (i == 0) control = control + firstMove_;
       if (i == parts_ - 1) control = control + lastMove_;
       controls.push_back(control);
@@ -99,13 +177,7 @@ public:
   }
 
 private:
-  static double cubed(double number) { return number * number * number; }
-
   Point slopeAt(double t) const { return first_ + t * (2.0 * second_ + 3 * t * third_); }
-
-  double shareOf(int part) const {
-    return parts_ == 1 ? 0 : static_cast<double>(part) / (parts_ - 1);
-  }
 
   /// One part, whose control point is where the tangents meet.
   bool fitOne() {
@@ -116,7 +188,15 @@ private:
     firstMove_ = along * out_ - 0.5 * first_;
     lastMove_ = {};
     keepsTangents_ = along > 0 && cross(chord, out_) / turn > 0;
-    return isNear();
+    return isNearInTheMiddle() && isNear();
+  }
+
+  /// Whether one part is; the quickest way to know that most curves take more.
+  bool isNearInTheMiddle() const {
+    const Look& look = kOnePart[kLooksOfOnePart / 2 - 1];
+    const Point slope = slopeAt(look.t);
+    const double sideways = cross(look.deviation * third_ + look.firstMove * firstMove_, slope);
+    return sideways * sideways <= tolerance_ * tolerance_ * dot(slope, slope);
   }
 
   bool fitSeveral() {
@@ -128,42 +208,7 @@ private:
 
   /// That of the spline to begin with: near the end of its first part, where the joint is off too.
   double greatestDeviation() const {
-    const double joint = (1 - shareOf(1)) / 4;
-    return std::hypot(third_.x, third_.y) * cubed((1 + joint) / parts_) * 4 / 27;
-  }
-
-  /// A place to look at: how far the spline to begin with is off, in third powers, and by how much
-  /// it follows moves of the outermost control points.
-  struct Look {
-    double t;
-    double deviation;
-    double firstMove;
-    double lastMove;
-  };
-
-  /// Calls `take` for places along the curve, `looks` on each part, the ends left out, until it
-  /// returns false.
-  template <int looks, typename Take> bool lookAlong(Take take) const {
-    const double step = 1.0 / parts_, scale = cubed(step);
-    const auto jointAt = [&](int i) {
-      return i == 0 || i == parts_ ? 0 : (1 - shareOf(i - 1) - shareOf(i)) / 4;
-    };
-    for (int part = 0; part < parts_; ++part) {
-      const double begin = jointAt(part), end = jointAt(part + 1), share = shareOf(part);
-      const bool isFirst = part == 0, isLast = part == parts_ - 1;
-      for (int i = isFirst ? 1 : 0; i < looks; ++i) {
-        const double s = static_cast<double>(i) / looks, rest = 1 - s;
-        const double middle = 2 * s * rest, toBegin = rest * rest / 2, toEnd = s * s / 2;
-        Look look{(part + s) * step, 0, 0, 0};
-        look.deviation = scale * (begin * rest * rest + end * s * s + s * rest * (s - share));
-        if (isFirst) look.firstMove = middle + (isLast ? 0 : toEnd);
-        if (part == 1) look.firstMove = toBegin;
-        if (isLast && !isFirst) look.lastMove = middle + toBegin;
-        if (part == parts_ - 2) look.lastMove = toEnd;
-        if (!take(look)) return false;
-      }
-    }
-    return true;
+    return std::hypot(third_.x, third_.y) * cubed((1 + jointBefore(1, parts_)) / parts_) * 4 / 27;
   }
 
   /// Moves the outermost control points, by least squares of what is off sideways.
@@ -171,7 +216,7 @@ private:
     // The little that keeps moves small where they change nothing.
     constexpr double kReluctance = 1e-3;
     double aa = kReluctance, ab = 0, bb = kReluctance, ar = 0, br = 0;
-    lookAlong<kLooksToFit>([&](const Look& look) {
+    lookAlong<2>(parts_, [&](const Look& look) {
       const Point slope = slopeAt(look.t);
       const double square = dot(slope, slope);
       if (square == 0) return true;
@@ -197,38 +242,33 @@ private:
     lastMove_ = last * in_;
   }
 
+  /// Whether the moved spline stays within the tolerance: at the same parameter, or a little before
+  /// or behind, where the curve runs straight enough for the nearest place to be there.
   bool isNear() const {
-    return parts_ == 1 ? isNearBy<2 * kLooksPerPart>() : isNearBy<kLooksPerPart>();
-  }
-
-  /// Whether the moved spline stays within the tolerance, at the same parameter or, where the curve
-  /// runs straight enough for that, a little before or behind.
-  template <int looks> bool isNearBy() const {
     const double sameLimit = tolerance_ * tolerance_;
     const double limit = kMargin * kMargin * sameLimit;
     const double farthest = kFarthest / parts_;
-    bool isNearAtSame = parts_ == 1;
+    bool isNearAtSame = parts_ == 1; // of several parts, the greatest deviation is known
     bool isNearBeside = keepsTangents_;
     Point slopeBefore = out_;
     double squareBefore = 1;
-    return lookAlong<looks>([&](const Look& look) {
+    return lookAlong<1>(parts_, [&](const Look& look) {
       const Point off =
           look.deviation * third_ + look.firstMove * firstMove_ + look.lastMove * lastMove_;
       isNearAtSame = isNearAtSame && dot(off, off) <= sameLimit;
       if (isNearBeside) {
         const Point slope = slopeAt(look.t), bend = second_ + 3 * look.t * third_;
-        const double square = dot(slope, slope), along = dot(off, slope),
-                     turn = dot(slopeBefore, slope);
-        isNearBeside = std::abs(along) <= farthest * square &&
-                       16 * along * along * dot(bend, bend) <= square * square * square &&
-                       turn > 0 && 4 * turn * turn >= square * squareBefore;
-        if (isNearBeside) {
-          const double d = along / square;
-          const Point left = off - d * (slope + d * (bend + d * third_));
-          isNearBeside = dot(left, left) <= limit;
-          slopeBefore = slope;
-          squareBefore = square;
-        }
+        const double square = dot(slope, slope), along = dot(off, slope);
+        const double d = along / square;
+        const Point left = off - d * (slope + d * (bend + d * third_));
+        const double turn = dot(slopeBefore, slope);
+        // From look to look the curve turns by 60 degrees at most, and on the way to the nearest
+        // place by less.
+        isNearBeside = turn > 0 && 4 * turn * turn >= square * squareBefore &&
+                       std::abs(d) <= farthest && 16 * d * d * dot(bend, bend) <= square &&
+                       dot(left, left) <= limit;
+        slopeBefore = slope;
+        squareBefore = square;
       }
       return isNearAtSame || isNearBeside;
     });
