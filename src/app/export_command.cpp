@@ -44,13 +44,19 @@ bool areFontFiles(const std::string& command, const std::vector<std::filesystem:
 }
 
 GeneratorPlaces generatorPlaces(const ProgramPlaces& places) {
-  return {places.resourceFolder, places.developmentExecutable, places.developmentScript};
+  GeneratorPlaces generators;
+  generators.resourceFolder = places.resourceFolder;
+  generators.developmentExecutable = places.developmentExecutable;
+  generators.developmentScript = places.developmentScript;
+  return generators;
 }
 
 ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
   if (!areFontFiles("export", command.fonts)) return ExitStatus::wrongUsage;
   Session session(places);
-  const FontGenerator generator(session.desktop(), generatorPlaces(places));
+  GeneratorPlaces generators = generatorPlaces(places);
+  generators.only = command.generator;
+  const FontGenerator generator(session.desktop(), generators);
   // The check waits for Python; the project loads meanwhile.
   const auto task = std::make_shared<std::packaged_task<GeneratorAvailability()>>(
       [generator] { return generator.checkGeneratorAvailability(); });
@@ -77,8 +83,8 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
     return ExitStatus::incomplete;
   }
   if (!command.report) return ExitStatus::done;
-  const auto report = makeFontReport(session.project(), command.fonts.front(), *command.report,
-                                     generatorPlaces(places));
+  const auto report =
+      makeFontReport(session.project(), command.fonts.front(), *command.report, generators);
   if (report) return ExitStatus::done;
   printError(command.report->string() + ": " + report.error().description);
   return ExitStatus::incomplete;

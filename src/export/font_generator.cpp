@@ -79,6 +79,7 @@ FontGenerator::FontGenerator(Desktop& desktop, GeneratorPlaces places)
     : desktop_(&desktop), places_(std::move(places)) {}
 
 std::optional<FontGenerator::Packaged> FontGenerator::findPackaged() const {
+  if (places_.only == GeneratorKind::python) return std::nullopt;
   std::vector<Packaged> candidates;
   if (places_.resourceFolder) {
     candidates.push_back(
@@ -105,7 +106,7 @@ Result<GeneratorLocation, FontGeneratorError> FontGenerator::findGenerator() con
     printLine(packaged->found + packaged->path.string());
     return GeneratorLocation{packaged->path, std::nullopt, false};
   }
-  const auto python = places_.findPython();
+  const auto python = places_.only == GeneratorKind::native ? std::nullopt : places_.findPython();
   if (!python) {
     printLine("❌ No font generator found (no bundled executable and no Python)");
     return Failure{FontGeneratorError::generatorNotFound()};
@@ -126,6 +127,8 @@ Result<GeneratorLocation, FontGeneratorError> FontGenerator::findGenerator() con
 
 GeneratorAvailability FontGenerator::checkGeneratorAvailability() const {
   if (const auto packaged = findPackaged()) return {true, packaged->available};
+  if (places_.only == GeneratorKind::native)
+    return {false, FontGeneratorError::generatorNotFound().description()};
   if (!places_.findPython())
     return {false, "Python 3 not found. Please install Python 3 or use the bundled app version."};
   if (!isFontToolsInstalled())

@@ -43,6 +43,9 @@ struct GenerationError {
   explicit GenerationError(const std::string& text) : printed(text), description(text) {}
 };
 
+/// A program of its own, or a script that Python runs, which is slower and can be changed.
+enum class GeneratorKind { native, python };
+
 /// The program to start.
 struct GeneratorLocation {
   /// The packaged generator, or the Python interpreter.
@@ -61,12 +64,15 @@ struct GeneratorAvailability {
 struct GeneratorPlaces {
   /// The folder of the files that ship with the program, if there is one.
   std::optional<std::filesystem::path> resourceFolder;
-  /// A generator in the source tree, for a program that was not installed; empty for none.
+  /// A generator in the build tree and one in the source tree, for a program that was not
+  /// installed; empty for none.
   std::filesystem::path developmentExecutable;
   std::filesystem::path developmentScript;
   /// Interpreters, the best first.
   std::vector<std::filesystem::path> pythonCandidates = {
       "/opt/homebrew/bin/python3", "/usr/local/bin/python3", "/usr/bin/python3"};
+  /// The one kind that is looked for; nothing for the native one and, where it is absent, Python's.
+  std::optional<GeneratorKind> only = std::nullopt;
 
   /// The first interpreter that is there.
   std::optional<std::filesystem::path> findPython() const;

@@ -76,6 +76,13 @@ TEST_F(FontGeneratorTest, IsFoundWhereTheBestOneLies) {
       EXPECT_EQ(program, usesPython ? python : found);
       EXPECT_EQ(usedScript, usesPython ? std::optional(found) : std::nullopt);
     }
+    GeneratorPlaces chosen = places;
+    chosen.only = GeneratorKind::native;
+    EXPECT_EQ(FontGenerator(desktop, chosen).findGenerator().ok(),
+              location && !location.value().usesPython);
+    chosen.only = GeneratorKind::python;
+    const auto scripted = FontGenerator(desktop, chosen).findGenerator();
+    EXPECT_TRUE(!scripted || scripted.value().usesPython);
     // What may not be run is passed over like what is absent.
     if (found == packaged)
       fs::permissions(packaged, fs::perms::owner_read);
