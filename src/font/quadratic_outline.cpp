@@ -3,6 +3,7 @@
 #include "font/quadratic_spline.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace quillery::font {
 
@@ -15,6 +16,15 @@ GridPoint rounded(Point point, bool onCurve) {
   return {roundHalfUp(point.x), roundHalfUp(point.y), onCurve};
 }
 
+/// Whether a point lies on the line between two others.
+bool isBetween(const GridPoint& point, const GridPoint& from, const GridPoint& to) {
+  const auto [left, right] = std::minmax(from.x, to.x);
+  const auto [bottom, top] = std::minmax(from.y, to.y);
+  return point.x >= left && point.x <= right && point.y >= bottom && point.y <= top &&
+         std::int64_t{point.x - from.x} * (to.y - from.y) ==
+             std::int64_t{point.y - from.y} * (to.x - from.x);
+}
+
 /// Appends the points of a contour, without segments that lead nowhere. Curves become quadratic
 /// before anything is rounded, so that rounding moves no tangent twice.
 void appendPoints(const Contour& contour, double tolerance, std::vector<Point>& controls,
@@ -24,24 +34,21 @@ void appendPoints(const Contour& contour, double tolerance, std::vector<Point>& 
   points.push_back(last);
   for (const Segment& segment : contour.segments) {
     const std::size_t before = points.size();
-    bool leadsNowhere = true;
+    const GridPoint end = rounded(segment.end, true);
+    bool isStraight = true;
     if (segment.isCurve) {
       controls.clear();
       appendQuadratics({from, segment.control1, segment.control2, segment.end}, tolerance,
                        controls);
       for (const Point control : controls) {
-        const GridPoint& point = points.emplace_back(rounded(control, false));
-        leadsNowhere = leadsNowhere && point.x == last.x && point.y == last.y;
+        points.push_back(rounded(control, false));
+        isStraight = isStraight && isBetween(points.back(), last, end);
       }
     }
+    if (isStraight) points.resize(before);
+    if (!isStraight || end != last) points.push_back(end);
     from = segment.end;
-    const GridPoint end = rounded(from, true);
-    if (leadsNowhere && end == last) {
-      points.resize(before);
-    } else {
-      points.push_back(end);
-      last = end;
-    }
+    last = end;
   }
 }
 

@@ -1,7 +1,8 @@
 #include "font/container.h"
 #include "font/sfnt.h"
 
-#include <zlib.h>
+#include <libdeflate.h>
+#include <memory>
 
 namespace quillery::font {
 
@@ -10,21 +11,37 @@ namespace {
 constexpr std::size_t kHeaderSize = 44;
 constexpr std::size_t kEntrySize = 20;
 
-/// The data compressed; nothing where that makes it no smaller.
-Bytes compressed(const Bytes& data) {
-  uLongf size = compressBound(data.size());
-  Bytes result(size, '\0');
-  const int status = compress2(reinterpret_cast<Bytef*>(result.data()), &size,
-                               reinterpret_cast<const Bytef*>(data.data()), data.size(), 9);
-  result.resize(status == Z_OK && size < data.size() ? size : 0);
-  return result;
-}
+// Higher levels take three times as long for a percent or two.
+constexpr int kCompressionLevel = 9;
+
+class Compressor {
+public:
+  /// The data compressed; nothing where that makes it no smaller.
+  Bytes operator()(const Bytes& data) const {
+    if (!compressor_) return {};
+    Bytes result(data.size(), '\0');
+    result.resize(libdeflate_zlib_compress(compressor_.get(), data.data(), data.size(),
+                                           result.data(), result.size()));
+    return result.size() < data.size() ? result : Bytes();
+  }
+
+private:
+  struct Free {
+    void operator()(libdeflate_compressor* compressor) const {
+      libdeflate_free_compressor(compressor);
+    }
+  };
+
+  const std::unique_ptr<libdeflate_compressor, Free> compressor_{
+      libdeflate_alloc_compressor(kCompressionLevel)};
+};
 
 } // namespace
 
 Bytes packWoff(std::vector<Table> tables) {
   const SfntTables font = finish(std::move(tables));
   const std::size_t count = font.tables.size();
+  const Compressor compressed;
   ByteWriter directory;
   ByteWriter content;
   for (std::size_t i = 0; i < count; ++i) {
