@@ -51,7 +51,7 @@ constexpr double cubed(double number) {
 
 /// Where a part's control point lies between its two natural ones, see Fitting.
 constexpr double shareOf(int part, int parts) {
-  return parts == 1 ? 0 : static_cast<double>(part) / (parts - 1);
+  return part == 0 ? 0 : part == parts - 1 ? 1 : 0.5;
 }
 
 /// How far off the joint before a part is, in third powers over a step.
@@ -125,9 +125,9 @@ template <int stride, typename Take> bool lookAlong(int parts, Take take) {
 /// Cut at equal steps of its parameter t, the curve is approached by one quadratic a part. A part
 /// has two natural control points: one on the tangent at its begin, one on that at its end, half a
 /// step along the tangent; they are half the curve's third power over the step apart. The first
-/// part takes its first one, the last part its second one, and those between go over from one to
-/// the other by shares. That is the spline to begin with. At every parameter it is off the curve by
-/// a multiple of the third power, so that its greatest deviation is known beforehand.
+/// part takes its first one, the last part its second one, and those between take the middle. That
+/// is the spline to begin with. At every parameter it is off the curve by a multiple of the third
+/// power, so that its greatest deviation is known beforehand.
 ///
 /// Most of that points along the curve, where it doesn't show. The spline that is looked for is off
 /// sideways as little as possible: the outermost control points move on their tangents to where the
