@@ -75,6 +75,7 @@ TEST(FontOverlapsTest, contoursThatCrossTouchOrFillTheSamePlaceTwiceOverlap) {
 
 TEST(FontOverlapsTest, aDrawingThatTakesTooLongToJudgeCountsAsOverlapping) {
   std::vector<Polygon> column;
+  column.reserve(250);
   for (int i = 0; i < 150; ++i) column.push_back(box(0, 10 * i, 100, 10 * i + 5));
   EXPECT_FALSE(contoursOverlap(outline(column)));
   for (int i = 150; i < 250; ++i) column.push_back(box(0, 10 * i, 100, 10 * i + 5));
