@@ -68,13 +68,12 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
     return ExitStatus::failed;
   }
   std::vector<std::string> written, failed;
-  for (const auto& font : command.fonts)
-    generator.generateFont(session.project(), font,
-                           [&, font](const Result<void, GenerationError>& result) {
-                             (result ? written : failed).push_back(font.string());
-                             if (!result)
-                               printError(font.string() + ": " + result.error().description);
-                           });
+  generator.generateFonts(session.project(), command.fonts,
+                          [&](const std::filesystem::path& font, const auto& result) {
+                            (result ? written : failed).push_back(font.string());
+                            if (!result)
+                              printError(font.string() + ": " + result.error().description);
+                          });
   waitFor(session.desktop(),
           [&] { return written.size() + failed.size() == command.fonts.size(); });
   if (written.empty()) return ExitStatus::failed;

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -94,6 +95,14 @@ public:
   void generateFont(FontProject project, const std::filesystem::path& outputURL,
                     Completion completion) const;
 
+  using CompletionOfOne = std::function<void(const std::filesystem::path& outputURL,
+                                             const Result<void, GenerationError>&)>;
+
+  /// The same for several fonts of one project, which is described once for all: as many generators
+  /// run at a time as there are processors. `completion` hears of each as soon as it is there.
+  void generateFonts(FontProject project, const std::vector<std::filesystem::path>& outputURLs,
+                     CompletionOfOne completion) const;
+
   /// Whether generateFont can work at all, and if not, what the user can do about it; the script
   /// is not looked for. May wait for a short run of Python.
   GeneratorAvailability checkGeneratorAvailability() const;
@@ -113,8 +122,10 @@ public:
 private:
   struct Packaged;
   std::optional<Packaged> findPackaged() const;
-  Result<void, GenerationError> generate(const FontProject& project,
-                                         const std::filesystem::path& output) const;
+  struct Batch;
+  void generate(const std::shared_ptr<Batch>& batch) const;
+  Result<void, GenerationError> runGenerator(const std::filesystem::path& input,
+                                             const std::filesystem::path& output) const;
 
   Desktop* desktop_;
   GeneratorPlaces places_;

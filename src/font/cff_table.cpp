@@ -4,6 +4,7 @@
 #include "font/cff_strings.h"
 #include "font/charstring.h"
 #include "font/outline_tables.h"
+#include "font/subroutines.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -206,14 +207,7 @@ Result<OutlineTables, FontError> makeCffTables(const GlyphSet& glyphs, const Nam
   const Widths widths = chooseWidths(glyphs);
   Result<Encoded, FontError> encoded = encodeGlyphs(glyphs, widths);
   if (!encoded) return Failure{encoded.error()};
-  const Charstrings& charstrings = encoded.value().charstrings;
-  CffIndex index;
-  index.reserve(charstrings.size(), charstrings.bytes.size());
-  const std::string_view bytes = charstrings.bytes;
-  for (std::size_t i = 0; i < charstrings.size(); ++i) {
-    const std::size_t start = charstrings.glyphStart(i);
-    index.add(bytes.substr(start, charstrings.glyphStart(i + 1) - start));
-  }
+  const SharedCharstrings shared = shareSubroutines(encoded.value().charstrings);
   CffDictionary privateDict;
   privateDict.integer(widths.standard).op(dictDefaultWidth);
   privateDict.integer(widths.nominal).op(dictNominalWidth);
@@ -221,7 +215,7 @@ Result<OutlineTables, FontError> makeCffTables(const GlyphSet& glyphs, const Nam
   OutlineTables made;
   made.boxes = std::move(encoded.value().boxes);
   made.tables.push_back({"CFF ", assemble(glyphs, naming, style, unitedBox(made.boxes), privateDict,
-                                          index, CffIndex())});
+                                          shared.charstrings, shared.subroutines)});
   ByteWriter maxp;
   maxp.u32(0x00005000).u16(static_cast<std::uint32_t>(glyphs.glyphs.size()));
   made.tables.push_back({"maxp", std::move(maxp).release()});

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <libdeflate.h>
 #include <map>
-#include <zlib.h>
 
 namespace quillery::font {
 
@@ -175,9 +175,7 @@ std::string postscriptName(const std::string& family, const std::string& style) 
   }
   if (isLost || latin.empty()) {
     char number[16];
-    std::snprintf(
-        number, sizeof number, "%08lX",
-        crc32(0, reinterpret_cast<const Bytef*>(family.data()), static_cast<uInt>(family.size())));
+    std::snprintf(number, sizeof number, "%08X", libdeflate_crc32(0, family.data(), family.size()));
     latin = (latin.empty() ? "Font" : latin.substr(0, 40)) + number;
   }
   std::string suffix = style;

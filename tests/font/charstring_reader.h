@@ -184,6 +184,27 @@ private:
   bool ended_ = false;
 };
 
+/// The items of the INDEX at `start`, which is moved behind it.
+inline std::vector<Bytes> readIndex(std::string_view bytes, std::size_t& start) {
+  const auto number = [&](std::size_t at, std::size_t size) {
+    std::size_t value = 0;
+    for (const char byte : bytes.substr(at, size))
+      value = value << 8 | static_cast<unsigned char>(byte);
+    return value;
+  };
+  const std::size_t count = number(start, 2);
+  if (count == 0) return start += 2, std::vector<Bytes>();
+  const std::size_t size = number(start + 2, 1), offsets = start + 3;
+  const std::size_t items = offsets + (count + 1) * size - 1;
+  std::vector<Bytes> result;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t from = number(offsets + i * size, size);
+    result.emplace_back(bytes.substr(items + from, number(offsets + (i + 1) * size, size) - from));
+  }
+  start = items + number(offsets + count * size, size);
+  return result;
+}
+
 /// What a rasterizer is to see of a rounded outline.
 inline std::vector<CharstringReader::Drawn> drawingOf(const GridOutline& outline) {
   std::vector<CharstringReader::Drawn> drawn;
