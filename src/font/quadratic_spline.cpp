@@ -38,10 +38,14 @@ double cross(Point a, Point b) {
   return a.x * b.y - a.y * b.x;
 }
 
+double lengthOf(Point p) {
+  return std::sqrt(dot(p, p));
+}
+
 Point directionOf(Point a, Point b, Point c) {
   const Point zero;
   const Point way = a != zero ? a : b != zero ? b : c;
-  const double length = std::sqrt(dot(way, way));
+  const double length = lengthOf(way);
   return length > 0 ? (1 / length) * way : zero;
 }
 
@@ -188,6 +192,8 @@ private:
     firstMove_ = along * out_ - 0.5 * first_;
     lastMove_ = {};
     keepsTangents_ = along > 0 && cross(chord, out_) / turn > 0;
+    if (lengthOf(third_) * 4 / 27 + lengthOf(firstMove_) / 2 <= tolerance_)
+      return true; // drawn as a parabola
     return isNearInTheMiddle() && isNear();
   }
 
@@ -208,7 +214,7 @@ private:
 
   /// That of the spline to begin with: near the end of its first part, where the joint is off too.
   double greatestDeviation() const {
-    return std::hypot(third_.x, third_.y) * cubed((1 + jointBefore(1, parts_)) / parts_) * 4 / 27;
+    return lengthOf(third_) * cubed((1 + jointBefore(1, parts_)) / parts_) * 4 / 27;
   }
 
   /// Moves the outermost control points, by least squares of what is off sideways.
