@@ -13,13 +13,13 @@ namespace {
 // A curve that stays this much of the tolerance from its chord was meant to be a line; a flatter
 // bow than that is rounding in the drawing.
 constexpr double kStraight = 0.25;
-// Deviations are looked at so often on a part, and grow by this much between two looks.
+// Deviations are looked at so often on a part; the margin is for what they grow between two looks.
 constexpr int kLooks = 8;
 constexpr int kLooksOfOnePart = 16;
 constexpr double kMargin = 0.96;
 // How much of a part the place on the curve to compare with may lie ahead or behind.
 constexpr double kFarthest = 0.25;
-// Twice what the longest curve takes at a tolerance of a quarter of a unit.
+// More than the longest curve takes at a tolerance of a quarter of a unit.
 constexpr int kMostParts = 100;
 
 Point operator-(Point a, Point b) {
