@@ -10,7 +10,6 @@ one sentence on standard error and leaves the output file as it was.
 import sys
 
 from font_generator.cli import main
-from font_generator.command import leave
 
 if __name__ == "__main__":
-    leave(main(sys.argv[1:]))
+    sys.exit(main(sys.argv[1:]))

@@ -8,18 +8,17 @@ from dataclasses import dataclass, field
 from functools import cache
 from unicodedata import normalize
 
+from fontTools.unicodedata import ot_tags_from_script, script
+
 SPACE = 0x20
 NO_BREAK_SPACE = 0xA0
 
 # The end mark of a format 4 character map can't be a character of it.
 _UNMAPPABLE = {0xFFFF}
 
-# The blocks in which Unicode has characters that are canonically another one, or several others
-# that are never composed.
-_EQUIVALENT_BLOCKS = ((0x0340, 0x0387), (0x0958, 0x095F), (0x09DC, 0x0A5E), (0x0B5C, 0x0B5D),
-                      (0x0F43, 0x0FB9), (0x1F71, 0x1FFD), (0x2000, 0x2001), (0x2126, 0x212B),
-                      (0x2329, 0x232A), (0x2ADC, 0x2ADC), (0xF900, 0xFAD9), (0xFB1D, 0xFB4E),
-                      (0x1D15E, 0x1D1C0), (0x2F800, 0x2FA1D))
+# From the first to the last character that is canonically another one, or several others that are
+# never composed.
+_CANONICAL = range(0x0340, 0x2FA1E)
 
 
 @dataclass(slots=True)
@@ -98,11 +97,10 @@ def _singles(composed: str) -> list[int]:
 def _equivalents() -> dict[str, list[int]]:
     """The characters that are canonically others, by those others in composed form."""
     equivalents: dict[str, list[int]] = {}
-    for first, last in _EQUIVALENT_BLOCKS:
-        for scalar in range(first, last + 1):
-            composed = normalize("NFC", chr(scalar))
-            if composed != chr(scalar):
-                equivalents.setdefault(composed, []).append(scalar)
+    for scalar in _CANONICAL:
+        composed = normalize("NFC", chr(scalar))
+        if composed != chr(scalar):
+            equivalents.setdefault(composed, []).append(scalar)
     return equivalents
 
 
@@ -124,7 +122,5 @@ def _is_variation_selector(scalar: int) -> bool:
 
 def scripts_of(scalars: Iterable[int]) -> list[str]:
     """The OpenType script tags of the scripts that the characters belong to, sorted."""
-    from fontTools.unicodedata import ot_tags_from_script, script
-
     occurring = set(map(script, map(chr, scalars))) - {"Zyyy", "Zinh", "Zzzz"}
     return sorted({tag for code in occurring for tag in ot_tags_from_script(code)} - {"DFLT"})

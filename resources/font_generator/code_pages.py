@@ -13,8 +13,8 @@ _HAN = {17: ("shift_jis", (0x82, 0x83)), 18: ("gb2312", range(0xB0, 0xD8)),
 _FIRST_KANA, _LAST_HANGUL = 0x3040, 0xD7A3
 
 
-def code_page_bits(characters: Collection[int]) -> tuple[int, int]:
-    """The two fields ulCodePageRange1 and 2 for a font of these characters.
+def code_page_bits(characters: Collection[int]) -> int:
+    """The field ulCodePageRange1 for a font of these characters; ulCodePageRange2 has old pages only.
 
     A font without any code page is hidden or replaced by some programs, so that Latin 1 is set
     where nothing else is.
@@ -26,12 +26,9 @@ def code_page_bits(characters: Collection[int]) -> tuple[int, int]:
             bits |= 1 << bit
     if any(_FIRST_KANA <= scalar <= _LAST_HANGUL for scalar in characters):
         for bit, (encoding, rows) in _HAN.items():
-            for row in rows:
-                if not _letters_of_row(row, encoding) <= set(characters):
-                    break
-            else:
+            if all(_letters_of_row(row, encoding) <= set(characters) for row in rows):
                 bits |= 1 << bit
-    return bits or 1 << _LATIN_1, 0
+    return bits or 1 << _LATIN_1
 
 
 def _letters(data: bytes, encoding: str) -> set[int]:

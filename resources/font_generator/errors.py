@@ -9,8 +9,6 @@ class GeneratorError(Exception):
 
 def quoted(text: str) -> str:
     """`text` in double quotes, printable, on one line and cut to LONGEST_QUOTE characters."""
-    if len(text) <= LONGEST_QUOTE and text.isprintable():
-        return f'"{text}"'
     cut = text[:LONGEST_QUOTE] + "…" if len(text) > LONGEST_QUOTE else text
     shown = "".join(c if c.isprintable() else c.encode("unicode_escape").decode() for c in cut)
     return f'"{shown}"'

@@ -5,27 +5,29 @@ so have WOFF and WOFF2: browsers rasterize unhinted quadratic outlines evenly on
 and WOFF2 has a form of its own for points and side bearings that compresses better.
 """
 
+from collections import Counter
+from functools import partial
 from io import BytesIO
-from typing import Any
 
-from fontTools.ttLib import TTFont
-from fontTools.ttLib.sfnt import SFNTWriter
-from fontTools.ttLib.tables.DefaultTable import DefaultTable
+from fontTools.fontBuilder import FontBuilder, buildCmapSubTable
+from fontTools.otlLib.maxContextCalc import maxCtxFont
+from fontTools.ttLib import TTFont, newTable
+from fontTools.ttLib.tables.O_S_2f_2 import intersectUnicodeRanges
+from fontTools.ttLib.tables.ttProgram import Program
+from fontTools.ttLib.woff2 import WOFF2FlavorData
 
-from .characters import scripts_of
-from .cmap import build_cmap
+from .code_pages import code_page_bits
 from .document import Document
-from .formats import encoder_for
-from .glyph_set import GlyphSet, build_glyph_set
-from .gdef import encode_glyph_classes
-from .gpos import EXTENSION_POSITIONING, PAIR_ADJUSTMENT, encode_kerning
-from .gsub import encode_sequences
-from .kerning import resolve_kerning
-from .layout import encode_layout
-from .metrics import (build_head, build_hhea, build_os2, build_post, checked_units_per_em,
-                      encode_hmtx, measure)
-from .naming import build_name_table, parse_naming
+from .errors import GeneratorError
+from .glyph_set import FontGlyph, build_glyph_set
+from .layout import add_layout
+from .naming import Naming, name_records, parse_naming
+from .outlines import UnfitOutline
+from .shapes import Shape, cubic_shape, quadratic_shape
 from .slant import slant_angle
+from .tables import Measures, checked_units_per_em, head_values, hhea_values, measure, os2_values, post_values
+
+FORMATS = ("otf", "ttf", "woff", "woff2")
 
 # The date of fonts whose maker gives none, 1 January 2024: the same project, the same bytes.
 _DATE = 1704067200
@@ -37,74 +39,111 @@ def build_font(document: Document, extension: str, quality: int,
                date: int | None) -> tuple[bytes, list[tuple[str, str]]]:
     """The font file of a description, and warnings as (glyph, message).
 
-    The description has been read with the encoder for `extension`, which is one of FORMATS;
-    `quality` is that of brotli for woff2, `date` in seconds since 1970. Raises GeneratorError
-    for what a font can't hold.
+    `extension` is one of FORMATS, `quality` that of brotli for woff2, `date` in seconds since
+    1970. Raises GeneratorError for what a font can't hold.
     """
-    encode = encoder_for(extension)(checked_units_per_em(document))
-    glyphs = build_glyph_set(document, encode)
+    em = checked_units_per_em(document)
+    glyphs = build_glyph_set(document)
     names = [glyph.name for glyph in glyphs.glyphs]
+    advances = [glyph.advance for glyph in glyphs.glyphs]
     naming = parse_naming(document.name, document.version)
-    if extension == "otf":
-        from .cff import CffOutlines
-        outlines = CffOutlines(glyphs.glyphs)
+    cubic = extension == "otf"
+    widths = _Widths(advances)
+    shapes = [_shape(glyph, em, widths if cubic else None) for glyph in glyphs.glyphs]
+    slant = slant_angle(document.glyphs, em) if naming.slope else 0.0
+    measures = measure(document, slant, advances, [shape.box for shape in shapes])
+
+    builder = FontBuilder(em, isTTF=not cubic)
+    font = builder.font
+    font.recalcBBoxes = False  # the boxes are those of the drawings
+    builder.setupHead(**head_values(measures, naming, _DATE if date is None else date))
+    builder.setupGlyphOrder(names)
+    if cubic:
+        builder.setupCFF(naming.postscript, _cff_values(measures, naming),
+                         {name: shape.stored for name, shape in zip(names, shapes)}, widths.values())
     else:
-        from .truetype import TrueTypeOutlines
-        outlines = TrueTypeOutlines(glyphs.glyphs)
-    measures = measure(document, glyphs, outlines.boxes)
-    stems = (glyph.drawing for glyph in document.glyphs if glyph.drawing)
-    slant = slant_angle(stems, measures.units_per_em) if naming.slope else 0.0
-    layout = _layout(document, glyphs)
-    context = max([1, *map(len, glyphs.characters.sequences), 2 if "GPOS" in layout else 1])
-    name_glyphs = extension != "otf" and len(names) <= _MOST_NAMED_GLYPHS
-    tables = outlines.tables(names, measures, naming, slant) | layout | {
-        "head": build_head(measures, naming, _DATE if date is None else date, outlines.long_offsets),
-        "hhea": build_hhea(measures, slant),
-        "hmtx": encode_hmtx(measures),
-        "OS/2": build_os2(measures, naming, glyphs, context),
-        "post": build_post(measures, slant, names, name_glyphs),
-        "name": build_name_table(document, naming),
-        "cmap": build_cmap(glyphs.characters, names),
-    }
-    compiled = _compile(tables, names)
-    if extension == "woff2":
-        from .woff2 import encode_woff2
-        return encode_woff2(compiled, outlines.shapes, quality), glyphs.warnings
-    return _pack(compiled, outlines.sfnt_version, extension), glyphs.warnings
-
-
-def _layout(document: Document, glyphs: GlyphSet) -> dict[str, bytes]:
-    """The GPOS, GSUB and GDEF tables, as far as there is anything to put in them."""
-    kerning = resolve_kerning(document.pairs, glyphs.glyphs)
+        builder.setupGlyf({name: shape.stored for name, shape in zip(names, shapes)}, calcGlyphBounds=False)
     characters = glyphs.characters
-    sequences = {tuple(characters.scalars[scalar] for scalar in scalars): glyph
-                 for scalars, glyph in characters.sequences.items()}
-    classes = encode_glyph_classes(characters, sequences, [glyph.advance for glyph in glyphs.glyphs])
-    scripts = scripts_of(characters.drawn) if kerning.rows or sequences or classes else []
-    positions = encode_kerning(kerning, scripts)
-    if classes and not positions:
-        # Without such a table, text engines place marks by their own lights and drop advances.
-        positions = encode_layout(scripts, "kern", PAIR_ADJUSTMENT, EXTENSION_POSITIONING, [])
-    tables = {"GPOS": positions, "GSUB": encode_sequences(sequences, scripts), "GDEF": classes}
-    return {tag: data for tag, data in tables.items() if data}
+    builder.setupCharacterMap(
+        {scalar: names[glyph] for scalar, glyph in characters.scalars.items()}, allowFallback=True,
+        uvs=[(*pair, names[glyph]) for pair, glyph in characters.variants.items()] or None)
+    if every := font["cmap"].getcmap(3, 10):  # for all planes, and so far for Windows only
+        font["cmap"].tables.append(buildCmapSubTable(every.cmap, 12, 0, 4))
+    builder.setupHorizontalMetrics(
+        {name: (glyph.advance, shape.box[0] if shape.box else 0)
+         for name, glyph, shape in zip(names, glyphs.glyphs, shapes)})
+    if not cubic:
+        _setup_unhinted(font)
+    builder.setupHorizontalHeader(**hhea_values(measures))
+    builder.setupNameTable(name_records(document, naming), mac=False)
+    builder.setupPost(keepGlyphNames=not cubic and len(names) <= _MOST_NAMED_GLYPHS, **post_values(measures))
+    add_layout(font, document, glyphs)
+    builder.setupOS2(**os2_values(measures, naming))
+    os2 = font["OS/2"]
+    os2.setUnicodeRanges(intersectUnicodeRanges(characters.drawn))
+    os2.ulCodePageRange1 = code_page_bits(characters.drawn)
+    if measures.is_fixed_pitch:
+        os2.panose = os2.panose | {"bFamilyType": 2, "bProportion": 9}  # Latin text, monospaced
+    os2.usMaxContext = max(maxCtxFont(font), 1)
+    return _packed(font, extension, quality), glyphs.warnings
 
 
-def _compile(tables: dict[str, Any], names: list[str]) -> dict[str, bytes]:
-    """The tables as bytes; those that are bytes already stay what they are."""
-    font = TTFont(recalcBBoxes=False, recalcTimestamp=False)
-    font.setGlyphOrder(names)
-    for tag, table in tables.items():
-        if isinstance(table, bytes):
-            table, data = DefaultTable(tag), table
-            table.data = data
-        font[tag] = table
-    return {tag: font.getTableData(tag) for tag in tables}
+def _shape(glyph: FontGlyph, units_per_em: int, widths: "_Widths | None") -> Shape:
+    try:
+        if widths:
+            return cubic_shape(glyph.source.outline, widths.number_for(glyph.advance))
+        return quadratic_shape(glyph.source.outline, units_per_em)
+    except UnfitOutline as fault:
+        raise GeneratorError(f"The drawing of {glyph.source.label} {fault}.") from fault
 
 
-def _pack(tables: dict[str, bytes], sfnt_version: str, extension: str) -> bytes:
+class _Widths:
+    """Advances in a CFF table: the commonest is left out, others count from the nominal one."""
+
+    def __init__(self, advances: list[int]) -> None:
+        counts = Counter(advances)
+        self._default = max(counts, key=lambda advance: (counts[advance], -advance))
+        # A width has 16 bits with a sign, and advances go up to 65,535.
+        self._nominal = 32768 if max(advances) > 32767 else self._default
+
+    def number_for(self, advance: int) -> int | None:
+        return None if advance == self._default else advance - self._nominal
+
+    def values(self) -> dict[str, int]:
+        return {"defaultWidthX": self._default, "nominalWidthX": self._nominal}
+
+
+def _cff_values(measures: Measures, naming: Naming) -> dict[str, object]:
+    names = {"version": f"{naming.revision:.3f}", "FullName": naming.full, "FamilyName": naming.family}
+    # The strings of this table have ASCII characters only.
+    return {key: text for key, text in names.items() if text.isascii()} | {
+        "isFixedPitch": measures.is_fixed_pitch, "FontBBox": list(measures.box), "ItalicAngle": -measures.slant}
+
+
+def _setup_unhinted(font: TTFont) -> None:
+    """The tables that go with outlines without hints."""
+    font["maxp"].recalc(font)
+    font["maxp"].maxStackElements = 1  # of the instructions below
+    # Smooth in both directions at every size, and dropout control, which keeps strokes that are
+    # thinner than a pixel from falling apart.
+    font["gasp"] = newTable("gasp")
+    font["gasp"].version, font["gasp"].gaspRange = 1, {0xFFFF: 0x000F}
+    font["prep"] = newTable("prep")
+    font["prep"].program = Program()
+    font["prep"].program.fromAssembly(["PUSHW[ ]", "511", "SCANCTRL[ ]", "PUSHB[ ]", "4", "SCANTYPE[ ]"])
+
+
+def _packed(font: TTFont, extension: str, quality: int) -> bytes:
     file = BytesIO()
-    writer = SFNTWriter(file, len(tables), sfnt_version, "woff" if extension == "woff" else None)
-    for tag in sorted(tables):
-        writer[tag] = tables[tag]
-    writer.close()
+    if extension == "woff2":
+        try:
+            import brotli
+        except ImportError as error:
+            raise GeneratorError("WOFF2 fonts need the Python package brotli, which is missing.") from error
+        # fontTools asks for brotli's best and knows no other wish.
+        brotli.compress = partial(brotli.compress, quality=quality)
+        font.flavorData = WOFF2FlavorData(transformedTables={"glyf", "loca", "hmtx"})
+    if extension.startswith("woff"):
+        font.flavor = extension
+    font.save(file)
     return file.getvalue()

@@ -4,14 +4,12 @@ project shows for a character made true for the font.
 
 from collections.abc import Sequence
 from dataclasses import dataclass
-from math import floor
-from typing import Any
 
 from .characters import SPACE, CharacterMap, map_characters
-from .document import Document, Encode, Glyph
+from .document import Document, Glyph
 from .errors import GeneratorError, plain
 from .glyph_names import GlyphNames, name_for_character, name_for_project_name
-from .outlines import EMPTY, Contour, outline_of
+from .outlines import Outline, round_half_up
 
 MOST_GLYPHS = 65535
 WIDEST_ADVANCE = 65535
@@ -27,16 +25,6 @@ class FontGlyph:
     advance: int
     source: Glyph
 
-    @property
-    def label(self) -> str:
-        """How messages call the glyph."""
-        return self.source.label
-
-    @property
-    def shape(self) -> Any:
-        """What the font's format makes of the drawing."""
-        return self.source.shape
-
 
 @dataclass(slots=True)
 class GlyphSet:
@@ -47,19 +35,11 @@ class GlyphSet:
     warnings: list[tuple[str, str]]
 
 
-def round_half_up(number: float) -> int:
-    """The nearest whole number, the upper of two that are equally near."""
-    return floor(number + 0.5)
-
-
-def build_glyph_set(document: Document, encode: Encode) -> GlyphSet:
-    """Decides on the glyphs of the font; raises GeneratorError for those it can't hold.
-
-    `encode` makes the shapes of glyphs that the project lacks.
-    """
+def build_glyph_set(document: Document) -> GlyphSet:
+    """Decides on the glyphs of the font; raises GeneratorError for those it can't hold."""
     warnings: list[tuple[str, str]] = []
     notdef = _notdef_of(document.glyphs)
-    sources: list[Glyph] = [notdef or _default_notdef(document, encode)]
+    sources: list[Glyph] = [notdef or _default_notdef(document)]
     texts: list[str | None] = [None]
     for glyph in document.glyphs:
         # A character can't map to glyph 0, which means that the font lacks it: a missing-glyph
@@ -74,7 +54,7 @@ def build_glyph_set(document: Document, encode: Encode) -> GlyphSet:
         if notdef and notdef.name == NOTDEF:
             warnings.append(("space", "there is no space glyph, so a space shows .notdef"))
         elif len(sources) < MOST_GLYPHS:
-            sources.append(Glyph(0, "space", " ", document.units_per_em / 4, encode(EMPTY)))
+            sources.append(Glyph(0, "space", " ", document.units_per_em / 4, Outline([])))
             texts.append(" ")
             characters = map_characters(texts)
     if len(sources) > MOST_GLYPHS:
@@ -84,7 +64,7 @@ def build_glyph_set(document: Document, encode: Encode) -> GlyphSet:
     names = _names(sources, characters)
     glyphs = [FontGlyph(name, source.name if source.number else None, _checked_advance(source), source)
               for name, source in zip(names, sources)]
-    if notdef and notdef.shape.box is None:
+    if notdef and not notdef.outline.rounded().contours:
         warnings.append((notdef.name, "has no drawing, so missing characters stay invisible"))
     return GlyphSet(glyphs, characters, warnings)
 
@@ -97,7 +77,7 @@ def _notdef_of(glyphs: Sequence[Glyph]) -> Glyph | None:
     return next(exact, None) or next(alike, None)
 
 
-def _default_notdef(document: Document, encode: Encode) -> Glyph:
+def _default_notdef(document: Document) -> Glyph:
     """An upright frame as high as the capitals; as wide as every glyph if all are equally wide."""
     em = document.units_per_em
     advances = {glyph.advance for glyph in document.glyphs if glyph.advance}
@@ -106,12 +86,10 @@ def _default_notdef(document: Document, encode: Encode) -> Glyph:
         advance = em / 2
     height = document.cap_height if em / 8 <= document.cap_height <= em * 2 else em * 0.7
     left, right, stem = advance * 0.1, advance * 0.9, advance * 0.1
-    frame: list[Contour] = [
-        [(left, 0), (right, 0), (right, height), (left, height)],
-        [(left + stem, stem), (left + stem, height - stem),
-         (right - stem, height - stem), (right - stem, stem)],
-    ]
-    return Glyph(0, NOTDEF, None, advance, encode(outline_of(frame)))
+    frame = Outline([[(left, 0), (right, 0), (right, height), (left, height)],
+                     [(left + stem, stem), (left + stem, height - stem),
+                      (right - stem, height - stem), (right - stem, stem)]])
+    return Glyph(0, NOTDEF, None, advance, frame)
 
 
 def _names(sources: Sequence[Glyph], characters: CharacterMap) -> list[str]:

@@ -1,71 +1,87 @@
-"""The parts that the positioning table (GPOS) and the substitution table (GSUB) share, as bytes.
+"""The rules for setting text, as the statements of a feature file: kerning as the feature kern,
+texts that one glyph stands for as ccmp, which no program lets its users switch off, and the classes
+of glyphs."""
 
-Both are built without the object trees of fontTools: compiling those takes longer than the
-rest of a font when there are tens of thousands of pairs, and offsets that overflow have to be
-mended afterwards, whereas here every subtable is cut to size beforehand.
-"""
+from collections.abc import Iterable, Mapping
+from unicodedata import category
 
-from collections.abc import Mapping, Sequence
-from struct import pack
+from fontTools.feaLib import ast
+from fontTools.feaLib.builder import addOpenTypeFeatures
+from fontTools.ttLib import TTFont
 
+from .characters import scripts_of
+from .document import Document
+from .glyph_set import GlyphSet
+from .kerning import Kern, resolve_kerning
 
-def encode_layout(scripts: Sequence[str], feature: str, lookup_type: int, extension_type: int,
-                  subtables: Sequence[bytes]) -> bytes:
-    """A layout table with one feature of one lookup, on for DFLT and each of `scripts`.
-
-    The subtables hang on extension records, whose offsets have 32 bits.
-    """
-    # Every script uses the same Script table, with nothing but a default language.
-    tags = sorted({"DFLT", *scripts})
-    script = pack(">HHHHHH", 4, 0, 0, 0xFFFF, 1, 0)
-    script_list = pack(">H", len(tags))
-    for tag in tags:
-        script_list += pack(">4sH", tag.encode("ascii"), 2 + 6 * len(tags))
-    script_list += script
-    feature_list = pack(">H4sHHHH", 1, feature.encode("ascii"), 8, 0, 1, 0)
-
-    count = len(subtables)
-    records_start = 6 + 2 * count
-    lookup_list = pack(f">HHHHH{count}H", 1, 4, extension_type, 0, count,
-                       *range(records_start, records_start + 8 * count, 8))
-    records, distance = [], 8 * count
-    for subtable in subtables:
-        records.append(pack(">HHI", 1, lookup_type, distance))
-        distance += len(subtable) - 8  # the next record starts 8 bytes later
-
-    script_start = 10
-    feature_start = script_start + len(script_list)
-    lookup_start = feature_start + len(feature_list)
-    header = pack(">HHHHH", 1, 0, script_start, feature_start, lookup_start)
-    return b"".join([header, script_list, feature_list, lookup_list, *records, *subtables])
+_LARGEST_MATRIX = 20000  # kerning values of a subtable of classes, whose offsets have 16 bits
 
 
-def encode_coverage(glyphs: Sequence[int]) -> bytes:
-    """A Coverage table of the glyphs, given in rising order: a list or ranges, what is shorter."""
-    ranges = _ranges({glyph: 0 for glyph in glyphs})
-    if len(ranges) * 6 < len(glyphs) * 2:
-        data, index = [pack(">HH", 2, len(ranges))], 0
-        for first, last, _ in ranges:
-            data.append(pack(">HHH", first, last, index))
-            index += last - first + 1
-        return b"".join(data)
-    return pack(f">HH{len(glyphs)}H", 1, len(glyphs), *glyphs)
+def add_layout(font: TTFont, document: Document, glyphs: GlyphSet) -> None:
+    """Adds the GPOS, GSUB and GDEF tables, as far as there is anything to put in them."""
+    names = [glyph.name for glyph in glyphs.glyphs]
+    scalars = glyphs.characters.scalars
+    sequences = {tuple(scalars[scalar] for scalar in text): glyph
+                 for text, glyph in glyphs.characters.sequences.items()}
+    classes = _glyph_classes(glyphs, sequences)
+    kerning = resolve_kerning(document.pairs, glyphs.glyphs)
+    if classes and not kerning:
+        # Without a GPOS table, text engines place marks by their own lights and drop advances.
+        kerning = [Kern([0], [0], 0)]
+    if not kerning and not sequences:
+        return
+    kern = ast.FeatureBlock("kern")
+    kern.statements = list(_kerning_statements(kerning, names))
+    ccmp = ast.FeatureBlock("ccmp")
+    ccmp.statements = [
+        ast.LigatureSubstStatement([], [ast.GlyphName(names[part]) for part in parts], [], names[glyph], False)
+        for parts, glyph in sequences.items()]
+    features = ast.FeatureFile()
+    features.statements = [ast.LanguageSystemStatement(script, "dflt")
+                           for script in ("DFLT", *scripts_of(glyphs.characters.drawn))]
+    features.statements += [block for block in (kern, ccmp) if block.statements]
+    if classes:
+        definition = ast.TableBlock("GDEF")
+        definition.statements = [ast.GlyphClassDefStatement(
+            *[_class([glyph for glyph, own in classes.items() if own == kind], names)
+              for kind in ("base", "mark", "ligature")], None)]
+        features.statements.append(definition)
+    addOpenTypeFeatures(font, features)
 
 
-def encode_class_definition(classes: Mapping[int, int]) -> bytes:
-    """A ClassDef table of glyphs and their classes; glyphs that it leaves out have class 0."""
-    ranges = _ranges({glyph: classes[glyph] for glyph in sorted(classes) if classes[glyph]})
-    data = [pack(">HH", 2, len(ranges))]
-    data += [pack(">HHH", *entry) for entry in ranges]
-    return b"".join(data)
+def _class(glyphs: Iterable[int], names: list[str]) -> ast.GlyphClass:
+    return ast.GlyphClass([names[glyph] for glyph in glyphs])
 
 
-def _ranges(values: Mapping[int, int]) -> list[tuple[int, int, int]]:
-    """(first, last, value) for each run of neighbouring glyphs, in rising order, of one value."""
-    result: list[tuple[int, int, int]] = []
-    for glyph, value in values.items():
-        if result and result[-1][1] == glyph - 1 and result[-1][2] == value:
-            result[-1] = (result[-1][0], glyph, value)
+def _kerning_statements(kerning: Iterable[Kern], names: list[str]) -> Iterable[ast.Statement]:
+    """A pair of single glyphs by itself, other groups as classes."""
+    lefts: set[int] = set()
+    rights: set[int] = set()
+    for kern in sorted(kerning):
+        value = ast.ValueRecord(xAdvance=kern.value)
+        if len(kern.lefts) == len(kern.rights) == 1:
+            left, right = (ast.GlyphName(names[glyph]) for glyph in (kern.lefts[0], kern.rights[0]))
         else:
-            result.append((glyph, glyph, value))
-    return result
+            left, right = _class(kern.lefts, names), _class(kern.rights, names)
+            # A left class stays in one subtable, for the first that knows it ends the search.
+            if kern.lefts[0] not in lefts and len(lefts) * len(rights) > _LARGEST_MATRIX:
+                yield ast.SubtableStatement()
+                lefts, rights = set(), set()
+            lefts.add(kern.lefts[0])
+            rights.add(kern.rights[0])
+        yield ast.PairPosStatement(left, value, right, None)
+
+
+def _glyph_classes(glyphs: GlyphSet, sequences: Mapping[tuple[int, ...], int]) -> dict[int, str]:
+    """The classes of glyphs in a font in which a combining mark has an advance; none otherwise.
+
+    Text engines set combining marks without any advance, as Unicode has them, unless a font says
+    what its glyphs are. A preview of the project advances by what a mark was given, and so does
+    the font when the mark counts as a base. Marks without advance stay marks.
+    """
+    scalars = glyphs.characters.scalars
+    marks = {glyph: "base" if glyphs.glyphs[glyph].advance else "mark"
+             for scalar, glyph in scalars.items() if category(chr(scalar)) == "Mn"}
+    if "base" not in marks.values():
+        return {}
+    return dict.fromkeys(scalars.values(), "base") | dict.fromkeys(sequences.values(), "ligature") | marks

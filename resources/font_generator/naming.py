@@ -5,8 +5,6 @@ from dataclasses import dataclass
 from unicodedata import category, normalize
 from zlib import crc32
 
-from fontTools.ttLib import newTable
-
 from .document import Document
 from .errors import GeneratorError
 
@@ -32,8 +30,6 @@ _LATIN = str.maketrans({"ß": "ss", "ẞ": "SS", "æ": "ae", "Æ": "AE", "œ": "
                         "þ": "th", "Þ": "Th", "ı": "i"})
 _LONGEST_POSTSCRIPT_NAME = 63
 _LARGEST_STORAGE = 65535  # bytes that the offsets of a name table reach
-
-_WINDOWS, _UNICODE_BMP, _ENGLISH = 3, 1, 0x409
 
 
 @dataclass(frozen=True, slots=True)
@@ -133,8 +129,8 @@ def _printable(text: str) -> str:
     return "".join(" " if category(character) == "Cc" else character for character in text)
 
 
-def build_name_table(document: Document, naming: Naming) -> "newTable":
-    """The name table: Windows records only, none of them empty.
+def name_records(document: Document, naming: Naming) -> dict[int, str]:
+    """The records of the name table, none of them empty. Raises GeneratorError if they are too long.
 
     Programs that know four styles a family find any other style as a family of its own (IDs 1
     and 2); the family as it is stands in IDs 16 and 17 then.
@@ -144,25 +140,12 @@ def build_name_table(document: Document, naming: Naming) -> "newTable":
                                          "Italic" if naming.slope else ""))) or "Regular"
     legacy_family = (naming.family if naming.bold or weight_word in ("", "Regular")
                      else f"{naming.family} {weight_word}")
-    version = f"Version {naming.revision:.3f}"
-    records = {
-        0: document.copyright.strip(),
-        1: legacy_family,
-        2: plain_style,
-        3: f"{naming.revision:.3f};{naming.postscript}",
-        4: naming.full,
-        5: version,
-        6: naming.postscript,
-        9: document.designer.strip(),
-    }
+    records = {0: document.copyright.strip(), 1: legacy_family, 2: plain_style,
+               3: f"{naming.revision:.3f};{naming.postscript}", 4: naming.full,
+               5: f"Version {naming.revision:.3f}", 6: naming.postscript, 9: document.designer.strip()}
     if (legacy_family, plain_style) != (naming.family, naming.style):
-        records[16], records[17] = naming.family, naming.style
-    table = newTable("name")
-    table.names = []
-    for identifier, text in records.items():
-        if text:
-            table.setName(text, identifier, _WINDOWS, _UNICODE_BMP, _ENGLISH)
+        records |= {16: naming.family, 17: naming.style}
     if sum(len(text.encode("utf-16-be")) for text in set(records.values())) > _LARGEST_STORAGE:
         raise GeneratorError("The name, designer and copyright of the project are too long for a "
                              f"font, which holds {_LARGEST_STORAGE:,} bytes of them in all.")
-    return table
+    return {identifier: text for identifier, text in records.items() if text}

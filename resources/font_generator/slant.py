@@ -3,22 +3,24 @@
 from collections.abc import Iterable
 from math import atan2, degrees
 
-from .outlines import Outline
+from .document import Glyph
 
+# Letters with a straight stem from top to bottom.
+_STEMMED = tuple("HIlhi|")
 # Shorter pieces are serifs and joins rather than stems, and steeper slants no italics.
 _LEAST_STEM_IN_EMS = 0.25
 _STEEPEST = 40.0
 
 
-def slant_angle(drawings: Iterable[Outline], units_per_em: float) -> float:
+def slant_angle(glyphs: Iterable[Glyph], units_per_em: float) -> float:
     """The angle of the stems in degrees from upright, positive to the right, to half a degree.
 
     The mean of all straight sides that can be one of a stem, each as heavy as it is high; 0
     without any.
     """
     total = height = 0.0
-    for drawing in drawings:
-        for contour in drawing.contours:
+    for glyph in glyphs:
+        for contour in glyph.outline.contours if glyph.text in _STEMMED else ():
             x0, y0 = contour[-1][-2:]
             for segment in contour:
                 x, y = segment[-2:]

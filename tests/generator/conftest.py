@@ -13,7 +13,7 @@ RESOURCES = Path(__file__).resolve().parents[2] / "resources"
 SCRIPT = RESOURCES / "generate_font.py"
 sys.path.insert(0, str(RESOURCES))
 
-from font_generator.cli import _make  # noqa: E402 (found by the line above)
+from font_generator.cli import make_font  # noqa: E402 (found by the line above)
 
 FORMATS = ("otf", "ttf", "woff", "woff2")
 
@@ -48,7 +48,7 @@ def make(tmp_path):
     def run(document, target="font.otf"):
         source = tmp_path / "document.json"
         source.write_text(json.dumps(document, ensure_ascii=False), encoding="utf-8")
-        _make(str(source), str(tmp_path / target), 4)
+        make_font(str(source), str(tmp_path / target), 4)
         return TTFont(tmp_path / target)
     return run
 

@@ -8,7 +8,7 @@ from pathlib import Path
 import pytest
 from conftest import FORMATS, sanitize, shape
 from drawings import document, hard_project
-from font_generator.cli import _make
+from font_generator.cli import make_font
 from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.boundsPen import BoundsPen, ControlBoundsPen
 from fontTools.ttLib import TTFont
@@ -20,7 +20,7 @@ def fonts(tmp_path_factory):
     folder = tmp_path_factory.mktemp("fonts")
     (folder / "hard.json").write_text(json.dumps(hard_project(), ensure_ascii=False), encoding="utf-8")
     for extension in FORMATS:
-        _make(str(folder / "hard.json"), str(folder / f"hard.{extension}"), 5)
+        make_font(str(folder / "hard.json"), str(folder / f"hard.{extension}"), 5)
     return {extension: folder / f"hard.{extension}" for extension in FORMATS}
 
 

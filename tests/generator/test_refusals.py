@@ -10,7 +10,7 @@ import pytest
 from conftest import SCRIPT
 from drawings import CLOSE, box, document, glyph, line, move, pair
 from font_generator import output
-from font_generator.cli import _make
+from font_generator.cli import make_font
 from font_generator.errors import GeneratorError
 
 DEEP = b'{"glyphs":' + b"[" * 200000
@@ -82,7 +82,7 @@ def test_a_document_is_refused_in_one_sentence(tmp_path, case):
     for target in (tmp_path / "font.otf", tmp_path / "font.ttf"):
         target.write_bytes(b"the old font")
         with pytest.raises(GeneratorError) as refusal:
-            _make(str(tmp_path / "document.json"), str(target), 0)
+            make_font(str(tmp_path / "document.json"), str(target), 0)
         sentence = str(refusal.value)
         assert words in sentence and sentence.endswith(".") and "\n" not in sentence
         assert len(sentence) < 400 and "Error" not in sentence
