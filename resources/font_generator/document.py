@@ -1,23 +1,18 @@
-"""Reads a font description and checks that it is one.
-
-What is checked here is the description's shape: JSON in UTF-8, every member there and of its
-type, numbers finite, text well formed, outlines that fit a font. Whether a font can hold the
-other values is decided where they are used.
-"""
+"""Reads a font description and checks that it is one: JSON in UTF-8, every member there and of its type,
+numbers finite, text well formed, drawings of the size of a font. Raises GeneratorError for others."""
 
 import json
 from typing import Any, NamedTuple
 
-from .errors import GeneratorError, quoted
-from .outlines import MalformedOutline, Outline, UnfitOutline, check_size, is_finite, read_outline
+from .command import GeneratorError, quoted
+from .outlines import Outline, check_size, is_finite, read_outline
 
-# A record of a name table holds at most 65,535 bytes of UTF-16; no text of a font is longer.
-LONGEST_TEXT = 32767
+_KINDS = {"a list": (list,), "text": (str,), "a number": (int, float)}
+_LONGEST_TEXT = 32767  # a record of a name table holds at most 65,535 bytes of UTF-16
 
 
 class Glyph(NamedTuple):
-    """A glyph as drawn. `text` is the character that it stands for, if any; `number` is its place
-    in the project, counted from 1, and 0 for a glyph that no project has."""
+    """`number` is the glyph's place in the project, counted from 1; 0 is one that the project lacks."""
 
     number: int
     name: str
@@ -32,16 +27,9 @@ class Glyph(NamedTuple):
 
 
 class KerningPair(NamedTuple):
-    """`value` is added to the advance of a left glyph that a right glyph follows."""
-
     left: str
     right: str
     value: float
-
-    @property
-    def label(self) -> str:
-        """How messages call the pair."""
-        return f"{quoted(self.left)} {quoted(self.right)}"
 
 
 class Document(NamedTuple):
@@ -60,110 +48,79 @@ class Document(NamedTuple):
     pairs: list[KerningPair]
 
 
-class _Malformed(Exception):
-    """Says what is wrong with an object; whoever reads the object knows what it is."""
-
-
-class _Object:
-    """An object of JSON, whose members are there and of their type."""
-
-    def __init__(self, value: Any) -> None:
-        if type(value) is not dict:
-            raise _Malformed("is not a JSON object")
-        self.members = value
-
-    def _member(self, key: str, kinds: tuple[type, ...], description: str) -> Any:
-        if key not in self.members:
-            raise _Malformed(f"has no member {quoted(key)}")
-        if type(self.members[key]) not in kinds:
-            raise _Malformed(f"has a member {quoted(key)} that is not {description}")
-        return self.members[key]
-
-    def list(self, key: str) -> list[Any]:
-        return self._member(key, (list,), "a list")
-
-    def number(self, key: str) -> float:
-        value = self._member(key, (int, float), "a number")
-        if not is_finite(value):
-            raise _Malformed(f"has a member {quoted(key)} that is not a finite number")
-        return value
-
-    def text(self, key: str) -> str:
-        value = self._member(key, (str,), "text")
-        if len(value) > LONGEST_TEXT:
-            raise _Malformed(f"has a member {quoted(key)} of {len(value):,} characters, and a font holds "
-                             f"at most {LONGEST_TEXT:,}")
-        if any("\ud800" <= character <= "\udfff" for character in value):
-            raise _Malformed(f"has a member {quoted(key)} with half a character in it")
-        return value
-
-
 def read_document(path: str) -> Document:
-    """Reads the description in the file `path`; raises GeneratorError if it is not one."""
+    """Reads the description in the file `path`."""
+    called = "The font description"
     try:
         with open(path, "rb") as file:
-            data = file.read()
+            root = _parse_json(file.read(), called)
     except OSError as error:
-        raise GeneratorError(
-            f"The font description {quoted(path)} cannot be read: {error.strerror}.") from error
-    try:
-        root = _Object(_parse_json(data))
-        glyphs, pairs = root.list("glyphs"), root.list("kerningPairs")
-        return Document(
-            *map(root.text, ("name", "designer", "version", "copyright")),
-            *map(root.number, ("unitsPerEm", "ascender", "descender", "capHeight", "xHeight")),
-            [_glyph(value, number) for number, value in enumerate(glyphs, 1)],
-            [_pair(value, number) for number, value in enumerate(pairs, 1)])
-    except _Malformed as fault:
-        raise GeneratorError(f"The font description {fault}.") from fault
+        raise GeneratorError(f"{called} {quoted(path)} cannot be read: {error.strerror}.") from error
+    glyphs, pairs = (_member(root, key, "a list", called) for key in ("glyphs", "kerningPairs"))
+    return Document(
+        *[_member(root, key, "text", called) for key in ("name", "designer", "version", "copyright")],
+        *[_member(root, key, "a number", called)
+          for key in ("unitsPerEm", "ascender", "descender", "capHeight", "xHeight")],
+        [_glyph(value, number) for number, value in enumerate(glyphs, 1)],
+        [_pair(value, number) for number, value in enumerate(pairs, 1)])
 
 
-def _parse_json(data: bytes) -> Any:
+def _parse_json(data: bytes, called: str) -> Any:
     def refuse(token: str) -> None:
-        raise GeneratorError(f"The font description holds {token}, which is not a number of JSON.")
+        raise GeneratorError(f"{called} holds {token}, which is not a number of JSON.")
 
     try:
         return json.loads(data.removeprefix(b"\xef\xbb\xbf").decode("utf-8"), parse_constant=refuse)
     except UnicodeDecodeError as error:
-        raise GeneratorError(f"The font description is not valid UTF-8 (byte {error.start}).") from error
+        raise GeneratorError(f"{called} is not valid UTF-8 (byte {error.start}).") from error
     except json.JSONDecodeError as error:
-        raise GeneratorError(f"The font description is not JSON: {error.msg[:1].lower()}{error.msg[1:]} "
-                             f"at line {error.lineno}, column {error.colno}.") from error
+        reason = f"{error.msg[:1].lower()}{error.msg[1:]} at line {error.lineno}, column {error.colno}"
+        raise GeneratorError(f"{called} is not JSON: {reason}.") from error
     except RecursionError as error:
-        raise GeneratorError("The font description is not one: its brackets nest too deep.") from error
+        raise GeneratorError(f"{called} is not one: its brackets nest too deep.") from error
     except ValueError as error:  # a whole number of several thousand digits
-        raise GeneratorError("The font description holds a number with too many digits.") from error
+        raise GeneratorError(f"{called} holds a number with too many digits.") from error
+
+
+def _member(value: Any, key: str, kind: str, called: str) -> Any:
+    """The member of an object that messages call so. It has to be there and of its kind."""
+    member = value.get(key) if type(value) is dict else None
+    fault = f"has a member {quoted(key)}"
+    if type(value) is not dict:
+        fault = "is not a JSON object"
+    elif key not in value:
+        fault = f"has no member {quoted(key)}"
+    elif type(member) not in _KINDS[kind]:
+        fault += f" that is not {kind}"
+    elif kind == "a number" and not is_finite(member):
+        fault += " that is not a finite number"
+    elif kind == "text" and len(member) > _LONGEST_TEXT:
+        fault += f" of {len(member):,} characters, and a font holds at most {_LONGEST_TEXT:,}"
+    elif kind == "text" and any("\ud800" <= character <= "\udfff" for character in member):
+        fault += " with half a character in it"
+    else:
+        return member
+    raise GeneratorError(f"{called} {fault}.")
 
 
 def _glyph(value: Any, number: int) -> Glyph:
     called = f"Glyph number {number}{_names_in(value, 'name')}"
-    try:
-        members = _Object(value)
-        for bearing in ("leftSideBearing", "rightSideBearing"):
-            members.number(bearing)  # the outline is already placed by them
-        glyph = Glyph(number, members.text("name"),
-                      members.text("unicode") if "unicode" in members.members else None,
-                      members.number("advanceWidth"), read_outline(members.list("fontPath")))
-        check_size(glyph.outline)
-        return glyph
-    except _Malformed as fault:
-        raise GeneratorError(f"{called} {fault}.") from fault
-    except MalformedOutline as fault:
-        raise GeneratorError(f"{called} has a malformed outline: {fault}.") from fault
-    except UnfitOutline as fault:
-        raise GeneratorError(f"The drawing of {glyph.label} {fault}.") from fault
+    # The outline is already placed by the bearings.
+    *_, advance = (_member(value, key, "a number", called)
+                   for key in ("leftSideBearing", "rightSideBearing", "advanceWidth"))
+    name, commands = _member(value, "name", "text", called), _member(value, "fontPath", "a list", called)
+    text = _member(value, "unicode", "text", called) if "unicode" in value else None
+    glyph = Glyph(number, name, text, advance, read_outline(commands, called))
+    check_size(glyph.outline, f"The drawing of {glyph.label}")
+    return glyph
 
 
 def _pair(value: Any, number: int) -> KerningPair:
-    try:
-        members = _Object(value)
-        return KerningPair(members.text("leftGlyph"), members.text("rightGlyph"), members.number("value"))
-    except _Malformed as fault:
-        called = f"Kerning pair number {number}{_names_in(value, 'leftGlyph', 'rightGlyph')}"
-        raise GeneratorError(f"{called} {fault}.") from fault
+    called = f"Kerning pair number {number}{_names_in(value, 'leftGlyph', 'rightGlyph')}"
+    return KerningPair(*[_member(value, key, kind, called) for key, kind in (
+        ("leftGlyph", "text"), ("rightGlyph", "text"), ("value", "a number"))])
 
 
 def _names_in(value: Any, *keys: str) -> str:
-    """The names in an object in which something may be wrong."""
     names = [value.get(key) for key in keys] if type(value) is dict else []
     return "".join(f" {quoted(name)}" for name in names if type(name) is str and name)

@@ -1,20 +1,53 @@
-"""The rules for setting text, as the statements of a feature file: kerning as the feature kern,
-texts that one glyph stands for as ccmp, which no program lets its users switch off, and the classes
-of glyphs."""
+"""The rules for setting text, as the statements of a feature file: kerning as the feature kern, texts that one
+glyph stands for as ccmp, which no program lets its users switch off, and the classes of glyphs."""
 
 from collections.abc import Iterable, Mapping
+from typing import NamedTuple
 from unicodedata import category
 
 from fontTools.feaLib import ast
 from fontTools.feaLib.builder import addOpenTypeFeatures
+from fontTools.misc.roundTools import otRound
 from fontTools.ttLib import TTFont
 
 from .characters import scripts_of
+from .command import GeneratorError, plain, quoted
 from .document import Document
 from .glyph_set import GlyphSet
-from .kerning import Kern, resolve_kerning
+from .outlines import GREATEST, LEAST
 
 _LARGEST_MATRIX = 20000  # kerning values of a subtable of classes, whose offsets have 16 bits
+
+
+class Kern(NamedTuple):
+    """What is added between any of the left and any of the right glyphs, which are all the glyphs of a name:
+    those of two kerns are the same or have none in common."""
+
+    lefts: list[int]
+    rights: list[int]
+    value: int
+
+
+def resolve_kerning(document: Document, glyphs: GlyphSet) -> list[Kern]:
+    """The kerning as a preview of the project applies it, without zeros; raises GeneratorError.
+
+    Of pairs with the same two names the first counts, even where its value is zero; pairs of glyphs that are
+    not there are left out. Glyph 0 never kerns on the right side, for there it stands for whatever character
+    the font lacks.
+    """
+    lefts: dict[str | None, list[int]] = {}
+    for index, glyph in enumerate(glyphs.glyphs):
+        lefts.setdefault(glyph.project_name, []).append(index)
+    kerning: dict[tuple[str, str], Kern] = {}
+    for left, right, value in document.pairs:
+        rights = [index for index in lefts.get(right, ()) if index]
+        if (left, right) in kerning or left not in lefts or not rights:
+            continue
+        if not LEAST - 0.5 <= value < GREATEST + 0.5:
+            raise GeneratorError(f"The kerning of {quoted(left)} {quoted(right)} is {plain(value)}, and a font "
+                                 f"holds {LEAST} to {GREATEST}.")
+        kerning[left, right] = Kern(lefts[left], rights, otRound(value))
+    return [kern for kern in kerning.values() if kern.value]
 
 
 def add_layout(font: TTFont, document: Document, glyphs: GlyphSet) -> None:
@@ -24,60 +57,46 @@ def add_layout(font: TTFont, document: Document, glyphs: GlyphSet) -> None:
     sequences = {tuple(scalars[scalar] for scalar in text): glyph
                  for text, glyph in glyphs.characters.sequences.items()}
     classes = _glyph_classes(glyphs, sequences)
-    kerning = resolve_kerning(document.pairs, glyphs.glyphs)
-    if classes and not kerning:
-        # Without a GPOS table, text engines place marks by their own lights and drop advances.
-        kerning = [Kern([0], [0], 0)]
-    if not kerning and not sequences:
-        return
-    kern = ast.FeatureBlock("kern")
-    kern.statements = list(_kerning_statements(kerning, names))
-    ccmp = ast.FeatureBlock("ccmp")
-    ccmp.statements = [
-        ast.LigatureSubstStatement([], [ast.GlyphName(names[part]) for part in parts], [], names[glyph], False)
-        for parts, glyph in sequences.items()]
-    features = ast.FeatureFile()
-    features.statements = [ast.LanguageSystemStatement(script, "dflt")
-                           for script in ("DFLT", *scripts_of(glyphs.characters.drawn))]
-    features.statements += [block for block in (kern, ccmp) if block.statements]
+    # Without a GPOS table, text engines place marks by their own lights and drop advances.
+    kerning = resolve_kerning(document, glyphs) or ([Kern([0], [0], 0)] if classes else [])
+    kern, ccmp, definitions = ast.FeatureBlock("kern"), ast.FeatureBlock("ccmp"), ast.TableBlock("GDEF")
+    kern.statements += _kerning_statements(kerning, names)
+    for parts, glyph in sequences.items():
+        parts = [ast.GlyphName(names[part]) for part in parts]
+        ccmp.statements.append(ast.LigatureSubstStatement([], parts, [], names[glyph], False))
     if classes:
-        definition = ast.TableBlock("GDEF")
-        definition.statements = [ast.GlyphClassDefStatement(
-            *[_class([glyph for glyph, own in classes.items() if own == kind], names)
-              for kind in ("base", "mark", "ligature")], None)]
-        features.statements.append(definition)
+        definitions.statements.append(ast.GlyphClassDefStatement(*[
+            ast.GlyphClass([names[glyph] for glyph, own in classes.items() if own == kind])
+            for kind in ("base", "mark", "ligature")], None))
+    features = ast.FeatureFile()
+    features.statements += [ast.LanguageSystemStatement(script, "dflt")
+                            for script in ("DFLT", *scripts_of(glyphs.characters.drawn))]
+    features.statements += [block for block in (kern, ccmp, definitions) if block.statements]
     addOpenTypeFeatures(font, features)
-
-
-def _class(glyphs: Iterable[int], names: list[str]) -> ast.GlyphClass:
-    return ast.GlyphClass([names[glyph] for glyph in glyphs])
 
 
 def _kerning_statements(kerning: Iterable[Kern], names: list[str]) -> Iterable[ast.Statement]:
     """A pair of single glyphs by itself, other groups as classes."""
-    lefts: set[int] = set()
-    rights: set[int] = set()
+    lefts, rights = set(), set()
     for kern in sorted(kerning):
-        value = ast.ValueRecord(xAdvance=kern.value)
-        if len(kern.lefts) == len(kern.rights) == 1:
-            left, right = (ast.GlyphName(names[glyph]) for glyph in (kern.lefts[0], kern.rights[0]))
-        else:
-            left, right = _class(kern.lefts, names), _class(kern.rights, names)
-            # A left class stays in one subtable, for the first that knows it ends the search.
-            if kern.lefts[0] not in lefts and len(lefts) * len(rights) > _LARGEST_MATRIX:
-                yield ast.SubtableStatement()
-                lefts, rights = set(), set()
-            lefts.add(kern.lefts[0])
-            rights.add(kern.rights[0])
-        yield ast.PairPosStatement(left, value, right, None)
+        left, right = ([names[glyph] for glyph in group] for group in (kern.lefts, kern.rights))
+        is_single = len(left) == len(right) == 1
+        left, right = (ast.GlyphName(*group) if is_single else ast.GlyphClass(group) for group in (left, right))
+        # A left class stays in one subtable, for the first that knows it ends the search.
+        if not is_single and kern.lefts[0] not in lefts and len(lefts) * len(rights) > _LARGEST_MATRIX:
+            yield ast.SubtableStatement()
+            lefts, rights = set(), set()
+        lefts.add(kern.lefts[0])
+        rights.add(kern.rights[0])
+        yield ast.PairPosStatement(left, ast.ValueRecord(xAdvance=kern.value), right, None)
 
 
 def _glyph_classes(glyphs: GlyphSet, sequences: Mapping[tuple[int, ...], int]) -> dict[int, str]:
     """The classes of glyphs in a font in which a combining mark has an advance; none otherwise.
 
-    Text engines set combining marks without any advance, as Unicode has them, unless a font says
-    what its glyphs are. A preview of the project advances by what a mark was given, and so does
-    the font when the mark counts as a base. Marks without advance stay marks.
+    Text engines set combining marks without any advance, as Unicode has them, unless a font says what its
+    glyphs are. A preview of the project advances by what a mark was given, and so does the font when the mark
+    counts as a base. Marks without advance stay marks.
     """
     scalars = glyphs.characters.scalars
     marks = {glyph: "base" if glyphs.glyphs[glyph].advance else "mark"

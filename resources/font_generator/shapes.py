@@ -1,89 +1,78 @@
-"""What fonts store of a drawing: cubic curves in a CFF table, quadratic ones in a glyf table."""
+"""What fonts store of a drawing, with the box of what it shows (least x and y, greatest x and y), which is
+empty if that is nothing: cubic curves in a CFF table, quadratic ones in a glyf table."""
 
-from typing import NamedTuple
+from bisect import bisect_right
+from collections.abc import Sequence
+from itertools import islice, product
 
 from fontTools.cu2qu import curve_to_quadratic
+from fontTools.misc.arrayTools import calcBounds
 from fontTools.misc.psCharStrings import T2CharString
+from fontTools.misc.roundTools import otRound
 from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.boundsPen import BoundsPen
 from fontTools.pens.t2CharStringPen import T2CharStringPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
-from fontTools.ttLib.tables._g_l_y_f import Glyph, flagOverlapSimple
+from fontTools.ttLib.tables._g_l_y_f import Glyph as GlyfEntry
+from fontTools.ttLib.tables._g_l_y_f import flagOverlapSimple
 
-from .outlines import GREATEST_COORDINATE, LEAST_COORDINATE, Contour, Outline, UnfitOutline, round_half_up
-from .overlaps import contours_overlap
+from .command import GeneratorError
+from .document import Glyph
+from .outlines import GREATEST, LEAST, Contour, Outline
 
-Box = tuple[int, int, int, int]  # least x and y, greatest x and y, in whole font units
-
-# With at most 0.71 units of rounding on top, a curve of a font of 1,000 units per em stays
-# within 1/1000 em of the drawing.
-_TOLERANCE_IN_EMS = 1 / 4000
-_LEAST_TOLERANCE = 0.25  # rounding costs more than this in an em of a few units
+Box = Sequence[int]
+Point = tuple[int, int]
 
 _LONGEST_CHARSTRING = 65535 - 3  # the format's limit, less an operand for the width
 _MOST_POINTS, _MOST_CONTOURS = 65535, 32767
+_MOST_COMPARISONS = 20000  # of contours; a flag that is set without need only makes rasterizing slower
 
 
-class Shape(NamedTuple):
-    """What a table stores of a glyph, and the box of what it shows, None if that is nothing."""
-
-    stored: T2CharString | Glyph
-    box: Box | None
-
-
-def cubic_shape(drawing: Outline, width: int | None) -> Shape:
-    """The charstring of a drawing, with the number for its width if it is to have one.
-
-    Outer contours come out anticlockwise. Raises UnfitOutline for too many segments.
-    """
-    outline = drawing.reversed() if _area(drawing) < 0 else drawing
-    rounded = outline.rounded()
+def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
+    """The charstring, outer contours anticlockwise, with the number for its width, if any."""
+    outline = glyph.outline.reversed() if _area(glyph.outline) < 0 else glyph.outline
     pen = T2CharStringPen(width, None)
-    rounded.draw(pen)
+    outline.rounded().draw(pen)
     charstring = pen.getCharString()
     charstring.compile()
     if (size := len(charstring.bytecode)) > _LONGEST_CHARSTRING:
-        raise UnfitOutline(f"has too many points: it takes {size:,} bytes, and a font holds "
-                           f"{_LONGEST_CHARSTRING:,} for a glyph")
+        raise GeneratorError(f"The drawing of {glyph.label} has too many points: it takes {size:,} bytes, and a "
+                             f"font holds {_LONGEST_CHARSTRING:,} for a glyph.")
     # The box is that of the curves as drawn: rounding their controls first would move it.
     bounds = BoundsPen(None)
     Outline([contour for contour in outline.contours if Outline([contour]).rounded().contours]).draw(bounds)
-    return Shape(charstring, tuple(map(round_half_up, bounds.bounds)) if bounds.bounds else None)
+    return charstring, tuple(map(otRound, bounds.bounds or ()))
 
 
-def quadratic_shape(drawing: Outline, units_per_em: int) -> Shape:
-    """The glyf entry of a drawing. Outer contours come out clockwise.
+def quadratic_shape(glyph: Glyph, units_per_em: int) -> tuple[GlyfEntry, Box]:
+    """The glyf entry, outer contours clockwise.
 
-    Curves become quadratic before anything is rounded, so that rounding moves no tangent twice.
-    Raises UnfitOutline for what the table can't hold.
+    With at most 0.71 units of rounding on top, a curve of a font of 1,000 units per em stays within 1/1000 em
+    of the drawing. Curves become quadratic before anything is rounded, so that no tangent moves twice.
     """
-    outline = drawing.reversed() if _area(drawing) > 0 else drawing
-    tolerance = max(units_per_em * _TOLERANCE_IN_EMS, _LEAST_TOLERANCE)
-    rounded = Outline([_quadratic(contour, tolerance) for contour in outline.contours], quadratic=True).rounded()
+    outline = glyph.outline.reversed() if _area(glyph.outline) > 0 else glyph.outline
+    tolerance = max(units_per_em / 4000, 0.25)  # rounding costs more than that in an em of a few units
     pen = TTGlyphPen(None)
-    rounded.draw(pen)
-    glyph = pen.glyph()
-    if glyph.numberOfContours == 0:
-        return Shape(glyph, None)
-    points = list(glyph.coordinates)
-    if len(points) > _MOST_POINTS or glyph.numberOfContours > _MOST_CONTOURS:
-        raise UnfitOutline(f"makes {len(points):,} points in {glyph.numberOfContours:,} contours, and a "
-                           f"font holds {_MOST_POINTS:,} in {_MOST_CONTOURS:,} for a glyph")
-    glyph.recalcBounds(None)
-    box = glyph.xMin, glyph.yMin, glyph.xMax, glyph.yMax
+    Outline([_quadratic(contour, tolerance) for contour in outline.contours]).rounded().draw(pen, "qCurveTo")
+    entry = pen.glyph()
+    if entry.numberOfContours == 0:
+        return entry, ()
+    points, ends = list(entry.coordinates), [end + 1 for end in entry.endPtsOfContours]
+    if len(points) > _MOST_POINTS or len(ends) > _MOST_CONTOURS:
+        raise GeneratorError(f"The drawing of {glyph.label} makes {len(points):,} points in {len(ends):,} contours, "
+                             f"and a font holds {_MOST_POINTS:,} in {_MOST_CONTOURS:,} for a glyph.")
+    left, bottom, right, top = entry.xMin, entry.yMin, entry.xMax, entry.yMax = box = calcBounds(points)
     # Off-curve points can lie farther out than the controls of the curve that they stand for.
-    if (min(box) < LEAST_COORDINATE or max(box) > GREATEST_COORDINATE
-            or max(box[2] - box[0], box[3] - box[1]) > GREATEST_COORDINATE):
-        raise UnfitOutline("with quadratic curves is larger than the 16 bits that a font has for coordinates")
-    starts = [0, *(end + 1 for end in glyph.endPtsOfContours)]
-    if contours_overlap([points[start:end] for start, end in zip(starts, starts[1:])]):
-        glyph.flags[0] |= flagOverlapSimple
-    return Shape(glyph, box)
+    if min(box) < LEAST or max(box) > GREATEST or max(right - left, top - bottom) > GREATEST:
+        raise GeneratorError(f"The drawing of {glyph.label} with quadratic curves is larger than the 16 bits that a "
+                             "font has for coordinates.")
+    if _overlap([points[start:end] for start, end in zip([0, *ends], ends)]):
+        entry.flags[0] |= flagOverlapSimple
+    return entry, box
 
 
 def _area(outline: Outline) -> float:
-    """The area, anticlockwise contours positive. That of a glyph has the direction of its outer
-    contours, for a hole is smaller than what it is cut from."""
+    """That of a glyph has the sign of its outer contours, for a hole is smaller than what it is cut from."""
     pen = AreaPen()
     outline.draw(pen)
     return pen.value
@@ -98,3 +87,46 @@ def _quadratic(contour: Contour, tolerance: float) -> Contour:
             segment = end if straight else sum(curve_to_quadratic(curve, tolerance)[1:], ())
         result.append(segment)
     return result
+
+
+def _overlap(contours: Sequence[Sequence[Point]]) -> bool:
+    """Whether contours cross or touch, or fill the same place in the same direction; a hole turns the other way.
+
+    Curves are judged by the polygon of their points, so that a few that only come close count as well.
+    """
+    contours = sorted(contours, key=lambda points: calcBounds(points)[0])
+    boxes, lefts = [calcBounds(points) for points in contours], [min(points)[0] for points in contours]
+    edges = [list(zip([points[-1], *points], points)) for points in contours]
+    turns = [1 if sum(x0 * y - x * y0 for (x0, y0), (x, y) in polygon) > 0 else -1 for polygon in edges]
+    windings = list(turns)  # of each inside, by its contour and those around it
+    pairs = list(islice(((one, other) for one, box in enumerate(boxes)
+                         for other in range(one + 1, bisect_right(lefts, box[2]))), _MOST_COMPARISONS + 1))
+    for one, other in pairs if len(pairs) <= _MOST_COMPARISONS else ():
+        if _boxes_meet(boxes[one], boxes[other]):
+            near = [edge for edge in edges[one] if _boxes_meet(calcBounds(edge), boxes[other])]
+            others = [edge for edge in edges[other] if _boxes_meet(calcBounds(edge), boxes[one])]
+            if any(_edges_meet(*pair) for pair in product(near, others)):
+                return True
+            windings[other] += turns[one] * _contains(edges[one], contours[other][0])
+            windings[one] += turns[other] * _contains(edges[other], contours[one][0])
+    return len(pairs) > _MOST_COMPARISONS or any(abs(winding) > 1 for winding in windings)
+
+
+def _boxes_meet(one: Box, other: Box) -> bool:
+    return one[0] <= other[2] and other[0] <= one[2] and one[1] <= other[3] and other[1] <= one[3]
+
+
+def _edges_meet(one: Sequence[Point], other: Sequence[Point]) -> bool:
+    """Whether each edge has the other's ends on both of its sides, or on itself."""
+    return _boxes_meet(calcBounds(one), calcBounds(other)) and all(
+        _side(*edge, start) * _side(*edge, end) <= 0 for edge, (start, end) in ((one, other), (other, one)))
+
+
+def _contains(polygon: Sequence[Sequence[Point]], point: Point) -> bool:
+    """Whether a ray to the right of `point` leaves once more than it enters."""
+    crossed = [edge for edge in polygon if (edge[0][1] > point[1]) != (edge[1][1] > point[1])]
+    return sum((_side(*edge, point) > 0) == (edge[1][1] > edge[0][1]) for edge in crossed) % 2 == 1
+
+
+def _side(start: Point, end: Point, point: Point) -> int:
+    return (end[0] - start[0]) * (point[1] - start[1]) - (end[1] - start[1]) * (point[0] - start[0])

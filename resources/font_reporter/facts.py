@@ -5,7 +5,7 @@ from math import isinf
 
 from font_generator.document import Document
 from font_generator.glyph_set import build_glyph_set
-from font_generator.tables import checked_units_per_em
+from font_generator.font import checked_units_per_em
 
 from .coverage import Coverage, cover
 from .distances import Contour, Distance, largest_distance

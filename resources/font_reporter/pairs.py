@@ -7,7 +7,7 @@ from fontTools.ttLib import TTFont
 
 from font_generator.document import Document
 from font_generator.glyph_set import GlyphSet
-from font_generator.kerning import resolve_kerning
+from font_generator.layout import resolve_kerning
 
 _PAIR_ADJUSTMENT, _EXTENSION = 2, 9
 
@@ -30,7 +30,7 @@ def shaped_pairs(document: Document, glyphs: GlyphSet, font: TTFont) -> list[Sha
     """
     lookup = _PairLookup(font)
     pairs = []
-    for kern in resolve_kerning(document.pairs, glyphs.glyphs):
+    for kern in resolve_kerning(document, glyphs):
         left, right = kern.lefts[0], kern.rights[0]
         pairs.append(ShapedPair(left, right, lookup.value(left, right), kern.value))
     pairs.sort(key=lambda pair: (-abs(pair.value), pair.left, pair.right))

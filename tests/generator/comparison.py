@@ -5,8 +5,9 @@ from collections import defaultdict
 import numpy
 from font_generator.document import read_document
 from font_generator.glyph_set import build_glyph_set
-from font_generator.outlines import Outline, round_half_up
+from font_generator.outlines import Outline
 from font_reporter.font_file import open_font
+from fontTools.misc.roundTools import otRound
 from fontTools.pens.recordingPen import RecordingPen
 from fontTools.ttLib.tables._g_l_y_f import flagOverlapSimple
 
@@ -169,7 +170,7 @@ def _quadratic_differences(files, source):
             continue
         for which, exported in enumerate(drawn):
             for contour, points in zip(drawing, exported):
-                ends = {tuple(map(round_half_up, segment[-2:])) for segment in contour}
+                ends = {tuple(map(otRound, segment[-2:])) for segment in contour}
                 if lost := ends - {segment[-2:] for segment in points}:
                     yield f"outline of {name}: font {which} has lost {sorted(lost)[:5]}"
         if all(len(segment) == 2 for contour in drawing for segment in contour):

@@ -13,7 +13,7 @@ RESOURCES = Path(__file__).resolve().parents[2] / "resources"
 SCRIPT = RESOURCES / "generate_font.py"
 sys.path.insert(0, str(RESOURCES))
 
-from font_generator.cli import make_font  # noqa: E402 (found by the line above)
+from generate_font import make_font  # noqa: E402 (found by the line above)
 
 FORMATS = ("otf", "ttf", "woff", "woff2")
 

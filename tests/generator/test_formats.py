@@ -8,7 +8,7 @@ from pathlib import Path
 import pytest
 from conftest import FORMATS, sanitize, shape
 from drawings import document, hard_project
-from font_generator.cli import make_font
+from generate_font import make_font
 from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.boundsPen import BoundsPen, ControlBoundsPen
 from fontTools.ttLib import TTFont

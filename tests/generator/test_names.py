@@ -6,7 +6,7 @@ from unicodedata import normalize
 import pytest
 from conftest import shape
 from drawings import CLOSE, box, document, glyph, line, move
-from font_generator.characters import map_characters
+from font_generator.characters import CharacterMap
 from font_generator.naming import parse_naming
 
 # Project name and character of the glyphs of one project, and the name in the font.
@@ -71,7 +71,7 @@ def test_any_version_text_makes_a_revision(text, revision):
 
 def test_characters_map_with_what_they_imply():
     def mapped(*texts):
-        return map_characters([None, *texts])
+        return CharacterMap([None, *texts])
 
     angstrom = mapped("Å").scalars
     assert angstrom == {0xC5: 1, 0x212B: 1}

@@ -9,9 +9,9 @@ import sys
 import pytest
 from conftest import SCRIPT
 from drawings import CLOSE, box, document, glyph, line, move, pair
-from font_generator import output
-from font_generator.cli import make_font
-from font_generator.errors import GeneratorError
+from font_generator import command
+from generate_font import make_font
+from font_generator.command import GeneratorError
 
 DEEP = b'{"glyphs":' + b"[" * 200000
 
@@ -137,9 +137,9 @@ def test_a_full_disk_leaves_the_old_font(tmp_path, monkeypatch):
     def full(descriptor):
         raise OSError(28, "No space left on device")
 
-    monkeypatch.setattr(output.os, "fsync", full)
+    monkeypatch.setattr(command.os, "fsync", full)
     with pytest.raises(GeneratorError, match="No space left"):
-        output.write_whole(str(target), b"new")
+        command.write_whole(str(target), b"new", "font")
     assert target.read_bytes() == b"old" and os.listdir(tmp_path) == ["font.otf"]
 
 

@@ -8,9 +8,9 @@ from html.parser import HTMLParser
 import pytest
 from conftest import FORMATS
 from drawings import box, circle, document, glyph, hard_project, pair
-from font_generator.cli import make_font
+from generate_font import make_font
 from font_generator.document import read_document
-from font_generator.errors import GeneratorError
+from font_generator.command import GeneratorError
 from font_reporter.cli import make_report
 from font_reporter.facts import collect
 
