@@ -1,6 +1,6 @@
 """Which characters the font maps, and to which glyphs, meant by their index in a list."""
 
-from collections.abc import Iterable, Sequence
+from collections.abc import Collection, Sequence
 from functools import cache
 from unicodedata import normalize
 
@@ -8,6 +8,15 @@ from fontTools.unicodedata import ot_tags_from_script, script
 
 SPACE, NO_BREAK_SPACE = 0x20, 0xA0
 _UNMAPPABLE = 0xFFFF  # the end mark of a format 4 character map
+
+# Bit of ulCodePageRange1 and the code page. A page counts when the font has all of its letters;
+# the pages of Han characters count with those that their scripts can't do without.
+_ALPHABETS = {0: "cp1252", 1: "cp1250", 2: "cp1251", 3: "cp1253", 4: "cp1254", 5: "cp1255",
+              6: "cp1256", 7: "cp1257", 8: "cp1258", 16: "cp874"}
+# Bit, encoding and the lead bytes of the rows that count: kana or the commonest characters.
+_HAN = {17: ("shift_jis", (0x82, 0x83)), 18: ("gb2312", range(0xB0, 0xD8)),
+        19: ("euc_kr", range(0xB0, 0xC9)), 20: ("big5", range(0xA4, 0xC7))}
+_FIRST_KANA, _LAST_HANGUL = 0x3040, 0xD7A3
 
 
 class CharacterMap:
@@ -76,7 +85,24 @@ def _equivalents() -> dict[str, list[int]]:
     return equivalents
 
 
-def scripts_of(scalars: Iterable[int]) -> list[str]:
+def scripts_of(scalars: Collection[int]) -> list[str]:
     """The OpenType script tags of the scripts that the characters belong to, sorted."""
     occurring = set(map(script, map(chr, scalars))) - {"Zyyy", "Zinh", "Zzzz"}
     return sorted({tag for code in occurring for tag in ot_tags_from_script(code)} - {"DFLT"})
+
+
+def code_page_bits(characters: Collection[int]) -> int:
+    """The field ulCodePageRange1. A font without any page is hidden or replaced by some programs: Latin 1 then."""
+    has = set(characters)
+    bits = sum(1 << bit for bit, page in _ALPHABETS.items() if has >= _letters(page, *map(bytes, zip(range(128, 256)))))
+    if any(_FIRST_KANA <= scalar <= _LAST_HANGUL for scalar in has):
+        for bit, (encoding, leads) in _HAN.items():
+            row = _letters(encoding, *(bytes((lead, trail)) for lead in leads for trail in range(0x40, 0xFF)))
+            # The rows hold full-width Latin, Greek and the like besides.
+            bits |= (has >= {scalar for scalar in row if _FIRST_KANA <= scalar <= _LAST_HANGUL}) << bit
+    return bits or 1
+
+
+def _letters(encoding: str, *codes: bytes) -> set[int]:
+    characters = "".join(code.decode(encoding, "ignore") for code in codes)
+    return {ord(character) for character in characters if character.isalpha()}

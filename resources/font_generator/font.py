@@ -6,9 +6,11 @@ for points and side bearings that compresses better.
 """
 
 from collections import Counter
+from collections.abc import Iterable
 from functools import partial
 from io import BytesIO
-from math import radians, tan
+from math import atan2, degrees, radians, tan
+from typing import Any
 
 from fontTools.fontBuilder import FontBuilder, buildCmapSubTable
 from fontTools.misc.roundTools import otRound
@@ -19,9 +21,9 @@ from fontTools.ttLib.tables.O_S_2f_2 import intersectUnicodeRanges
 from fontTools.ttLib.tables.ttProgram import Program
 from fontTools.ttLib.woff2 import WOFF2FlavorData
 
-from .classification import code_page_bits, slant_angle
+from .characters import code_page_bits
 from .command import GeneratorError, Warnings, plain
-from .document import Document
+from .document import Document, Glyph
 from .glyph_set import GlyphSet, build_glyph_set
 from .layout import add_layout
 from .naming import Naming, name_records, parse_naming
@@ -32,6 +34,9 @@ FORMATS = ("otf", "ttf", "woff", "woff2")
 _LEAST_EM, _GREATEST_EM = 16, 16384
 # The glyph names of a post table are counted in 15 bits, after the 258 that have fixed numbers.
 _MOST_NAMED_GLYPHS = 32767 - 258
+# Letters with a straight stem from top to bottom. Shorter pieces are serifs and joins rather than stems, and
+# steeper slants no italics.
+_STEMMED, _LEAST_STEM_IN_EMS, _STEEPEST = tuple("HIlhi|"), 0.25, 40.0
 # Bits of fsSelection.
 _ITALIC, _BOLD, _REGULAR, _USE_TYPO_METRICS, _OBLIQUE = 1 << 0, 1 << 5, 1 << 6, 1 << 7, 1 << 9
 
@@ -56,34 +61,35 @@ def build_font(document: Document, extension: str, quality: int, date: int) -> t
         stored[name], box = (cubic_shape(source, None if advance == default else advance - nominal) if is_cubic
                              else quadratic_shape(source, em))
         boxes.append(box)
-    measures = _Measures(document, em, glyphs, boxes, naming)
+    values = _table_values(document, em, glyphs, boxes, naming)
 
     builder = FontBuilder(em, isTTF=not is_cubic)
     font = builder.font
     font.recalcBBoxes = False  # the boxes are those of the drawings
     builder.setupGlyphOrder(names)
-    builder.setupHead(**measures.head(date - epoch_diff))
-    builder.setupHorizontalHeader(**measures.hhea())
+    builder.setupHead(unitsPerEm=em, created=date - epoch_diff, modified=date - epoch_diff, **values["head"])
+    builder.setupHorizontalHeader(**values["hhea"])
     builder.setupHorizontalMetrics({glyph.name: (glyph.advance, box[0] if box else 0)
                                     for glyph, box in zip(glyphs.glyphs, boxes)})
     if is_cubic:
-        builder.setupCFF(naming.postscript, measures.cff(), stored, {"defaultWidthX": default, "nominalWidthX": nominal})
+        widths = {"defaultWidthX": default, "nominalWidthX": nominal}
+        builder.setupCFF(naming.postscript, values["CFF "], stored, widths)
     else:
         builder.setupGlyf(stored, calcGlyphBounds=False)
         _setup_unhinted(font)
-    builder.setupCharacterMap({scalar: names[glyph] for scalar, glyph in characters.scalars.items()}, allowFallback=True,
-                              uvs=[(*pair, names[glyph]) for pair, glyph in characters.variants.items()] or None)
+    builder.setupCharacterMap({scalar: names[glyph] for scalar, glyph in characters.scalars.items()},
+                              [(*pair, names[glyph]) for pair, glyph in characters.variants.items()] or None, True)
     if every := font["cmap"].getcmap(3, 10):  # of all planes, which is there for Windows only so far
         font["cmap"].tables.append(buildCmapSubTable(every.cmap, 12, 0, 4))
     builder.setupNameTable(name_records(document, naming), mac=False)
-    builder.setupPost(keepGlyphNames=not is_cubic and len(names) <= _MOST_NAMED_GLYPHS, **measures.post())
+    builder.setupPost(keepGlyphNames=not is_cubic and len(names) <= _MOST_NAMED_GLYPHS, **values["post"])
     add_layout(font, document, glyphs)
-    builder.setupOS2(**measures.os2())
+    builder.setupOS2(**values["OS/2"])
     os2 = font["OS/2"]
     os2.setUnicodeRanges(intersectUnicodeRanges(characters.drawn))
     os2.ulCodePageRange1 = code_page_bits(characters.drawn)
     os2.usMaxContext = max(maxCtxFont(font), 1)
-    if measures.is_fixed_pitch:
+    if values["post"]["isFixedPitch"]:
         os2.panose = os2.panose | {"bFamilyType": 2, "bProportion": 9}  # Latin text, monospaced
     return _packed(font, extension, quality), glyphs.warnings
 
@@ -97,66 +103,64 @@ def checked_units_per_em(document: Document) -> int:
     return int(em)
 
 
-class _Measures:
-    """The values of the tables of measures. The slant is in degrees to the right, tables count to the left."""
-
-    def __init__(self, document: Document, em: int, glyphs: GlyphSet, boxes: list[Box], naming: Naming) -> None:
-        vertical = {"ascender": document.ascender, "descender": document.descender,
-                    "cap height": document.cap_height, "x-height": document.x_height}
-        for name, value in vertical.items():
-            if not -32768.5 <= value < 32767.5:
-                raise GeneratorError(f"The {name} of the project is {plain(value)}, and a font holds -32768 to 32767.")
-        self.ascender, self.descender, self.cap_height, self.x_height = map(otRound, vertical.values())
-        self.em, self.naming = em, naming
-        self.slant = slant_angle(document.glyphs, em) if naming.slope else 0
-        self.widths = [glyph.advance for glyph in glyphs.glyphs if glyph.advance] or [0]
-        # All glyphs that advance at all advance alike, the one for missing ones aside.
-        others = [glyph.advance for glyph in glyphs.glyphs[1:] if glyph.advance]
-        self.is_fixed_pitch = len(others) > 1 and min(others) == max(others)
-        self.bearings = [glyph.advance - box[2] for glyph, box in zip(glyphs.glyphs, boxes) if box]
-        edges = list(zip(*filter(None, boxes))) or [(0,)] * 4
-        self.box = min(edges[0]), min(edges[1]), max(edges[2]), max(edges[3])
-
-    def head(self, date: int) -> dict[str, object]:
-        return dict(zip(("xMin", "yMin", "xMax", "yMax"), self.box)) | {
-            "unitsPerEm": self.em, "fontRevision": self.naming.revision, "created": date, "modified": date, "lowestRecPPEM": 6,
-            "flags": 0b1011,  # baseline at y 0, side bearings at xMin, whole pixels per em
-            "macStyle": (self.naming.weight == 700) | bool(self.naming.slope) << 1}
-
-    def hhea(self) -> dict[str, object]:
-        return {"ascent": self.ascender, "descent": self.descender, "lineGap": 0, "advanceWidthMax": max(self.widths),
-                "minLeftSideBearing": self.box[0], "minRightSideBearing": min(*self.bearings, 32767) if self.bearings else 0,
-                "xMaxExtent": self.box[2], "caretSlopeRise": self.em if self.slant else 1,
-                "caretSlopeRun": otRound(self.em * tan(radians(self.slant)))}
-
-    def cff(self) -> dict[str, object]:
-        names = {"version": f"{self.naming.revision:.3f}", "FullName": self.naming.full, "FamilyName": self.naming.family}
-        # The strings of this table have ASCII characters only.
-        return {key: text for key, text in names.items() if text.isascii()} | {
-            "isFixedPitch": self.is_fixed_pitch, "FontBBox": list(self.box), "ItalicAngle": -self.slant}
-
-    def os2(self) -> dict[str, object]:
-        """What does not follow from the font's characters."""
-        em, naming = self.em, self.naming
-        style = (_BOLD if naming.weight == 700 else 0) | (_ITALIC if naming.slope else 0)
-        style |= _OBLIQUE if naming.slope == "Oblique" else 0
-        return {
-            "version": 4, "usWeightClass": naming.weight, "usWidthClass": naming.width, "fsType": 0,
-            "achVendID": "    ", "fsSelection": _USE_TYPO_METRICS | (style or _REGULAR),
-            "xAvgCharWidth": min(otRound(sum(self.widths) / len(self.widths)), 32767),
+def _table_values(document: Document, em: int, glyphs: GlyphSet, boxes: list[Box],
+                  naming: Naming) -> dict[str, dict[str, Any]]:
+    """What the tables of measures say, as far as it does not follow from other tables."""
+    vertical = {"ascender": document.ascender, "descender": document.descender,
+                "cap height": document.cap_height, "x-height": document.x_height}
+    for name, value in vertical.items():
+        if not -32768.5 <= value < 32767.5:
+            raise GeneratorError(f"The {name} of the project is {plain(value)}, and a font holds -32768 to 32767.")
+    ascender, descender, cap_height, x_height = map(otRound, vertical.values())
+    widths = [glyph.advance for glyph in glyphs.glyphs if glyph.advance] or [0]
+    # All glyphs that advance at all advance alike, the one for missing ones aside.
+    others = [glyph.advance for glyph in glyphs.glyphs[1:] if glyph.advance]
+    is_fixed_pitch = len(others) > 1 and min(others) == max(others)
+    bearings = [glyph.advance - box[2] for glyph, box in zip(glyphs.glyphs, boxes) if box]
+    edges = list(zip(*filter(None, boxes))) or [(0,)] * 4
+    box = min(edges[0]), min(edges[1]), max(edges[2]), max(edges[3])
+    slant = _slant_angle(document.glyphs, em) if naming.slope else 0  # to the right; tables count to the left
+    style = (_BOLD if naming.weight == 700 else 0) | (_ITALIC if naming.slope else 0)
+    style |= _OBLIQUE if naming.slope == "Oblique" else 0
+    names = {"version": f"{naming.revision:.3f}", "FullName": naming.full, "FamilyName": naming.family}
+    return {
+        "head": dict(zip(("xMin", "yMin", "xMax", "yMax"), box)) | {
+            "fontRevision": naming.revision, "macStyle": (naming.weight == 700) | bool(naming.slope) << 1,
+            "flags": 0b1011, "lowestRecPPEM": 6},  # baseline at y 0, side bearings at xMin, whole pixels per em
+        "hhea": {
+            "ascent": ascender, "descent": descender, "lineGap": 0, "advanceWidthMax": max(widths), "xMaxExtent": box[2],
+            "minLeftSideBearing": box[0], "minRightSideBearing": min([*bearings, 32767]) if bearings else 0,
+            "caretSlopeRise": em if slant else 1, "caretSlopeRun": otRound(em * tan(radians(slant)))},
+        "CFF ": {key: text for key, text in names.items() if text.isascii()} | {
+            "isFixedPitch": is_fixed_pitch, "FontBBox": list(box), "ItalicAngle": -slant},
+        "post": {"italicAngle": -slant, "isFixedPitch": int(is_fixed_pitch), "underlinePosition": -otRound(em * 0.1),
+                 "underlineThickness": max(otRound(em * 0.05), 1)},
+        "OS/2": {
+            "version": 4, "usWeightClass": naming.weight, "usWidthClass": naming.width, "fsType": 0, "achVendID": "    ",
+            "fsSelection": _USE_TYPO_METRICS | (style or _REGULAR),
+            "xAvgCharWidth": min(otRound(sum(widths) / len(widths)), 32767),
             "ySubscriptXSize": otRound(em * 0.65), "ySuperscriptXSize": otRound(em * 0.65),
             "ySubscriptYSize": otRound(em * 0.6), "ySuperscriptYSize": otRound(em * 0.6),
             "ySubscriptYOffset": otRound(em * 0.075), "ySuperscriptYOffset": otRound(em * 0.35),
             "yStrikeoutSize": max(otRound(em * 0.05), 1),
-            "yStrikeoutPosition": otRound(self.x_height * 0.6 if self.x_height > 0 else em * 0.3),
-            "sTypoAscender": self.ascender, "sTypoDescender": self.descender, "sTypoLineGap": 0,
-            "usWinAscent": max(self.ascender, self.box[3], 0), "usWinDescent": max(-self.descender, -self.box[1], 0),
-            "sxHeight": self.x_height, "sCapHeight": self.cap_height}
+            "yStrikeoutPosition": otRound(x_height * 0.6 if x_height > 0 else em * 0.3),
+            "sTypoAscender": ascender, "sTypoDescender": descender, "sTypoLineGap": 0,
+            "usWinAscent": max(ascender, box[3], 0), "usWinDescent": max(-descender, -box[1], 0),
+            "sxHeight": x_height, "sCapHeight": cap_height}}
 
-    def post(self) -> dict[str, object]:
-        return {"italicAngle": -self.slant, "isFixedPitch": int(self.is_fixed_pitch),
-                "underlinePosition": -otRound(self.em * 0.1),
-                "underlineThickness": max(otRound(self.em * 0.05), 1)}
+
+def _slant_angle(glyphs: Iterable[Glyph], units_per_em: int) -> float:
+    """The angle of the stems in degrees from upright, positive to the right, to half a degree: the mean of all
+    straight sides that can be one of a stem, each as heavy as it is high; 0 without any."""
+    total = height = 0.0
+    for contour in (contour for glyph in glyphs if glyph.text in _STEMMED for contour in glyph.outline.contours):
+        for before, segment in zip(contour[-1:] + contour, contour):
+            across, up = segment[-2] - before[-2], segment[-1] - before[-1]
+            angle = degrees(atan2(across if up > 0 else -across, abs(up)))
+            if len(segment) == 2 and abs(up) >= _LEAST_STEM_IN_EMS * units_per_em and abs(angle) <= _STEEPEST:
+                total += angle * abs(up)
+                height += abs(up)
+    return height and round(total / height * 2) / 2 or 0
 
 
 def _setup_unhinted(font: TTFont) -> None:

@@ -5,6 +5,7 @@ from bisect import bisect_right
 from collections.abc import Sequence
 from itertools import islice, product
 
+from fontTools.cffLib.specializer import specializeProgram
 from fontTools.cu2qu import curve_to_quadratic
 from fontTools.misc.arrayTools import calcBounds
 from fontTools.misc.psCharStrings import T2CharString
@@ -33,7 +34,8 @@ def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
     outline = glyph.outline.reversed() if _area(glyph.outline) < 0 else glyph.outline
     pen = T2CharStringPen(width, None)
     outline.rounded().draw(pen)
-    charstring = pen.getCharString()
+    charstring = pen.getCharString(optimize=False)
+    charstring.program = specializeProgram(charstring.program, preserveTopology=True, maxstack=48)
     charstring.compile()
     if (size := len(charstring.bytecode)) > _LONGEST_CHARSTRING:
         raise GeneratorError(f"The drawing of {glyph.label} has too many points: it takes {size:,} bytes, and a "

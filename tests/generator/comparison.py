@@ -11,6 +11,9 @@ from fontTools.misc.roundTools import otRound
 from fontTools.pens.recordingPen import RecordingPen
 from fontTools.ttLib.tables._g_l_y_f import flagOverlapSimple
 
+# What follows from where a font's quadratic curves have their controls, which rounding can move by a unit.
+_CONTROLLED = {"xMin", "yMin", "xMax", "yMax", "minLeftSideBearing", "minRightSideBearing", "xMaxExtent",
+               "usWinAscent", "usWinDescent"}
 # What follows from the form of other tables, or what only the process of reading adds.
 _FORM = {"tableTag", "checkSumAdjustment", "indexToLocFormat", "glyphOrder", "extraNames", "mapping"}
 
@@ -20,6 +23,8 @@ def differences(one, other, source):
     files = open_font(str(one)), open_font(str(other))
     fonts = [file.font for file in files]
     facts = [_facts(font) for font in fonts]
+    if "glyf" in fonts[0]:
+        _forgive_rounding(*facts)
     found = [line for key in sorted(facts[0].keys() | facts[1].keys())
              for line in _difference(key, facts[0].get(key), facts[1].get(key))]
     if fonts[0].getGlyphOrder() != fonts[1].getGlyphOrder():
@@ -27,6 +32,17 @@ def differences(one, other, source):
     if "CFF " in fonts[0]:
         return found + list(_cubic_differences(*fonts))
     return found + list(_quadratic_differences(files, source))
+
+
+def _forgive_rounding(facts, others):
+    """Makes the numbers of `others` that follow from controls those of `facts` where they are a unit apart."""
+    for table in ("head", "hhea", "OS/2"):
+        for key in _CONTROLLED & facts[table].keys():
+            if abs(facts[table][key] - others[table][key]) == 1:
+                others[table][key] = facts[table][key]
+    for name, (advance, bearing) in facts["hmtx"].items():
+        if others["hmtx"].get(name) in ((advance, bearing - 1), (advance, bearing + 1)):
+            others["hmtx"][name] = advance, bearing
 
 
 def _difference(key, one, other):
