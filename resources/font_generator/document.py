@@ -5,7 +5,7 @@ import json
 from typing import Any, NamedTuple
 
 from .command import GeneratorError, quoted
-from .outlines import Outline, check_size, is_finite, read_outline
+from .outlines import GREATEST_NUMBER, Outline, check_size, read_outline
 
 _KINDS = {"a list": (list,), "text": (str,), "a number": (int, float)}
 _LONGEST_TEXT = 32767  # a record of a name table holds at most 65,535 bytes of UTF-16
@@ -92,7 +92,7 @@ def _member(value: Any, key: str, kind: str, called: str) -> Any:
         fault = f"has no member {quoted(key)}"
     elif type(member) not in _KINDS[kind]:
         fault += f" that is not {kind}"
-    elif kind == "a number" and not is_finite(member):
+    elif kind == "a number" and not abs(member) <= GREATEST_NUMBER:
         fault += " that is not a finite number"
     elif kind == "text" and len(member) > _LONGEST_TEXT:
         fault += f" of {len(member):,} characters, and a font holds at most {_LONGEST_TEXT:,}"

@@ -12,6 +12,7 @@ from fontTools.misc.psCharStrings import T2CharString
 from fontTools.misc.roundTools import otRound
 from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.boundsPen import BoundsPen
+from fontTools.pens.reverseContourPen import ReverseContourPen
 from fontTools.pens.t2CharStringPen import T2CharStringPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib.tables._g_l_y_f import Glyph as GlyfEntry
@@ -31,9 +32,8 @@ _MOST_COMPARISONS = 20000  # of contours; a flag that is set without need only m
 
 def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
     """The charstring, outer contours anticlockwise, with the number for its width, if any."""
-    outline = glyph.outline.reversed() if _area(glyph.outline) < 0 else glyph.outline
     pen = T2CharStringPen(width, None)
-    outline.rounded().draw(pen)
+    glyph.outline.rounded().draw(ReverseContourPen(pen) if _area(glyph.outline) < 0 else pen)
     charstring = pen.getCharString(optimize=False)
     charstring.program = specializeProgram(charstring.program, preserveTopology=True, maxstack=48)
     charstring.compile()
@@ -42,7 +42,7 @@ def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
                              f"font holds {_LONGEST_CHARSTRING:,} for a glyph.")
     # The box is that of the curves as drawn: rounding their controls first would move it.
     bounds = BoundsPen(None)
-    Outline([contour for contour in outline.contours if Outline([contour]).rounded().contours]).draw(bounds)
+    Outline([contour for contour in glyph.outline.contours if Outline([contour]).rounded().contours]).draw(bounds)
     return charstring, tuple(map(otRound, bounds.bounds or ()))
 
 
@@ -52,10 +52,10 @@ def quadratic_shape(glyph: Glyph, units_per_em: int) -> tuple[GlyfEntry, Box]:
     With at most 0.71 units of rounding on top, a curve of a font of 1,000 units per em stays within 1/1000 em
     of the drawing. Curves become quadratic before anything is rounded, so that no tangent moves twice.
     """
-    outline = glyph.outline.reversed() if _area(glyph.outline) > 0 else glyph.outline
     tolerance = max(units_per_em / 4000, 0.25)  # rounding costs more than that in an em of a few units
     pen = TTGlyphPen(None)
-    Outline([_quadratic(contour, tolerance) for contour in outline.contours]).rounded().draw(pen, "qCurveTo")
+    Outline([_quadratic(contour, tolerance) for contour in glyph.outline.contours]).rounded().draw(
+        ReverseContourPen(pen) if _area(glyph.outline) > 0 else pen, "qCurveTo")
     entry = pen.glyph()
     if entry.numberOfContours == 0:
         return entry, ()
