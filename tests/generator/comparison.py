@@ -204,7 +204,7 @@ def _quadratic_differences(files, source):
 
 def _distance(exported, drawing):
     """How far points of an exported contour lie from the drawn one at most."""
-    points, line = _flattened(exported, 7), _flattened(drawing, 128)
+    points, line = _flattened(exported, lambda size: 7), _flattened(drawing, lambda size: 64 + int((8 * size) ** 0.5))
     starts, steps = line, numpy.roll(line, -1) - line
     squares = numpy.where(steps == 0, 1, abs(steps) ** 2)
     most = 0.0
@@ -216,12 +216,12 @@ def _distance(exported, drawing):
 
 
 def _flattened(contour, count):
-    """Points of a contour as complex numbers, so many of each curve."""
-    times = numpy.arange(count) / count
+    """Points of a contour as complex numbers, of each curve so many as its size counts."""
     result = []
     for before, segment in zip(contour, contour[1:] + [contour[0]]):
         bezier = [complex(*before[-2:]), *(complex(x, y) for x, y in zip(segment[::2], segment[1::2]))]
-        at = times if len(bezier) > 2 else numpy.zeros(1)
+        steps = count(sum(abs(other - one) for one, other in zip(bezier, bezier[1:]))) if len(bezier) > 2 else 1
+        at = numpy.arange(steps) / steps
         while len(bezier) > 1:
             bezier = [one + (other - one) * at for one, other in zip(bezier, bezier[1:])]
         result.append(bezier[0])
