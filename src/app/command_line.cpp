@@ -233,6 +233,9 @@ private:
     auto* sub = subcommand("export", "Make font files from a project", export_);
     sub->add_option("FONT", export_.fonts, "Files ending in .otf, .ttf, .woff or .woff2")
         ->required();
+    addChoice(*sub, "--generator", export_.generator,
+              {{"native", GeneratorKind::native}, {"python", GeneratorKind::python}},
+              "The program that makes the fonts; the script python runs where there is no other");
     sub->add_option("--report", export_.report, "Write a page about the first font")
         ->type_name("FILE.html");
   }

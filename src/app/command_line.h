@@ -17,7 +17,8 @@ struct ProgramPlaces {
   std::filesystem::path executable;
   /// The installed resources, when there are any.
   std::optional<std::filesystem::path> resourceFolder;
-  /// The generator in the source tree; empty in an installed program.
+  /// The generator in the build tree and the script in the source tree; empty in an installed
+  /// program.
   std::filesystem::path developmentExecutable;
   std::filesystem::path developmentScript;
 };

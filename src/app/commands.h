@@ -66,6 +66,8 @@ struct WatchCommand {
 struct ExportCommand {
   std::filesystem::path project;
   std::vector<std::filesystem::path> fonts;
+  /// The one that is found, when none is chosen.
+  std::optional<GeneratorKind> generator;
   /// A page about the first of the fonts.
   std::optional<std::filesystem::path> report;
 };

@@ -44,13 +44,19 @@ bool areFontFiles(const std::string& command, const std::vector<std::filesystem:
 }
 
 GeneratorPlaces generatorPlaces(const ProgramPlaces& places) {
-  return {places.resourceFolder, places.developmentExecutable, places.developmentScript};
+  GeneratorPlaces generators;
+  generators.resourceFolder = places.resourceFolder;
+  generators.developmentExecutable = places.developmentExecutable;
+  generators.developmentScript = places.developmentScript;
+  return generators;
 }
 
 ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
   if (!areFontFiles("export", command.fonts)) return ExitStatus::wrongUsage;
   Session session(places);
-  const FontGenerator generator(session.desktop(), generatorPlaces(places));
+  GeneratorPlaces generators = generatorPlaces(places);
+  generators.only = command.generator;
+  const FontGenerator generator(session.desktop(), generators);
   // The check waits for Python; the project loads meanwhile.
   const auto task = std::make_shared<std::packaged_task<GeneratorAvailability()>>(
       [generator] { return generator.checkGeneratorAvailability(); });
@@ -62,13 +68,12 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
     return ExitStatus::failed;
   }
   std::vector<std::string> written, failed;
-  for (const auto& font : command.fonts)
-    generator.generateFont(session.project(), font,
-                           [&, font](const Result<void, GenerationError>& result) {
-                             (result ? written : failed).push_back(font.string());
-                             if (!result)
-                               printError(font.string() + ": " + result.error().description);
-                           });
+  generator.generateFonts(session.project(), command.fonts,
+                          [&](const std::filesystem::path& font, const auto& result) {
+                            (result ? written : failed).push_back(font.string());
+                            if (!result)
+                              printError(font.string() + ": " + result.error().description);
+                          });
   waitFor(session.desktop(),
           [&] { return written.size() + failed.size() == command.fonts.size(); });
   if (written.empty()) return ExitStatus::failed;
@@ -77,8 +82,8 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
     return ExitStatus::incomplete;
   }
   if (!command.report) return ExitStatus::done;
-  const auto report = makeFontReport(session.project(), command.fonts.front(), *command.report,
-                                     generatorPlaces(places));
+  const auto report =
+      makeFontReport(session.project(), command.fonts.front(), *command.report, generators);
   if (report) return ExitStatus::done;
   printError(command.report->string() + ": " + report.error().description);
   return ExitStatus::incomplete;

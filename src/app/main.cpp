@@ -21,7 +21,7 @@ quillery::ProgramPlaces programPlaces() {
   if (fs::is_directory(installed, error)) places.resourceFolder = installed;
 #ifdef QUILLERY_DEVELOPMENT_RESOURCES
   const fs::path sources = QUILLERY_DEVELOPMENT_RESOURCES;
-  places.developmentExecutable = sources / "generate_font" / "generate_font";
+  places.developmentExecutable = places.executable.parent_path() / "generate_font";
   places.developmentScript = sources / "generate_font.py";
   if (!places.resourceFolder) places.resourceFolder = sources;
 #endif

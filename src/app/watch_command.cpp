@@ -217,14 +217,14 @@ private:
     const QuietLines quiet;
     fontsAreDue_ = false;
     std::size_t done = 0;
-    for (const fs::path& font : command_.fonts)
-      generator_.generateFont(session_.project(), font, [&, font](const auto& result) {
-        ++done;
-        if (result)
-          finish(font);
-        else if (!end_.isMade()) // an interrupt ends the generator, too
-          printError(font.string() + ": " + result.error().description);
-      });
+    generator_.generateFonts(session_.project(), command_.fonts,
+                             [&](const fs::path& font, const auto& result) {
+                               ++done;
+                               if (result)
+                                 finish(font);
+                               else if (!end_.isMade()) // an interrupt ends the generator, too
+                                 printError(font.string() + ": " + result.error().description);
+                             });
     save();
     session_.desktop().runUntil([&] { return done == command_.fonts.size(); });
   }

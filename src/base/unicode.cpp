@@ -7,6 +7,7 @@
 #include <unicode/ubrk.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
+#include <unicode/uscript.h>
 #include <unicode/utext.h>
 #include <unicode/utf8.h>
 
@@ -174,8 +175,30 @@ bool isAlphanumeric(char32_t scalar) {
           (U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK)) != 0;
 }
 
+bool isLetterNumberOrSymbol(char32_t scalar) {
+  return (U_GET_GC_MASK(static_cast<UChar32>(scalar)) &
+          (U_GC_L_MASK | U_GC_N_MASK | U_GC_S_MASK)) != 0;
+}
+
 bool isSpace(char32_t scalar) {
   return scalar == U'\t' || u_charType(static_cast<UChar32>(scalar)) == U_SPACE_SEPARATOR;
+}
+
+bool isNonspacingMark(char32_t scalar) {
+  return u_charType(static_cast<UChar32>(scalar)) == U_NON_SPACING_MARK;
+}
+
+bool isPrintable(char32_t scalar) {
+  return scalar == U' ' ||
+         (U_GET_GC_MASK(static_cast<UChar32>(scalar)) &
+          (U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK | U_GC_P_MASK | U_GC_S_MASK)) != 0;
+}
+
+std::string_view scriptCode(char32_t scalar) {
+  UErrorCode status = U_ZERO_ERROR;
+  const UScriptCode script = uscript_getScript(static_cast<UChar32>(scalar), &status);
+  const char* code = U_SUCCESS(status) ? uscript_getShortName(script) : nullptr;
+  return code != nullptr ? code : "Zzzz";
 }
 
 std::string_view trimSpaces(std::string_view text) {
@@ -211,14 +234,30 @@ std::string uppercased(std::string_view text) {
   return result;
 }
 
-std::string composed(std::string_view text) {
+namespace {
+
+std::string normalized(std::string_view text, const icu::Normalizer2* (*form)(UErrorCode&)) {
   if (isAscii(text)) return std::string(text);
   UErrorCode status = U_ZERO_ERROR;
-  const icu::Normalizer2* nfc = icu::Normalizer2::getNFCInstance(status);
+  const icu::Normalizer2* normalizer = form(status);
   std::string result;
   icu::StringByteSink<std::string> sink(&result);
-  nfc->normalizeUTF8(0, piece(text), sink, nullptr, status);
+  normalizer->normalizeUTF8(0, piece(text), sink, nullptr, status);
   return result;
+}
+
+} // namespace
+
+std::string composed(std::string_view text) {
+  return normalized(text, icu::Normalizer2::getNFCInstance);
+}
+
+std::string decomposed(std::string_view text) {
+  return normalized(text, icu::Normalizer2::getNFDInstance);
+}
+
+std::string compatibilityDecomposed(std::string_view text) {
+  return normalized(text, icu::Normalizer2::getNFKDInstance);
 }
 
 int compareNames(std::string_view a, std::string_view b) {

@@ -52,8 +52,23 @@ bool isLetter(char32_t scalar);
 /// Letters, marks and numbers (general categories L*, M* and N*).
 bool isAlphanumeric(char32_t scalar);
 
+/// What a name can't lose without reading as another: letters, numbers and symbols (general
+/// categories L*, N* and S*).
+bool isLetterNumberOrSymbol(char32_t scalar);
+
 /// Tab and the space separators (general category Zs); no line breaks.
 bool isSpace(char32_t scalar);
+
+/// A mark that takes no room of its own (general category Mn).
+bool isNonspacingMark(char32_t scalar);
+
+/// Something to see, or the space: no control or format character, no separator, no private use,
+/// nothing unassigned.
+bool isPrintable(char32_t scalar);
+
+/// The code of the script that the character belongs to (ISO 15924), as "Latn"; "Zyyy" and "Zinh"
+/// for characters of several scripts, "Zzzz" for none.
+std::string_view scriptCode(char32_t scalar);
 
 /// The text without spaces (isSpace) at either end.
 std::string_view trimSpaces(std::string_view text);
@@ -62,8 +77,10 @@ std::string_view trimSpaces(std::string_view text);
 std::string lowercased(std::string_view text);
 std::string uppercased(std::string_view text);
 
-/// Unicode Normalization Form C.
+/// Unicode Normalization Forms C, D and KD.
 std::string composed(std::string_view text);
+std::string decomposed(std::string_view text);
+std::string compatibilityDecomposed(std::string_view text);
 
 /// Order of names: by scalar values after composition, so that all ASCII capitals come before the
 /// small letters. Negative, zero or positive.

@@ -6,7 +6,9 @@
 #include "export/process.h"
 
 #include <algorithm>
+#include <atomic>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace quillery {
@@ -79,6 +81,7 @@ FontGenerator::FontGenerator(Desktop& desktop, GeneratorPlaces places)
     : desktop_(&desktop), places_(std::move(places)) {}
 
 std::optional<FontGenerator::Packaged> FontGenerator::findPackaged() const {
+  if (places_.only == GeneratorKind::python) return std::nullopt;
   std::vector<Packaged> candidates;
   if (places_.resourceFolder) {
     candidates.push_back(
@@ -105,7 +108,7 @@ Result<GeneratorLocation, FontGeneratorError> FontGenerator::findGenerator() con
     printLine(packaged->found + packaged->path.string());
     return GeneratorLocation{packaged->path, std::nullopt, false};
   }
-  const auto python = places_.findPython();
+  const auto python = places_.only == GeneratorKind::native ? std::nullopt : places_.findPython();
   if (!python) {
     printLine("❌ No font generator found (no bundled executable and no Python)");
     return Failure{FontGeneratorError::generatorNotFound()};
@@ -126,6 +129,8 @@ Result<GeneratorLocation, FontGeneratorError> FontGenerator::findGenerator() con
 
 GeneratorAvailability FontGenerator::checkGeneratorAvailability() const {
   if (const auto packaged = findPackaged()) return {true, packaged->available};
+  if (places_.only == GeneratorKind::native)
+    return {false, FontGeneratorError::generatorNotFound().description()};
   if (!places_.findPython())
     return {false, "Python 3 not found. Please install Python 3 or use the bundled app version."};
   if (!isFontToolsInstalled())
@@ -178,40 +183,89 @@ Result<void, GenerationError> FontGenerator::runPythonScript(const fs::path& pyt
   return resultOf(run.value());
 }
 
+// Fonts of one project on their way.
+struct FontGenerator::Batch {
+  struct Output {
+    fs::path given;
+    fs::path absolute; // a path that begins with a dash would be an option to the generator
+  };
+
+  FontProject project;
+  std::vector<Output> outputs; // the one that takes longest first
+  CompletionOfOne completion;
+  fs::path input;
+  std::atomic<std::size_t> next = 0;
+  std::atomic<std::size_t> finished = 0;
+  std::atomic<bool> hasFailed = false;
+};
+
 void FontGenerator::generateFont(FontProject project, const fs::path& outputURL,
                                  Completion completion) const {
-  // A path that begins with a dash would be an option to the generator.
-  std::error_code error;
-  fs::path output = fs::absolute(outputURL, error);
-  if (error) output = outputURL;
-  printLine("\n🚀 FontGenerator.generateFont() called");
-  printLine("   Project: " + project.name);
-  printLine("   Glyphs: " + std::to_string(project.glyphs.size()));
-  printLine("   Kerning pairs: " + std::to_string(project.kerningPairs.size()));
-  printLine("   Output: " + output.string());
+  generateFonts(std::move(project), {outputURL},
+                [completion = std::move(completion)](const fs::path&, const auto& result) {
+                  completion(result);
+                });
+}
+
+void FontGenerator::generateFonts(FontProject project, const std::vector<fs::path>& outputURLs,
+                                  CompletionOfOne completion) const {
+  const auto batch = std::make_shared<Batch>();
+  for (const fs::path& outputURL : outputURLs) {
+    printLine("\n🚀 FontGenerator.generateFont() called");
+    printLine("   Project: " + project.name);
+    printLine("   Glyphs: " + std::to_string(project.glyphs.size()));
+    printLine("   Kerning pairs: " + std::to_string(project.kerningPairs.size()));
+    std::error_code error;
+    fs::path output = fs::absolute(outputURL, error);
+    batch->outputs.push_back({outputURL, error ? outputURL : std::move(output)});
+    printLine("   Output: " + batch->outputs.back().absolute.string());
+  }
+  std::stable_partition(batch->outputs.begin(), batch->outputs.end(),
+                        [](const Batch::Output& output) {
+                          return lowercased(output.given.extension().string()) == ".woff2";
+                        });
+  batch->project = std::move(project);
+  batch->completion = std::move(completion);
   // This may be gone before the work is done, so the work has its own copy.
-  desktop_->runInBackground([generator = *this, project = std::move(project),
-                             output = std::move(output),
-                             completion = std::move(completion)]() mutable {
-    auto result = generator.generate(project, output);
-    generator.desktop_->postToMain(
-        [completion = std::move(completion), result = std::move(result)] { completion(result); });
+  desktop_->runInBackground([generator = *this, batch] {
+    printLine("   ✓ Background thread started in FontGenerator");
+    const auto input = writeGeneratorInput(batch->project);
+    if (!input) {
+      const GenerationError error(input.error().description());
+      for (const Batch::Output& output : batch->outputs)
+        generator.desktop_->postToMain(
+            [batch, output, error] { batch->completion(output.given, Failure{error}); });
+      return;
+    }
+    batch->input = input.value();
+    const std::size_t lanes = std::min<std::size_t>(
+        batch->outputs.size(), std::max(std::thread::hardware_concurrency(), 1U));
+    for (std::size_t lane = 1; lane < lanes; ++lane)
+      generator.desktop_->runInBackground([generator, batch] { generator.generate(batch); });
+    generator.generate(batch);
   });
 }
 
-Result<void, GenerationError> FontGenerator::generate(const FontProject& project,
-                                                      const fs::path& output) const {
-  printLine("   ✓ Background thread started in FontGenerator");
-  const auto input = writeGeneratorInput(project);
-  if (!input) return Failure{input.error().description()};
+void FontGenerator::generate(const std::shared_ptr<Batch>& batch) const {
+  for (std::size_t i = batch->next++; i < batch->outputs.size(); i = batch->next++) {
+    const Batch::Output& output = batch->outputs[i];
+    auto result = runGenerator(batch->input, output.absolute);
+    if (!result) batch->hasFailed = true;
+    std::error_code ignored;
+    if (++batch->finished == batch->outputs.size() && !batch->hasFailed)
+      fs::remove(batch->input, ignored);
+    desktop_->postToMain(
+        [batch, output, result = std::move(result)] { batch->completion(output.given, result); });
+  }
+}
+
+Result<void, GenerationError> FontGenerator::runGenerator(const fs::path& input,
+                                                          const fs::path& output) const {
   const auto location = findGenerator();
   if (!location) return Failure{location.error()};
   const auto& [program, script, usesPython] = location.value();
-  auto made = usesPython ? runPythonScript(program, *script, input.value(), output)
-                         : runPackagedGenerator(program, input.value(), output);
-  std::error_code ignored;
-  if (made) fs::remove(input.value(), ignored);
-  return made;
+  return usesPython ? runPythonScript(program, *script, input, output)
+                    : runPackagedGenerator(program, input, output);
 }
 
 } // namespace quillery

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,6 +44,9 @@ struct GenerationError {
   explicit GenerationError(const std::string& text) : printed(text), description(text) {}
 };
 
+/// A program of its own, or a script that Python runs, which is slower and can be changed.
+enum class GeneratorKind { native, python };
+
 /// The program to start.
 struct GeneratorLocation {
   /// The packaged generator, or the Python interpreter.
@@ -61,12 +65,15 @@ struct GeneratorAvailability {
 struct GeneratorPlaces {
   /// The folder of the files that ship with the program, if there is one.
   std::optional<std::filesystem::path> resourceFolder;
-  /// A generator in the source tree, for a program that was not installed; empty for none.
+  /// A generator in the build tree and one in the source tree, for a program that was not
+  /// installed; empty for none.
   std::filesystem::path developmentExecutable;
   std::filesystem::path developmentScript;
   /// Interpreters, the best first.
   std::vector<std::filesystem::path> pythonCandidates = {
       "/opt/homebrew/bin/python3", "/usr/local/bin/python3", "/usr/bin/python3"};
+  /// The one kind that is looked for; nothing for the native one and, where it is absent, Python's.
+  std::optional<GeneratorKind> only = std::nullopt;
 
   /// The first interpreter that is there.
   std::optional<std::filesystem::path> findPython() const;
@@ -88,6 +95,14 @@ public:
   void generateFont(FontProject project, const std::filesystem::path& outputURL,
                     Completion completion) const;
 
+  using CompletionOfOne = std::function<void(const std::filesystem::path& outputURL,
+                                             const Result<void, GenerationError>&)>;
+
+  /// The same for several fonts of one project, which is described once for all: as many generators
+  /// run at a time as there are processors. `completion` hears of each as soon as it is there.
+  void generateFonts(FontProject project, const std::vector<std::filesystem::path>& outputURLs,
+                     CompletionOfOne completion) const;
+
   /// Whether generateFont can work at all, and if not, what the user can do about it; the script
   /// is not looked for. May wait for a short run of Python.
   GeneratorAvailability checkGeneratorAvailability() const;
@@ -107,8 +122,10 @@ public:
 private:
   struct Packaged;
   std::optional<Packaged> findPackaged() const;
-  Result<void, GenerationError> generate(const FontProject& project,
-                                         const std::filesystem::path& output) const;
+  struct Batch;
+  void generate(const std::shared_ptr<Batch>& batch) const;
+  Result<void, GenerationError> runGenerator(const std::filesystem::path& input,
+                                             const std::filesystem::path& output) const;
 
   Desktop* desktop_;
   GeneratorPlaces places_;

@@ -17,11 +17,11 @@ struct CharacterMap {
   /// The drawn ones only, in project order.
   std::vector<std::pair<char32_t, int>> drawn;
   /// Texts of several scalars that become one glyph.
-  std::map<std::u32string, int> sequences;
+  std::vector<std::pair<std::u32string, int>> sequences;
   /// A scalar and the variation selector behind it.
   std::map<std::pair<char32_t, char32_t>, int> variants;
   /// Glyphs whose text a later glyph has too, with that glyph.
-  std::map<int, int> overruled;
+  std::vector<std::pair<int, int>> overruled;
   /// Glyphs whose text the font can't map.
   std::vector<int> unmapped;
 };

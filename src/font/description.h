@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillery::font {
@@ -47,9 +48,13 @@ struct FontDescription {
 /// How messages call a glyph: by its name, or by its number, counted from 1, when it has none.
 std::string glyphLabel(const std::string& name, std::size_t number);
 
-/// Reads the JSON file `path`. Members that it does not know are skipped. Contours left open are
-/// closed; a segment that follows a closed contour starts at the same point as that did, and one
-/// with nothing before it at the first point that it names.
+/// Reads the JSON text of a description. Members that it does not know are skipped; of two with the
+/// same name the last counts. Contours left open are closed; a segment that follows a closed
+/// contour starts at the same point as that did, and one with nothing before it at the first point
+/// that it names.
+Result<FontDescription, FontError> parseDescription(std::string_view text);
+
+/// Reads a description from a file.
 Result<FontDescription, FontError> readDescription(const std::filesystem::path& path);
 
 } // namespace quillery::font

@@ -11,7 +11,7 @@ struct FontError {
 };
 
 /// The text in double quotes, printable, on one line and cut to 60 characters.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 /// A number as a person writes it: 1000 rather than 1000.0.
 std::string plain(double number);

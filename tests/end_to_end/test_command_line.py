@@ -39,9 +39,13 @@ def test_drawings_become_a_font(quillery, draw, tmp_path):
     assert [g["name"] for g in project(saved)["glyphs"]][:3] == [".notdef", "space", "A"]
 
     fonts = [tmp_path / f"out.{extension}" for extension in ("otf", "ttf", "woff", "WOFF2")]
-    assert quillery("export", saved, *fonts).status == 0
-    for font in fonts:
-        subprocess.run(["ots-sanitize", font], check=True, capture_output=True)
+    for choice, said in ([], "executable"), (["--generator", "python"], "Python script"):
+        exported = quillery("export", saved, *fonts, *choice)
+        assert exported.status == 0
+        assert [said in line for line in exported.out if line.startswith("Using ")] == [True] * 4
+        for font in fonts:
+            subprocess.run(["ots-sanitize", font], check=True, capture_output=True)
+            font.unlink()
 
 
 def test_drawings_that_hold_more_are_named_and_converted_on_request(quillery, draw, tmp_path):

@@ -4,6 +4,7 @@
 #include "support/scripted_desktop.h"
 #include "support/testing.h"
 
+#include <set>
 #include <thread>
 
 namespace quillery::test {
@@ -76,6 +77,13 @@ TEST_F(FontGeneratorTest, IsFoundWhereTheBestOneLies) {
       EXPECT_EQ(program, usesPython ? python : found);
       EXPECT_EQ(usedScript, usesPython ? std::optional(found) : std::nullopt);
     }
+    GeneratorPlaces chosen = places;
+    chosen.only = GeneratorKind::native;
+    EXPECT_EQ(FontGenerator(desktop, chosen).findGenerator().ok(),
+              location && !location.value().usesPython);
+    chosen.only = GeneratorKind::python;
+    const auto scripted = FontGenerator(desktop, chosen).findGenerator();
+    EXPECT_TRUE(!scripted || scripted.value().usesPython);
     // What may not be run is passed over like what is absent.
     if (found == packaged)
       fs::permissions(packaged, fs::perms::owner_read);
@@ -114,6 +122,25 @@ TEST_F(FontGeneratorTest, TellsHowTheGenerationEnded) {
   expect("Could not run " + python.string() + ": Permission denied", "no right to run Python");
   fs::remove(script);
   expect("Font generator not found. The app may be corrupted.", "no script");
+}
+
+TEST_F(FontGeneratorTest, DescribesAProjectOnceForSeveralFonts) {
+  writeProgram(packaged, "case \"$2\" in *.bad) exit 1; esac; printf %s \"$1\" >\"$2\"");
+  ConsoleCapture console;
+  const auto make = [&](const std::vector<fs::path>& fonts) {
+    std::set<fs::path> made, refused;
+    generator().generateFonts(FontProject(), fonts, [&](const fs::path& font, const auto& result) {
+      (result ? made : refused).insert(font);
+    });
+    desktop.runUntil([&] { return made.size() + refused.size() == fonts.size(); });
+    return made;
+  };
+  const fs::path otf = folder / "a.otf", woff2 = folder / "a.woff2", bad = folder / "a.bad";
+  EXPECT_EQ(make({otf, woff2}), (std::set{otf, woff2}));
+  EXPECT_EQ(contentOf(otf), contentOf(woff2));
+  EXPECT_EQ(temporary.count(), 0);
+  EXPECT_EQ(make({otf, bad, woff2}), (std::set{otf, woff2}));
+  EXPECT_EQ(temporary.count(), 1) << "what the failed one was told stays";
 }
 
 } // namespace

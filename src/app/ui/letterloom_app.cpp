@@ -17,8 +17,7 @@ public:
   LetterloomApp(QApplication& application, const ProgramPlaces& places,
                 std::shared_ptr<DrawingFlattener> flattener)
       : theme_(application), desktop_({places.resourceFolder, places.executable, {}}),
-        generator_(desktop_, {places.resourceFolder, places.developmentExecutable,
-                              places.developmentScript}) {
+        generator_(desktop_, generatorPlaces(places)) {
     desktop_.setParentWindow(&window_);
     desktop_.setDrawingFlattener(std::move(flattener));
     window_.show();
