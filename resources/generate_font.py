@@ -12,15 +12,13 @@ import sys
 
 from font_generator.command import GeneratorError, Warnings, check_target, fail, quoted, run, write_whole
 
-USAGE = "usage: generate_font.py [--brotli-quality 0..11] INPUT.json OUTPUT.(otf|ttf|woff|woff2)"
-
 
 def main(*operands: str) -> int:
     quality = "11"
     if operands[:1] == ("--brotli-quality",):
         quality, operands = "".join(operands[1:2]), operands[2:]
     if len(operands) != 2 or quality not in map(str, range(12)):
-        return fail(USAGE, 2)
+        return fail("usage: generate_font.py [--brotli-quality 0..11] INPUT.json OUTPUT.(otf|ttf|woff|woff2)", 2)
     return run(lambda: make_font(*operands, int(quality)), "font")
 
 

@@ -20,13 +20,10 @@ _FIRST_KANA, _LAST_HANGUL = 0x3040, 0xD7A3
 
 
 class CharacterMap:
-    """Maps the texts of glyphs, given in project order; of equal texts the last one counts.
-
-    `scalars` holds the drawn characters and what they imply, `drawn` only the former. `sequences` are texts of
-    several scalars that become one glyph, `variants` those whose second scalar is a variation selector.
-    `overruled` are glyphs whose text a later glyph has too, with that glyph; `unmapped` are glyphs whose text
-    the font can't map.
-    """
+    """Maps the texts of glyphs; of equal texts the last one counts. `scalars` holds the drawn characters and what they
+    imply, `drawn` only the former. `sequences` are texts of several scalars that become one glyph, `variants` those
+    whose second scalar is a variation selector. `overruled` are glyphs whose text a later glyph has too, with that
+    glyph; `unmapped` are glyphs whose text the font can't map."""
 
     def __init__(self, texts: Sequence[str | None]) -> None:
         self.sequences: dict[tuple[int, ...], int] = {}
@@ -75,8 +72,7 @@ def _singles(composed: str) -> list[int]:
 
 @cache
 def _equivalents() -> dict[str, list[int]]:
-    """The characters that are canonically another one, or several others that are never composed, by those
-    others in composed form."""
+    """The characters that are canonically another one, or several that are never composed, by those."""
     equivalents: dict[str, list[int]] = {}
     for scalar in range(0x0340, 0x2FA1E):  # from the first to the last one
         composed = normalize("NFC", chr(scalar))

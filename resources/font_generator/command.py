@@ -29,7 +29,7 @@ def plain(number: float) -> str:
 
 
 def run(work: Callable[[], Warnings], product: str) -> int:
-    """Does `work` and prints the warnings that it returns, or else one sentence; returns the exit status."""
+    """Does `work` and prints the warnings that it returns, or one sentence; returns the exit status."""
     # A request to end is an ordinary failure: the temporary file goes, the old one stays.
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     # What libraries have to say about a font in the making is no sentence for a designer.
@@ -46,16 +46,14 @@ def run(work: Callable[[], Warnings], product: str) -> int:
         return fail(f"Making the {product} needs a Python package that is missing: {error.name}.")
     except Exception as error:  # a fault of ours: still no traceback, still the old file
         return fail(f"The {product} could not be made: {type(error).__name__}: {quoted(str(error))}.")
-    _say(sys.stdout, "".join(f"{quoted(glyph)[1:-1]}: {message}\n" for glyph, message in warnings))
-    return 0
+    return _say(sys.stdout, "".join(f"{quoted(glyph)[1:-1]}: {message}\n" for glyph, message in warnings), 0)
 
 
 def fail(sentence: str, status: int = 1) -> int:
-    _say(sys.stderr, sentence + "\n")
-    return status
+    return _say(sys.stderr, sentence + "\n", status)
 
 
-def _say(stream: TextIO | None, text: str) -> None:
+def _say(stream: TextIO | None, text: str, status: int) -> int:
     """Prints the text if anybody listens; the stream is None when whoever started us closed it."""
     try:
         if stream is not None:
@@ -63,6 +61,7 @@ def _say(stream: TextIO | None, text: str) -> None:
             print(text, end="", file=stream, flush=True)
     except OSError:  # or the interpreter would try once more to empty the stream, and complain
         os.dup2(os.open(os.devnull, os.O_WRONLY), stream.fileno())
+    return status
 
 
 def check_target(path: str, product: str) -> None:
@@ -81,19 +80,14 @@ def check_target(path: str, product: str) -> None:
 
 
 def write_whole(path: str, data: bytes, product: str) -> None:
-    """Replaces the file at `path` by `data`; whatever fails, an old file stays as it was.
-
-    Links are followed, and an old file's mode is kept. Raises GeneratorError.
-    """
+    """Replaces the file at `path` by `data`, following links and keeping the mode; raises GeneratorError."""
     target, temporary = os.path.realpath(path), ""
     try:
         descriptor, temporary = tempfile.mkstemp(".part", ".font-", os.path.dirname(target))
-        with open(descriptor, "wb") as file:
+        with open(descriptor, "wb", buffering=0) as file:
             file.write(data)
-            mask = os.umask(0)  # which can't be read otherwise
-            os.umask(mask)
+            os.umask(mask := os.umask(0))  # which can't be read otherwise
             os.fchmod(descriptor, os.stat(target).st_mode & 0o7777 if os.path.exists(target) else 0o666 & ~mask)
-            file.flush()
             os.fsync(descriptor)
         os.replace(temporary, target)
     except OSError as error:

@@ -13,7 +13,6 @@ _LONGEST_TEXT = 32767  # a record of a name table holds at most 65,535 bytes of 
 
 class Glyph(NamedTuple):
     """`number` is the glyph's place in the project, counted from 1; 0 is one that the project lacks."""
-
     number: int
     name: str
     text: str | None
@@ -26,15 +25,8 @@ class Glyph(NamedTuple):
         return f"glyph {quoted(self.name)}" if self.name else f"the nameless glyph number {self.number}"
 
 
-class KerningPair(NamedTuple):
-    left: str
-    right: str
-    value: float
-
-
 class Document(NamedTuple):
     """A font description; `descender` is negative below the baseline."""
-
     name: str
     designer: str
     version: str
@@ -45,7 +37,7 @@ class Document(NamedTuple):
     cap_height: float
     x_height: float
     glyphs: list[Glyph]
-    pairs: list[KerningPair]
+    pairs: list[tuple[str, str, float]]  # of names, with what is added to the left advance
 
 
 def read_document(path: str) -> Document:
@@ -57,12 +49,11 @@ def read_document(path: str) -> Document:
     except OSError as error:
         raise GeneratorError(f"{called} {quoted(path)} cannot be read: {error.strerror}.") from error
     glyphs, pairs = (_member(root, key, "a list", called) for key in ("glyphs", "kerningPairs"))
-    return Document(
-        *[_member(root, key, "text", called) for key in ("name", "designer", "version", "copyright")],
-        *[_member(root, key, "a number", called)
-          for key in ("unitsPerEm", "ascender", "descender", "capHeight", "xHeight")],
-        [_glyph(value, number) for number, value in enumerate(glyphs, 1)],
-        [_pair(value, number) for number, value in enumerate(pairs, 1)])
+    texts = [_member(root, key, "text", called) for key in ("name", "designer", "version", "copyright")]
+    numbers = [_member(root, key, "a number", called)
+               for key in ("unitsPerEm", "ascender", "descender", "capHeight", "xHeight")]
+    return Document(*texts, *numbers, [_glyph(value, number) for number, value in enumerate(glyphs, 1)],
+                    [_pair(value, number) for number, value in enumerate(pairs, 1)])
 
 
 def _parse_json(data: bytes, called: str) -> Any:
@@ -115,10 +106,10 @@ def _glyph(value: Any, number: int) -> Glyph:
     return glyph
 
 
-def _pair(value: Any, number: int) -> KerningPair:
+def _pair(value: Any, number: int) -> tuple[str, str, float]:
     called = f"Kerning pair number {number}{_names_in(value, 'leftGlyph', 'rightGlyph')}"
-    return KerningPair(*[_member(value, key, kind, called) for key, kind in (
-        ("leftGlyph", "text"), ("rightGlyph", "text"), ("value", "a number"))])
+    return (*(_member(value, key, "text", called) for key in ("leftGlyph", "rightGlyph")),
+            _member(value, "value", "a number", called))
 
 
 def _names_in(value: Any, *keys: str) -> str:

@@ -1,9 +1,5 @@
-"""Puts a font together, in each of the formats.
-
-OTF has the drawing's cubic curves in a CFF table. TTF has quadratic ones in a glyf table, and so have WOFF and
-WOFF2: browsers rasterize unhinted quadratic outlines evenly on every system, and WOFF2 has a form of its own
-for points and side bearings that compresses better.
-"""
+"""Puts a font together. OTF has the drawing's cubic curves in a CFF table, TTF quadratic ones in a glyf table, and
+so have WOFF and WOFF2: browsers rasterize unhinted quadratic outlines evenly on every system."""
 
 from collections import Counter
 from collections.abc import Iterable
@@ -42,11 +38,8 @@ _ITALIC, _BOLD, _REGULAR, _USE_TYPO_METRICS, _OBLIQUE = 1 << 0, 1 << 5, 1 << 6, 
 
 
 def build_font(document: Document, extension: str, quality: int, date: int) -> tuple[bytes, Warnings]:
-    """The font file of a description, and its warnings.
-
-    `extension` is one of FORMATS, `quality` that of brotli for woff2, `date` in seconds since 1970. Raises
-    GeneratorError for what a font can't hold.
-    """
+    """The font file of a description, and its warnings; raises GeneratorError. `extension` is one of FORMATS,
+    `quality` that of brotli for woff2, `date` in seconds since 1970."""
     em = checked_units_per_em(document)
     glyphs = build_glyph_set(document)
     characters, names = glyphs.characters, [glyph.name for glyph in glyphs.glyphs]

@@ -16,15 +16,13 @@ from .outlines import Outline
 NOTDEF = ".notdef"
 _MOST_GLYPHS = _WIDEST_ADVANCE = 65535
 
-# The rule of the Adobe Glyph List: letters, digits, periods and underscores, a letter or
-# an underscore first, 63 characters at most. ".notdef" is the one exception.
+# The rule of the Adobe Glyph List, of which ".notdef" is the one exception.
 _LONGEST_NAME = 63
 _LEGAL = re.compile(r"[A-Za-z_][A-Za-z0-9._]{0,62}\Z")
 
 
 class FontGlyph(NamedTuple):
     """A glyph of the font. `project_name` is what kerning pairs call it, if they can."""
-
     name: str
     project_name: str | None
     advance: int
@@ -33,7 +31,6 @@ class FontGlyph(NamedTuple):
 
 class GlyphSet(NamedTuple):
     """The font's glyphs, `.notdef` first; characters and pairs refer to them by index."""
-
     glyphs: list[FontGlyph]
     characters: CharacterMap
     warnings: list[tuple[str, str]]
@@ -45,12 +42,10 @@ def build_glyph_set(document: Document) -> GlyphSet:
     # The glyph for missing characters is the one that the preview shows, else one whose name says the same.
     named = [glyph for glyph in document.glyphs if glyph.name.lower() in (NOTDEF, "notdef")]
     notdef = next((glyph for glyph in named if glyph.name == NOTDEF), named[0] if named else None)
-    # A character can't map to glyph 0, which means that the font lacks it: a missing-glyph
-    # glyph that stands for a character as well is therefore there twice.
+    # Glyph 0 means that the font lacks a character: one that stands for a character as well is there twice.
     sources = [(notdef or _default_notdef(document))._replace(text=None)]
     sources += [glyph for glyph in document.glyphs if glyph is not notdef or glyph.text]
-    # The preview advances a quarter em for a space that nobody drew, unless it has a glyph for
-    # missing characters: then that is what it shows, and so does a font without a space.
+    # The preview advances a quarter em for a space that nobody drew, unless it has a glyph for missing characters.
     if SPACE not in CharacterMap([glyph.text for glyph in sources]).scalars:
         if notdef and notdef.name == NOTDEF:
             warnings.append(("space", "there is no space glyph, so a space shows .notdef"))
@@ -67,7 +62,6 @@ def build_glyph_set(document: Document) -> GlyphSet:
     warnings += [(sources[index].name or sources[index].label, message) for index, message in said]
     glyphs = []
     for name, source in zip(_names(sources, characters), sources):
-        # Compared before rounding, which numbers of any size have to pass through.
         if not -0.5 <= source.advance < _WIDEST_ADVANCE + 0.5:
             raise GeneratorError(f"The advance width of {source.label} is {plain(source.advance)}, "
                                  f"and a font holds 0 to {_WIDEST_ADVANCE}.")
@@ -109,9 +103,8 @@ def _names(sources: list[Glyph], characters: CharacterMap) -> list[str]:
 
 
 def _name_for_character(character: str, project_name: str) -> str:
-    """Software that has nothing but glyph names reads text back from them: a name that the glyph list gives to
-    the character comes first, then the project's own unless it means some other character, then the
-    character's number."""
+    """The name that the glyph list gives to the character, for software that reads text back from names, else the
+    project's own unless it means some other character, else the character's number."""
     scalar = ord(character)
     by_number = f"uni{scalar:04X}" if scalar <= 0xFFFF else f"u{scalar:05X}"
     # Readers take the part before a period for the character, underscores for several of them.

@@ -20,33 +20,28 @@ _LARGEST_MATRIX = 20000  # kerning values of a subtable of classes, whose offset
 
 
 class Kern(NamedTuple):
-    """What is added between any of the left and any of the right glyphs, which are all the glyphs of a name:
-    those of two kerns are the same or have none in common."""
-
+    """What is added between any of the left and any of the right glyphs, which are all the glyphs of a name."""
     lefts: list[int]
     rights: list[int]
     value: int
 
 
 def resolve_kerning(document: Document, glyphs: GlyphSet) -> list[Kern]:
-    """The kerning as a preview of the project applies it, without zeros; raises GeneratorError.
-
-    Of pairs with the same two names the first counts, even where its value is zero; pairs of glyphs that are
-    not there are left out. Glyph 0 never kerns on the right side, for there it stands for whatever character
-    the font lacks.
-    """
+    """The kerning as a preview of the project applies it: of pairs with the same two names the first counts, even
+    where its value is zero. Glyph 0 never kerns on the right side, for there it stands for whatever character the
+    font lacks. Raises GeneratorError."""
     lefts: dict[str | None, list[int]] = {}
     for index, glyph in enumerate(glyphs.glyphs):
         lefts.setdefault(glyph.project_name, []).append(index)
+    rights = {name: [index for index in group if index] for name, group in lefts.items()}
     kerning: dict[tuple[str, str], Kern] = {}
     for left, right, value in document.pairs:
-        rights = [index for index in lefts.get(right, ()) if index]
-        if (left, right) in kerning or left not in lefts or not rights:
+        if (left, right) in kerning or left not in lefts or not rights.get(right):
             continue
         if not LEAST - 0.5 <= value < GREATEST + 0.5:
             raise GeneratorError(f"The kerning of {quoted(left)} {quoted(right)} is {plain(value)}, and a font "
                                  f"holds {LEAST} to {GREATEST}.")
-        kerning[left, right] = Kern(lefts[left], rights, otRound(value))
+        kerning[left, right] = Kern(lefts[left], rights[right], otRound(value))
     return [kern for kern in kerning.values() if kern.value]
 
 
@@ -92,12 +87,8 @@ def _kerning_statements(kerning: Iterable[Kern], names: list[str]) -> Iterable[a
 
 
 def _glyph_classes(glyphs: GlyphSet, sequences: Mapping[tuple[int, ...], int]) -> dict[int, str]:
-    """The classes of glyphs in a font in which a combining mark has an advance; none otherwise.
-
-    Text engines set combining marks without any advance, as Unicode has them, unless a font says what its
-    glyphs are. A preview of the project advances by what a mark was given, and so does the font when the mark
-    counts as a base. Marks without advance stay marks.
-    """
+    """The classes of glyphs in a font in which a combining mark has an advance, as a preview of the project sets it:
+    text engines take it away unless the mark counts as a base. Marks without advance stay marks."""
     scalars = glyphs.characters.scalars
     marks = {glyph: "base" if glyphs.glyphs[glyph].advance else "mark"
              for scalar, glyph in scalars.items() if category(chr(scalar)) == "Mn"}

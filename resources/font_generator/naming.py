@@ -25,12 +25,10 @@ _LARGEST_STORAGE = 65535  # bytes that the offsets of a name table reach
 
 
 class Naming(NamedTuple):
-    """`style` is "Regular" for the plain one, `slope` "Italic", "Oblique" or empty; `weight` and `width` are
-    numbers of an OS/2 table."""
-
+    """`style` is "Regular" for the plain one; `weight` and `width` are numbers of an OS/2 table."""
     family: str
     style: str
-    slope: str
+    slope: str  # "Italic", "Oblique" or empty
     weight: int
     width: int
     revision: float
@@ -39,11 +37,8 @@ class Naming(NamedTuple):
 
 
 def parse_naming(project_name: str, version: str) -> Naming:
-    """Splits the weight and slope words off the end of a project's name.
-
-    The family keeps at least one word. Words count in any case, written together or with hyphens
-    ("Brush-BoldItalic", "Brush Semi Bold").
-    """
+    """Splits the weight and slope words, written together or with hyphens or not ("Brush-BoldItalic", "Brush Semi
+    Bold"), off the end of a project's name, of which the family keeps at least one word."""
     words = re.sub(r"[\x00-\x1f\x7f-\x9f]", " ", project_name).split() or ["Untitled"]
     if len(words) == 1:
         family, _, suffix = words[0].rpartition("-")
@@ -94,11 +89,8 @@ def _width(words: list[str]) -> int:
 
 
 def name_records(document: Document, naming: Naming) -> dict[int, str]:
-    """The records of the name table, none of them empty. Raises GeneratorError if they are too long.
-
-    Programs that know four styles a family find any other style as a family of its own (IDs 1 and 2); the
-    family as it is stands in IDs 16 and 17 then.
-    """
+    """The records of the name table, none of them empty. Raises GeneratorError if they are too long."""
+    # Programs that know four styles a family find any other as a family of its own (1 and 2), and so 16 and 17.
     is_bold = naming.weight == 700
     plain_style = " ".join(["Bold"] * is_bold + ["Italic"] * bool(naming.slope)) or "Regular"
     weight_word = "" if is_bold else naming.style.removesuffix(naming.slope).replace("Regular", "")

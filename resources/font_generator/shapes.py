@@ -47,12 +47,10 @@ def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
 
 
 def quadratic_shape(glyph: Glyph, units_per_em: int) -> tuple[GlyfEntry, Box]:
-    """The glyf entry, outer contours clockwise.
-
-    With at most 0.71 units of rounding on top, a curve of a font of 1,000 units per em stays within 1/1000 em
-    of the drawing. Curves become quadratic before anything is rounded, so that no tangent moves twice.
-    """
-    tolerance = max(units_per_em / 4000, 0.25)  # rounding costs more than that in an em of a few units
+    """The glyf entry, outer contours clockwise."""
+    # With 0.71 units of rounding on top, a curve in an em of 1,000 units stays within 1/1000 em of the drawing.
+    # Curves become quadratic before anything is rounded, so that no tangent moves twice.
+    tolerance = max(units_per_em / 4000, 0.25)
     pen = TTGlyphPen(None)
     Outline([_quadratic(contour, tolerance) for contour in glyph.outline.contours]).rounded().draw(
         ReverseContourPen(pen) if _area(glyph.outline) > 0 else pen, "qCurveTo")
@@ -92,10 +90,7 @@ def _quadratic(contour: Contour, tolerance: float) -> Contour:
 
 
 def _overlap(contours: Sequence[Sequence[Point]]) -> bool:
-    """Whether contours cross or touch, or fill the same place in the same direction; a hole turns the other way.
-
-    Curves are judged by the polygon of their points, so that a few that only come close count as well.
-    """
+    """Whether contours, as polygons of their points, cross or touch, or fill the same place in the same direction."""
     contours = sorted(contours, key=lambda points: calcBounds(points)[0])
     boxes, lefts = [calcBounds(points) for points in contours], [min(points)[0] for points in contours]
     edges = [list(zip([points[-1], *points], points)) for points in contours]

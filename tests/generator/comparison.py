@@ -7,13 +7,11 @@ from font_generator.document import read_document
 from font_generator.glyph_set import build_glyph_set
 from font_generator.outlines import Outline
 from font_reporter.font_file import open_font
+from fontTools.misc.arrayTools import calcIntBounds
 from fontTools.misc.roundTools import otRound
 from fontTools.pens.recordingPen import RecordingPen
 from fontTools.ttLib.tables._g_l_y_f import flagOverlapSimple
 
-# What follows from where a font's quadratic curves have their controls, which rounding can move by a unit.
-_CONTROLLED = {"xMin", "yMin", "xMax", "yMax", "minLeftSideBearing", "minRightSideBearing", "xMaxExtent",
-               "usWinAscent", "usWinDescent"}
 # What follows from the form of other tables, or what only the process of reading adds.
 _FORM = {"tableTag", "checkSumAdjustment", "indexToLocFormat", "glyphOrder", "extraNames", "mapping"}
 
@@ -23,9 +21,11 @@ def differences(one, other, source):
     files = open_font(str(one)), open_font(str(other))
     fonts = [file.font for file in files]
     facts = [_facts(font) for font in fonts]
-    if "glyf" in fonts[0]:
-        _forgive_rounding(*facts)
-    found = [line for key in sorted(facts[0].keys() | facts[1].keys())
+    found = []
+    for font, said in zip(fonts, facts):
+        if "glyf" in font:
+            found += _take_out_extents(font, said)
+    found += [line for key in sorted(facts[0].keys() | facts[1].keys())
              for line in _difference(key, facts[0].get(key), facts[1].get(key))]
     if fonts[0].getGlyphOrder() != fonts[1].getGlyphOrder():
         return found
@@ -34,15 +34,26 @@ def differences(one, other, source):
     return found + list(_quadratic_differences(files, source))
 
 
-def _forgive_rounding(facts, others):
-    """Makes the numbers of `others` that follow from controls those of `facts` where they are a unit apart."""
-    for table in ("head", "hhea", "OS/2"):
-        for key in _CONTROLLED & facts[table].keys():
-            if abs(facts[table][key] - others[table][key]) == 1:
-                others[table][key] = facts[table][key]
-    for name, (advance, bearing) in facts["hmtx"].items():
-        if others["hmtx"].get(name) in ((advance, bearing - 1), (advance, bearing + 1)):
-            others["hmtx"][name] = advance, bearing
+def _take_out_extents(font, facts):
+    """Holds what follows from the controls of quadratic curves, which are each generator's own, against the glyphs
+    of the same font."""
+    glyf, metrics = font["glyf"], facts.pop("hmtx")
+    boxes = {name: calcIntBounds(glyf[name].coordinates) for name in font.getGlyphOrder() if glyf[name].numberOfContours}
+    facts["advances"] = {name: advance for name, (advance, _) in metrics.items()}
+    rights = [facts["advances"][name] - box[2] for name, box in boxes.items()]
+    lefts, bottoms, widest, tops = zip(*boxes.values()) if boxes else [(0,)] * 4
+    hhea = facts["hhea"]
+    expected = {
+        "head": dict(zip(("xMin", "yMin", "xMax", "yMax"), (min(lefts), min(bottoms), max(widest), max(tops)))),
+        "hhea": {"minLeftSideBearing": min(lefts), "minRightSideBearing": min(rights + [32767]) if rights else 0,
+                 "xMaxExtent": max(widest)},
+        "OS/2": {"usWinAscent": max(hhea["ascent"], max(tops), 0), "usWinDescent": max(-hhea["descent"], -min(bottoms), 0)}}
+    said = {table: {key: facts[table].pop(key) for key in keys} for table, keys in expected.items()}
+    if said != expected:
+        yield f"extents: {said} of glyphs that make {expected}"
+    wrong = [name for name, (_, bearing) in metrics.items() if bearing != boxes.get(name, [0])[0]]
+    if wrong:
+        yield f"left side bearings: {wrong[:5]} do not begin where their outlines do"
 
 
 def _difference(key, one, other):
