@@ -17,7 +17,7 @@ std::string described(const QuadraticOutline& outline) {
   std::string text;
   for (std::size_t i = 0; i < outline.ends.size(); ++i) {
     if (i > 0) text += " |";
-    for (const GridPoint& point : outline.contour(i)) {
+    for (const GlyfPoint& point : outline.contour(i)) {
       const std::string place = std::to_string(point.x) + "," + std::to_string(point.y);
       text += (text.empty() ? "" : " ") + (point.onCurve ? place : "(" + place + ")");
     }
@@ -98,7 +98,7 @@ TEST(GlyfTest, readersGetBackThePointsThatWereWritten) {
   const int steps[] = {0, 0, 0, 1, -1, 255, -255, 256, -256, 1000, -1000};
   for (const std::size_t count : {2U, 255U, 256U, 257U, 258U, 700U, 3000U}) {
     QuadraticOutline outline;
-    GridPoint point{-32768 + 16384, 20};
+    GlyfPoint point{-32768 + 16384, 20};
     for (std::size_t i = 0; i < count; ++i) {
       // Runs of equal flags of every length, and steps of every size.
       if (random() % 300 == 0 || i < 40) {

@@ -7,7 +7,7 @@
 namespace quillery::font {
 namespace {
 
-using Polygon = std::vector<GridPoint>;
+using Polygon = std::vector<GlyfPoint>;
 
 Polygon box(int left, int bottom, int right, int top) {
   return {{left, bottom}, {right, bottom}, {right, top}, {left, top}};
