@@ -10,8 +10,7 @@ leaves the output file as it was.
 
 import sys
 
-from font_generator.command import leave
 from font_reporter.cli import main
 
 if __name__ == "__main__":
-    leave(main(sys.argv[1:]))
+    sys.exit(main(sys.argv[1:]))

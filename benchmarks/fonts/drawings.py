@@ -1,4 +1,4 @@
-"""Makes drawings for the benchmarks from the outlines of a font of the system: one SVG a
+"""Makes drawings for the benchmarks from the outlines of fonts of the system: one SVG a
 character, absolute M, L, C and Z, and the same glyphs as a UFO for tools that start there.
 """
 
@@ -8,9 +8,11 @@ from pathlib import Path
 from fontTools.pens.basePen import BasePen
 from fontTools.ttLib import TTFont
 
-FOLDER = Path("/usr/share/fonts/truetype/dejavu")  # Debian's fonts-dejavu-core
-FONTS = ("DejaVuSans.ttf", "DejaVuSans-Bold.ttf", "DejaVuSerif.ttf", "DejaVuSerif-Bold.ttf",
-         "DejaVuSansMono.ttf", "DejaVuSansMono-Bold.ttf")
+FONTS = Path("/usr/share/fonts")
+# Debian's fonts-dejavu-core and fonts-noto-cjk
+LATIN = [FONTS / "truetype/dejavu" / f"DejaVu{name}.ttf"
+         for name in ("Sans", "Sans-Bold", "Serif", "Serif-Bold", "SansMono", "SansMono-Bold")]
+CJK = [FONTS / "opentype/noto/NotoSansCJK-Regular.ttc"]
 EM = 100  # units of a drawing
 # Where the drawings' characters start: a plane in which every code is one character.
 FIRST_CHARACTER = 0x20000
@@ -41,14 +43,15 @@ class DrawingPen(BasePen):
         self._add("Z")
 
 
-def outlines(count):
-    """(commands, advance) of `count` glyphs with ink. Fonts follow each other, and begin again,
-    a little larger, when their glyphs are used up."""
+def outlines(count, fonts=LATIN, first=0):
+    """(commands, advance) of `count` glyphs with ink, of characters from `first` on. Fonts follow each
+    other, and begin again, a little larger, when their glyphs are used up."""
     made, turn = [], 0
     while True:
-        for name in FONTS:
-            font = TTFont(FOLDER / name)
-            glyphs, names = font.getGlyphSet(), font.getBestCmap().values()
+        for path in fonts:
+            font = TTFont(path, fontNumber=0)
+            glyphs = font.getGlyphSet()
+            names = [name for scalar, name in font.getBestCmap().items() if scalar >= first]
             scale = EM / font["head"].unitsPerEm * (1 + turn / 100)
             for glyph in dict.fromkeys(names):
                 pen = DrawingPen(glyphs, scale)

@@ -1,7 +1,9 @@
 """What one does with FontForge to make a font of a folder of drawings: import each into the slot
 of its character, turn its contours the right way, round, generate.
 
-    fontforge_font.py FOLDER FONT
+    fontforge_font.py FOLDER FONT [FLAG...]
+
+Flags are those of FontForge's generate(), "no-hints" say.
 """
 
 import sys
@@ -9,7 +11,7 @@ from pathlib import Path
 
 import fontforge
 
-folder, target = sys.argv[1:]
+folder, target, *flags = sys.argv[1:]
 font = fontforge.font()
 font.encoding = "UnicodeFull"
 font.em = 1000
@@ -21,4 +23,4 @@ for drawing in sorted(Path(folder).glob("*.svg")):
     glyph.correctDirection()
     glyph.round()
     glyph.width = 600
-font.generate(target)
+font.generate(target, flags=tuple(flags))

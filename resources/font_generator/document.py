@@ -1,67 +1,32 @@
-"""Reads a font description and checks that it is one.
+"""Reads a font description and checks that it is one: JSON in UTF-8, every member there and of its type,
+numbers finite, text well formed, drawings of the size of a font. Raises GeneratorError for others."""
 
-What is checked here is the description's shape: JSON in UTF-8, every member there and of its
-type, numbers finite, text well formed. Whether a font can hold the values is decided where
-they are used.
-"""
-
-from collections.abc import Callable, Iterator
+import json
 from typing import Any, NamedTuple
 
-from .errors import GeneratorError, quoted
-from .json_text import parse_json
-from .outlines import MalformedOutline, Outline, UnfitOutline, check_size, is_finite, read_outline
-from .pieces import Pieces, cut, fit_together
-from .workers import beside, processors
+from .command import GeneratorError, quoted
+from .outlines import GREATEST_NUMBER, Outline, check_size, read_outline
 
-# A record of a name table holds at most 65,535 bytes of UTF-16; no text of a font is longer.
-LONGEST_TEXT = 32767
-
-# Letters with a straight stem from top to bottom.
-SLANT_LETTERS = frozenset("HIlhi|")
-
-_OWN_SHARE = 0.47
-
-_TEXTS = {"name", "designer", "version", "copyright"}
-
-Encode = Callable[[Outline], Any]
-Encoder = Callable[[float], Encode]  # what the format makes of drawings in an em of so many units
+_KINDS = {"a list": (list,), "text": (str,), "a number": (int, float)}
+_LONGEST_TEXT = 32767  # a record of a name table holds at most 65,535 bytes of UTF-16
 
 
 class Glyph(NamedTuple):
-    """A glyph as drawn. `text` is the character that it stands for, if any; the number of a glyph
-    that no project has is 0. `shape` is what the font's format makes of the drawing; its `box` is
-    None if there is nothing to see. The drawing itself is kept of a few letters only, by which
-    to tell how far a font slants."""
-
-    number: int  # its place in the project, counted from 1
+    """`number` is the glyph's place in the project, counted from 1; 0 is one that the project lacks."""
+    number: int
     name: str
     text: str | None
     advance: float
-    shape: Any
-    drawing: Outline | None = None
+    outline: Outline
 
     @property
     def label(self) -> str:
         """How messages call the glyph."""
-        return _label(self.name, self.number)
-
-
-def _label(name: str, number: int) -> str:
-    return f"glyph {quoted(name)}" if name else f"the nameless glyph number {number}"
-
-
-class KerningPair(NamedTuple):
-    """`value` is added to the advance of a left glyph that a right glyph follows."""
-
-    left: str
-    right: str
-    value: float
+        return f"glyph {quoted(self.name)}" if self.name else f"the nameless glyph number {self.number}"
 
 
 class Document(NamedTuple):
     """A font description; `descender` is negative below the baseline."""
-
     name: str
     designer: str
     version: str
@@ -72,193 +37,81 @@ class Document(NamedTuple):
     cap_height: float
     x_height: float
     glyphs: list[Glyph]
-    pairs: list[KerningPair]
+    pairs: list[tuple[str, str, float]]  # of names, with what is added to the left advance
 
 
-class _Malformed(Exception):
-    """Says what is wrong with an object; whoever reads the object knows what it is."""
-
-
-def read_document(path: str, encoder: Encoder, meanwhile: Callable[[], None] = lambda: None) -> Document:
-    """Reads the description in the file `path`; raises GeneratorError if it is not one.
-
-    Outlines become shapes by the encoder as soon as they are read, so that only one at a time is
-    there in full. Two processes share a long description; when this one is through with its
-    part, it does what there is to do `meanwhile`.
-    """
-    data = _read_file(path)
-    pieces = cut(data)
-    try:
-        members = _read_pieces(pieces, encoder(pieces.units_per_em), meanwhile) if pieces else None
-        return _document(members or _read_whole(data, encoder))
-    except _Malformed as fault:
-        raise GeneratorError(f"The font description {fault}.") from fault
-
-
-def _read_whole(data: bytes, encoder: Encoder) -> dict[str, Any]:
-    root, read = parse_json(data)
-    members = _members(root)
-    for key in ("glyphs", "kerningPairs"):
-        _list(members, key)
-    return _read_members(members, read, encoder(_number(members, "unitsPerEm")))
-
-
-def _read_pieces(pieces: Pieces, encode: Encode,
-                 meanwhile: Callable[[], None]) -> dict[str, Any] | None:
-    """The members of a description, or None if anything is wrong with a piece: what it is, is
-    found by reading the description as a whole."""
-    def read_some(indices: range) -> list[dict[str, Any]] | None:
-        result = []
-        try:
-            for index in indices:
-                root, read = parse_json(pieces.piece(index))
-                result.append(_read_members(_members(root), read, encode))
-        except (GeneratorError, _Malformed):
-            return None
-        return result
-
-    # The other process has nothing else to do, and so gets the larger part.
-    count = len(pieces)
-    mine = int(count * _OWN_SHARE) if processors() > 1 and count > 3 else count
-    wait = beside(lambda: read_some(range(mine, count))) if mine < count else list
-    read = read_some(range(mine))
-    meanwhile()
-    others = wait()
-    if read is None or others is None or not fit_together(read + others, pieces.units_per_em):
-        return None
-    members: dict[str, Any] = {}
-    glyphs: list[Glyph] = []
-    for part in read + others:
-        before = len(glyphs)
-        glyphs += [glyph._replace(number=glyph.number + before) for glyph in part["glyphs"]]
-        members |= part
-    return members | {"glyphs": glyphs}
-
-
-def _read_members(members: dict[str, Any], read: Callable[[str], str], encode: Encode) -> dict[str, Any]:
-    """The members with the glyphs, pairs and texts among them read."""
-    readers: dict[str, Callable[[Any, int], Any]] = {
-        "glyphs": lambda value, number: _glyph(value, number, read, encode),
-        "kerningPairs": lambda value, number: _pair(value, number, read)}
-    for key in readers.keys() & members.keys():
-        members[key] = [readers[key](value, number) for number, value in _taken(_list(members, key))]
-    for key in _TEXTS & members.keys():
-        members[key] = _text(members, key, read)
-    return members
-
-
-def _document(members: dict[str, Any]) -> Document:
-    return Document(
-        **{key: _member(members, key) for key in _TEXTS},
-        units_per_em=_number(members, "unitsPerEm"),
-        ascender=_number(members, "ascender"),
-        descender=_number(members, "descender"),
-        cap_height=_number(members, "capHeight"),
-        x_height=_number(members, "xHeight"),
-        glyphs=members["glyphs"],
-        pairs=members["kerningPairs"],
-    )
-
-
-def _read_file(path: str) -> bytes:
+def read_document(path: str) -> Document:
+    """Reads the description in the file `path`."""
+    called = "The font description"
     try:
         with open(path, "rb") as file:
-            return file.read()
+            root = _parse_json(file.read(), called)
     except OSError as error:
-        raise GeneratorError(
-            f"The font description {quoted(path)} cannot be read: {error.strerror}.") from error
+        raise GeneratorError(f"{called} {quoted(path)} cannot be read: {error.strerror}.") from error
+    glyphs, pairs = (_member(root, key, "a list", called) for key in ("glyphs", "kerningPairs"))
+    texts = [_member(root, key, "text", called) for key in ("name", "designer", "version", "copyright")]
+    numbers = [_member(root, key, "a number", called)
+               for key in ("unitsPerEm", "ascender", "descender", "capHeight", "xHeight")]
+    return Document(*texts, *numbers, [_glyph(value, number) for number, value in enumerate(glyphs, 1)],
+                    [_pair(value, number) for number, value in enumerate(pairs, 1)])
 
 
-def _taken(values: list[Any]) -> Iterator[tuple[int, Any]]:
-    """Each value with its number, taken out of the list: what a value is read into takes a
-    fraction of its room."""
-    values.reverse()
-    for number in range(1, len(values) + 1):
-        yield number, values.pop()
+def _parse_json(data: bytes, called: str) -> Any:
+    def refuse(token: str) -> None:
+        raise GeneratorError(f"{called} holds {token}, which is not a number of JSON.")
 
-
-def _glyph(value: Any, number: int, read: Callable[[str], str], encode: Encode) -> Glyph:
     try:
-        members = _members(value)
-        for bearing in ("leftSideBearing", "rightSideBearing"):
-            _number(members, bearing)  # the outline is already placed by them
-        name = _text(members, "name", read)
-        text = _text(members, "unicode", read) if "unicode" in members else None
-        advance = _number(members, "advanceWidth")
-        outline = read_outline(_list(members, "fontPath"))
-        try:
-            check_size(outline)
-            shape = encode(outline)
-        except UnfitOutline as fault:
-            raise GeneratorError(f"The drawing of {_label(name, number)} {fault}.") from fault
-        return Glyph(number, name, text, advance, shape, outline if text in SLANT_LETTERS else None)
-    except _Malformed as fault:
-        raise GeneratorError(f"Glyph number {number}{_called(value, 'name', read)} {fault}.") from fault
-    except MalformedOutline as fault:
-        raise GeneratorError(f"Glyph number {number}{_called(value, 'name', read)} has a malformed outline: "
-                             f"{fault}.") from fault
+        return json.loads(data.removeprefix(b"\xef\xbb\xbf").decode("utf-8"), parse_constant=refuse)
+    except UnicodeDecodeError as error:
+        raise GeneratorError(f"{called} is not valid UTF-8 (byte {error.start}).") from error
+    except json.JSONDecodeError as error:
+        reason = f"{error.msg[:1].lower()}{error.msg[1:]} at line {error.lineno}, column {error.colno}"
+        raise GeneratorError(f"{called} is not JSON: {reason}.") from error
+    except RecursionError as error:
+        raise GeneratorError(f"{called} is not one: its brackets nest too deep.") from error
+    except ValueError as error:  # a whole number of several thousand digits
+        raise GeneratorError(f"{called} holds a number with too many digits.") from error
 
 
-def _pair(value: Any, number: int, read: Callable[[str], str]) -> KerningPair:
-    try:
-        members = _members(value)
-        return KerningPair(_text(members, "leftGlyph", read), _text(members, "rightGlyph", read),
-                           _number(members, "value"))
-    except _Malformed as fault:
-        called = _called(value, "leftGlyph", read) + _called(value, "rightGlyph", read)
-        raise GeneratorError(f"Kerning pair number {number}{called} {fault}.") from fault
-
-
-def _called(value: Any, key: str, read: Callable[[str], str]) -> str:
-    """The name that stands under `key` of an object in which something else is wrong."""
-    name = value.get(key) if type(value) is dict else None
-    return f" {quoted(read(name))}" if type(name) is str and name else ""
-
-
-def pair_label(left: str, right: str) -> str:
-    """How messages call the pair of these two glyph names."""
-    return f"{quoted(left)} {quoted(right)}"
-
-
-def _members(value: Any) -> dict[str, Any]:
+def _member(value: Any, key: str, kind: str, called: str) -> Any:
+    """The member of an object that messages call so. It has to be there and of its kind."""
+    member = value.get(key) if type(value) is dict else None
+    fault = f"has a member {quoted(key)}"
     if type(value) is not dict:
-        raise _Malformed("is not a JSON object")
-    return value
+        fault = "is not a JSON object"
+    elif key not in value:
+        fault = f"has no member {quoted(key)}"
+    elif type(member) not in _KINDS[kind]:
+        fault += f" that is not {kind}"
+    elif kind == "a number" and not abs(member) <= GREATEST_NUMBER:
+        fault += " that is not a finite number"
+    elif kind == "text" and len(member) > _LONGEST_TEXT:
+        fault += f" of {len(member):,} characters, and a font holds at most {_LONGEST_TEXT:,}"
+    elif kind == "text" and any("\ud800" <= character <= "\udfff" for character in member):
+        fault += " with half a character in it"
+    else:
+        return member
+    raise GeneratorError(f"{called} {fault}.")
 
 
-def _member(members: dict[str, Any], key: str) -> Any:
-    try:
-        return members[key]
-    except KeyError:
-        raise _Malformed(f"has no member {quoted(key)}") from None
+def _glyph(value: Any, number: int) -> Glyph:
+    called = f"Glyph number {number}{_names_in(value, 'name')}"
+    # The outline is already placed by the bearings.
+    *_, advance = (_member(value, key, "a number", called)
+                   for key in ("leftSideBearing", "rightSideBearing", "advanceWidth"))
+    name, commands = _member(value, "name", "text", called), _member(value, "fontPath", "a list", called)
+    text = _member(value, "unicode", "text", called) if "unicode" in value else None
+    glyph = Glyph(number, name, text, advance, read_outline(commands, called))
+    check_size(glyph.outline, f"The drawing of {glyph.label}")
+    return glyph
 
 
-def _list(members: dict[str, Any], key: str) -> list[Any]:
-    value = _member(members, key)
-    if type(value) is not list:
-        raise _Malformed(f"has a member {quoted(key)} that is not a list")
-    return value
+def _pair(value: Any, number: int) -> tuple[str, str, float]:
+    called = f"Kerning pair number {number}{_names_in(value, 'leftGlyph', 'rightGlyph')}"
+    return (*(_member(value, key, "text", called) for key in ("leftGlyph", "rightGlyph")),
+            _member(value, "value", "a number", called))
 
 
-def _text(members: dict[str, Any], key: str, read: Callable[[str], str]) -> str:
-    value = _member(members, key)
-    if type(value) is not str:
-        raise _Malformed(f"has a member {quoted(key)} that is not text")
-    value = read(value)
-    if len(value) > LONGEST_TEXT:
-        raise _Malformed(f"has a member {quoted(key)} of {len(value):,} characters, and a font holds "
-                         f"at most {LONGEST_TEXT:,}")
-    try:
-        value.encode("utf-8")
-    except UnicodeEncodeError:
-        raise _Malformed(f"has a member {quoted(key)} with half a character in it") from None
-    return value
-
-
-def _number(members: dict[str, Any], key: str) -> float:
-    value = _member(members, key)
-    if type(value) is not int and type(value) is not float:
-        raise _Malformed(f"has a member {quoted(key)} that is not a number")
-    if not is_finite(value):
-        raise _Malformed(f"has a member {quoted(key)} that is not a finite number")
-    return value
+def _names_in(value: Any, *keys: str) -> str:
+    names = [value.get(key) for key in keys] if type(value) is dict else []
+    return "".join(f" {quoted(name)}" for name in names if type(name) is str and name)

@@ -1,150 +1,123 @@
-"""Which glyphs the font has: their order, names and advances, and what a preview of the
-project shows for a character made true for the font.
-"""
+"""Which glyphs the font has: their order, names and advances, and what a preview of the project shows for a
+character made true for the font."""
 
-from collections.abc import Sequence
-from dataclasses import dataclass
-from math import floor
-from typing import Any
+import re
+from typing import NamedTuple
+from unicodedata import normalize
 
-from .characters import SPACE, CharacterMap, map_characters
-from .document import Document, Encode, Glyph
-from .errors import GeneratorError, plain
-from .glyph_names import GlyphNames, name_for_character, name_for_project_name
-from .outlines import EMPTY, Contour, outline_of
+from fontTools.agl import AGL2UV, LEGACY_AGL2UV, UV2AGL
+from fontTools.misc.roundTools import otRound
 
-MOST_GLYPHS = 65535
-WIDEST_ADVANCE = 65535
+from .characters import SPACE, CharacterMap
+from .command import GeneratorError, plain
+from .document import Document, Glyph
+from .outlines import Outline
+
 NOTDEF = ".notdef"
+_MOST_GLYPHS = _WIDEST_ADVANCE = 65535
+
+# The rule of the Adobe Glyph List, of which ".notdef" is the one exception.
+_LONGEST_NAME = 63
+_LEGAL = re.compile(r"[A-Za-z_][A-Za-z0-9._]{0,62}\Z")
 
 
-@dataclass(slots=True)
-class FontGlyph:
+class FontGlyph(NamedTuple):
     """A glyph of the font. `project_name` is what kerning pairs call it, if they can."""
-
     name: str
     project_name: str | None
     advance: int
     source: Glyph
 
-    @property
-    def label(self) -> str:
-        """How messages call the glyph."""
-        return self.source.label
 
-    @property
-    def shape(self) -> Any:
-        """What the font's format makes of the drawing."""
-        return self.source.shape
-
-
-@dataclass(slots=True)
-class GlyphSet:
+class GlyphSet(NamedTuple):
     """The font's glyphs, `.notdef` first; characters and pairs refer to them by index."""
-
     glyphs: list[FontGlyph]
     characters: CharacterMap
     warnings: list[tuple[str, str]]
 
 
-def round_half_up(number: float) -> int:
-    """The nearest whole number, the upper of two that are equally near."""
-    return floor(number + 0.5)
-
-
-def build_glyph_set(document: Document, encode: Encode) -> GlyphSet:
-    """Decides on the glyphs of the font; raises GeneratorError for those it can't hold.
-
-    `encode` makes the shapes of glyphs that the project lacks.
-    """
+def build_glyph_set(document: Document) -> GlyphSet:
+    """Decides on the glyphs of the font; raises GeneratorError for those it can't hold."""
     warnings: list[tuple[str, str]] = []
-    notdef = _notdef_of(document.glyphs)
-    sources: list[Glyph] = [notdef or _default_notdef(document, encode)]
-    texts: list[str | None] = [None]
-    for glyph in document.glyphs:
-        # A character can't map to glyph 0, which means that the font lacks it: a missing-glyph
-        # glyph that stands for a character as well is therefore there twice.
-        if glyph is not notdef or glyph.text:
-            sources.append(glyph)
-            texts.append(glyph.text)
-    characters = map_characters(texts)
-    # The preview advances a quarter em for a space that nobody drew, unless it has a glyph for
-    # missing characters: then that is what it shows, and so does a font without a space.
-    if SPACE not in characters.scalars:
+    # The glyph for missing characters is the one that the preview shows, else one whose name says the same.
+    named = [glyph for glyph in document.glyphs if glyph.name.lower() in (NOTDEF, "notdef")]
+    notdef = next((glyph for glyph in named if glyph.name == NOTDEF), named[0] if named else None)
+    # Glyph 0 means that the font lacks a character: one that stands for a character as well is there twice.
+    sources = [(notdef or _default_notdef(document))._replace(text=None)]
+    sources += [glyph for glyph in document.glyphs if glyph is not notdef or glyph.text]
+    # The preview advances a quarter em for a space that nobody drew, unless it has a glyph for missing characters.
+    if SPACE not in CharacterMap([glyph.text for glyph in sources]).scalars:
         if notdef and notdef.name == NOTDEF:
             warnings.append(("space", "there is no space glyph, so a space shows .notdef"))
-        elif len(sources) < MOST_GLYPHS:
-            sources.append(Glyph(0, "space", " ", document.units_per_em / 4, encode(EMPTY)))
-            texts.append(" ")
-            characters = map_characters(texts)
-    if len(sources) > MOST_GLYPHS:
+        elif len(sources) < _MOST_GLYPHS:
+            sources.append(Glyph(0, "space", " ", document.units_per_em / 4, Outline([])))
+    if len(sources) > _MOST_GLYPHS:
         raise GeneratorError(f"The project makes {len(sources):,} glyphs with .notdef, "
-                             f"and a font holds at most {MOST_GLYPHS:,}.")
-    _warn_about_characters(sources, characters, warnings)
-    names = _names(sources, characters)
-    glyphs = [FontGlyph(name, source.name if source.number else None, _checked_advance(source), source)
-              for name, source in zip(names, sources)]
-    if notdef and notdef.shape.box is None:
+                             f"and a font holds at most {_MOST_GLYPHS:,}.")
+    characters = CharacterMap([glyph.text for glyph in sources])
+    said = [(index, f"{sources[winner].label} comes later and has the same character")
+            for index, winner in characters.overruled.items()]
+    said += [(index, "its text can't be typed with the font, which lacks a glyph for a part of it")
+             for index in characters.unmapped]
+    warnings += [(sources[index].name or sources[index].label, message) for index, message in said]
+    glyphs = []
+    for name, source in zip(_names(sources, characters), sources):
+        if not -0.5 <= source.advance < _WIDEST_ADVANCE + 0.5:
+            raise GeneratorError(f"The advance width of {source.label} is {plain(source.advance)}, "
+                                 f"and a font holds 0 to {_WIDEST_ADVANCE}.")
+        glyphs.append(FontGlyph(name, source.name if source.number else None, otRound(source.advance), source))
+    if notdef and not notdef.outline.rounded().contours:
         warnings.append((notdef.name, "has no drawing, so missing characters stay invisible"))
     return GlyphSet(glyphs, characters, warnings)
 
 
-def _notdef_of(glyphs: Sequence[Glyph]) -> Glyph | None:
-    """The project's own glyph for missing characters: the one the preview shows, else one whose
-    name says the same in other letters."""
-    exact = (glyph for glyph in glyphs if glyph.name == NOTDEF)
-    alike = (glyph for glyph in glyphs if glyph.name.lower() in (NOTDEF, "notdef"))
-    return next(exact, None) or next(alike, None)
-
-
-def _default_notdef(document: Document, encode: Encode) -> Glyph:
+def _default_notdef(document: Document) -> Glyph:
     """An upright frame as high as the capitals; as wide as every glyph if all are equally wide."""
-    em = document.units_per_em
+    em, height = document.units_per_em, document.cap_height
     advances = {glyph.advance for glyph in document.glyphs if glyph.advance}
     advance = advances.pop() if len(advances) == 1 else em / 2
-    if not em / 8 <= advance <= em * 2:
-        advance = em / 2
-    height = document.cap_height if em / 8 <= document.cap_height <= em * 2 else em * 0.7
+    advance = advance if em / 8 <= advance <= em * 2 else em / 2
+    top = height if em / 8 <= height <= em * 2 else em * 0.7
     left, right, stem = advance * 0.1, advance * 0.9, advance * 0.1
-    frame: list[Contour] = [
-        [(left, 0), (right, 0), (right, height), (left, height)],
-        [(left + stem, stem), (left + stem, height - stem),
-         (right - stem, height - stem), (right - stem, stem)],
-    ]
-    return Glyph(0, NOTDEF, None, advance, encode(outline_of(frame)))
+    return Glyph(0, NOTDEF, None, advance, Outline([
+        [(left, 0), (right, 0), (right, top), (left, top)],
+        [(left + stem, stem), (left + stem, top - stem), (right - stem, top - stem), (right - stem, stem)]]))
 
 
-def _names(sources: Sequence[Glyph], characters: CharacterMap) -> list[str]:
-    """A legal name for every glyph. Glyphs that characters map to choose first, since their
-    names say which characters they are."""
-    taken = GlyphNames(reserved=(NOTDEF,))
-    names = [""] * len(sources)
-    names[0] = NOTDEF
-    for scalar, index in characters.drawn.items():
-        names[index] = taken.take(name_for_character(chr(scalar), sources[index].name))
-    for index, name in enumerate(names):
-        if not name:
-            names[index] = taken.take(name_for_project_name(sources[index].name, index))
-    return names
+def _names(sources: list[Glyph], characters: CharacterMap) -> list[str]:
+    """A legal name of its own for every glyph: the wish, or the wish with the first free number after a period."""
+    # Glyphs that characters map to choose first, since their names say which characters they are.
+    wishes = {0: NOTDEF} | {index: _name_for_character(chr(scalar), sources[index].name)
+                            for scalar, index in characters.drawn.items()}
+    for index, source in enumerate(sources):
+        wishes.setdefault(index, _name_for_project_name(source.name, index))
+    taken: dict[str, int] = {}
+    counts: dict[str, int] = {}
+    for index, wish in wishes.items():
+        name = wish
+        while name in taken:
+            count = counts[wish] = counts.get(wish, 0) + 1
+            name = f"{wish[:_LONGEST_NAME - 1 - len(str(count))]}.{count}"
+        taken[name] = index
+    return sorted(taken, key=taken.__getitem__)
 
 
-def _checked_advance(glyph: Glyph) -> int:
-    # Compared before rounding, which numbers of any size have to pass through.
-    if not -0.5 <= glyph.advance < WIDEST_ADVANCE + 0.5:
-        raise GeneratorError(f"The advance width of {glyph.label} is {plain(glyph.advance)}, "
-                             f"and a font holds 0 to {WIDEST_ADVANCE}.")
-    return round_half_up(glyph.advance)
+def _name_for_character(character: str, project_name: str) -> str:
+    """The name that the glyph list gives to the character, for software that reads text back from names, else the
+    project's own unless it means some other character, else the character's number."""
+    scalar = ord(character)
+    by_number = f"uni{scalar:04X}" if scalar <= 0xFFFF else f"u{scalar:05X}"
+    # Readers take the part before a period for the character, underscores for several of them.
+    meaning = project_name.split(".", 1)[0]
+    listed = AGL2UV.get(meaning) or LEGACY_AGL2UV.get(meaning)
+    means_other = listed != (scalar,) if listed else re.match(r"u(ni)?[0-9A-F]{4,6}", meaning) or "_" in meaning
+    return UV2AGL.get(scalar) or (by_number if means_other or not _LEGAL.match(project_name) else project_name)
 
 
-def _warn_about_characters(sources: Sequence[Glyph], characters: CharacterMap,
-                           warnings: list[tuple[str, str]]) -> None:
-    for index, winner in characters.overruled.items():
-        warnings.append((_caption(sources[index]),
-                         f"{sources[winner].label} comes later and has the same character"))
-    for index in characters.unmapped:
-        warnings.append((_caption(sources[index]), "its text can't be typed with the font, which "
-                                                   "lacks a glyph for a part of it"))
-
-
-def _caption(glyph: Glyph) -> str:
-    return glyph.name or glyph.label
+def _name_for_project_name(project_name: str, index: int) -> str:
+    """The legal name closest to `project_name`; `index` makes one up where nothing is left."""
+    if _LEGAL.match(project_name):
+        return project_name
+    latin = normalize("NFKD", project_name[:4 * _LONGEST_NAME]).encode("ascii", "ignore").decode()
+    name = re.sub("[^A-Za-z0-9._]+", "_", latin).strip("_.")[:_LONGEST_NAME]
+    return name if _LEGAL.match(name) else f"_{name}"[:_LONGEST_NAME] if name else f"glyph{index:05d}"

@@ -1,71 +1,97 @@
-"""The parts that the positioning table (GPOS) and the substitution table (GSUB) share, as bytes.
+"""The rules for setting text, as the statements of a feature file: kerning as the feature kern, texts that one
+glyph stands for as ccmp, which no program lets its users switch off, and the classes of glyphs."""
 
-Both are built without the object trees of fontTools: compiling those takes longer than the
-rest of a font when there are tens of thousands of pairs, and offsets that overflow have to be
-mended afterwards, whereas here every subtable is cut to size beforehand.
-"""
+from collections.abc import Iterable, Mapping
+from typing import NamedTuple
+from unicodedata import category
 
-from collections.abc import Mapping, Sequence
-from struct import pack
+from fontTools.feaLib import ast
+from fontTools.feaLib.builder import addOpenTypeFeatures
+from fontTools.misc.roundTools import otRound
+from fontTools.ttLib import TTFont
 
+from .characters import scripts_of
+from .command import GeneratorError, plain, quoted
+from .document import Document
+from .glyph_set import GlyphSet
+from .outlines import GREATEST, LEAST
 
-def encode_layout(scripts: Sequence[str], feature: str, lookup_type: int, extension_type: int,
-                  subtables: Sequence[bytes]) -> bytes:
-    """A layout table with one feature of one lookup, on for DFLT and each of `scripts`.
-
-    The subtables hang on extension records, whose offsets have 32 bits.
-    """
-    # Every script uses the same Script table, with nothing but a default language.
-    tags = sorted({"DFLT", *scripts})
-    script = pack(">HHHHHH", 4, 0, 0, 0xFFFF, 1, 0)
-    script_list = pack(">H", len(tags))
-    for tag in tags:
-        script_list += pack(">4sH", tag.encode("ascii"), 2 + 6 * len(tags))
-    script_list += script
-    feature_list = pack(">H4sHHHH", 1, feature.encode("ascii"), 8, 0, 1, 0)
-
-    count = len(subtables)
-    records_start = 6 + 2 * count
-    lookup_list = pack(f">HHHHH{count}H", 1, 4, extension_type, 0, count,
-                       *range(records_start, records_start + 8 * count, 8))
-    records, distance = [], 8 * count
-    for subtable in subtables:
-        records.append(pack(">HHI", 1, lookup_type, distance))
-        distance += len(subtable) - 8  # the next record starts 8 bytes later
-
-    script_start = 10
-    feature_start = script_start + len(script_list)
-    lookup_start = feature_start + len(feature_list)
-    header = pack(">HHHHH", 1, 0, script_start, feature_start, lookup_start)
-    return b"".join([header, script_list, feature_list, lookup_list, *records, *subtables])
+_LARGEST_MATRIX = 20000  # kerning values of a subtable of classes, whose offsets have 16 bits
 
 
-def encode_coverage(glyphs: Sequence[int]) -> bytes:
-    """A Coverage table of the glyphs, given in rising order: a list or ranges, what is shorter."""
-    ranges = _ranges({glyph: 0 for glyph in glyphs})
-    if len(ranges) * 6 < len(glyphs) * 2:
-        data, index = [pack(">HH", 2, len(ranges))], 0
-        for first, last, _ in ranges:
-            data.append(pack(">HHH", first, last, index))
-            index += last - first + 1
-        return b"".join(data)
-    return pack(f">HH{len(glyphs)}H", 1, len(glyphs), *glyphs)
+class Kern(NamedTuple):
+    """What is added between any of the left and any of the right glyphs, which are all the glyphs of a name."""
+    lefts: list[int]
+    rights: list[int]
+    value: int
 
 
-def encode_class_definition(classes: Mapping[int, int]) -> bytes:
-    """A ClassDef table of glyphs and their classes; glyphs that it leaves out have class 0."""
-    ranges = _ranges({glyph: classes[glyph] for glyph in sorted(classes) if classes[glyph]})
-    data = [pack(">HH", 2, len(ranges))]
-    data += [pack(">HHH", *entry) for entry in ranges]
-    return b"".join(data)
+def resolve_kerning(document: Document, glyphs: GlyphSet) -> list[Kern]:
+    """The kerning as a preview of the project applies it: of pairs with the same two names the first counts, even
+    where its value is zero. Glyph 0 never kerns on the right side, for there it stands for whatever character the
+    font lacks. Raises GeneratorError."""
+    lefts: dict[str | None, list[int]] = {}
+    for index, glyph in enumerate(glyphs.glyphs):
+        lefts.setdefault(glyph.project_name, []).append(index)
+    rights = {name: [index for index in group if index] for name, group in lefts.items()}
+    kerning: dict[tuple[str, str], Kern] = {}
+    for left, right, value in document.pairs:
+        if (left, right) in kerning or left not in lefts or not rights.get(right):
+            continue
+        if not LEAST - 0.5 <= value < GREATEST + 0.5:
+            raise GeneratorError(f"The kerning of {quoted(left)} {quoted(right)} is {plain(value)}, and a font "
+                                 f"holds {LEAST} to {GREATEST}.")
+        kerning[left, right] = Kern(lefts[left], rights[right], otRound(value))
+    return [kern for kern in kerning.values() if kern.value]
 
 
-def _ranges(values: Mapping[int, int]) -> list[tuple[int, int, int]]:
-    """(first, last, value) for each run of neighbouring glyphs, in rising order, of one value."""
-    result: list[tuple[int, int, int]] = []
-    for glyph, value in values.items():
-        if result and result[-1][1] == glyph - 1 and result[-1][2] == value:
-            result[-1] = (result[-1][0], glyph, value)
-        else:
-            result.append((glyph, glyph, value))
-    return result
+def add_layout(font: TTFont, document: Document, glyphs: GlyphSet) -> None:
+    """Adds the GPOS, GSUB and GDEF tables, as far as there is anything to put in them."""
+    names = [glyph.name for glyph in glyphs.glyphs]
+    scalars = glyphs.characters.scalars
+    sequences = {tuple(scalars[scalar] for scalar in text): glyph
+                 for text, glyph in glyphs.characters.sequences.items()}
+    classes = _glyph_classes(glyphs, sequences)
+    # Without a GPOS table, text engines place marks by their own lights and drop advances.
+    kerning = resolve_kerning(document, glyphs) or ([Kern([0], [0], 0)] if classes else [])
+    kern, ccmp, definitions = ast.FeatureBlock("kern"), ast.FeatureBlock("ccmp"), ast.TableBlock("GDEF")
+    kern.statements += _kerning_statements(kerning, names)
+    for parts, glyph in sequences.items():
+        parts = [ast.GlyphName(names[part]) for part in parts]
+        ccmp.statements.append(ast.LigatureSubstStatement([], parts, [], names[glyph], False))
+    if classes:
+        definitions.statements.append(ast.GlyphClassDefStatement(*[
+            ast.GlyphClass([names[glyph] for glyph, own in classes.items() if own == kind])
+            for kind in ("base", "mark", "ligature")], None))
+    features = ast.FeatureFile()
+    features.statements += [ast.LanguageSystemStatement(script, "dflt")
+                            for script in ("DFLT", *scripts_of(glyphs.characters.drawn))]
+    features.statements += [block for block in (kern, ccmp, definitions) if block.statements]
+    addOpenTypeFeatures(font, features)
+
+
+def _kerning_statements(kerning: Iterable[Kern], names: list[str]) -> Iterable[ast.Statement]:
+    """A pair of single glyphs by itself, other groups as classes."""
+    lefts, rights = set(), set()
+    for kern in sorted(kerning):
+        left, right = ([names[glyph] for glyph in group] for group in (kern.lefts, kern.rights))
+        is_single = len(left) == len(right) == 1
+        left, right = (ast.GlyphName(*group) if is_single else ast.GlyphClass(group) for group in (left, right))
+        # A left class stays in one subtable, for the first that knows it ends the search.
+        if not is_single and kern.lefts[0] not in lefts and len(lefts) * len(rights) > _LARGEST_MATRIX:
+            yield ast.SubtableStatement()
+            lefts, rights = set(), set()
+        lefts.add(kern.lefts[0])
+        rights.add(kern.rights[0])
+        yield ast.PairPosStatement(left, ast.ValueRecord(xAdvance=kern.value), right, None)
+
+
+def _glyph_classes(glyphs: GlyphSet, sequences: Mapping[tuple[int, ...], int]) -> dict[int, str]:
+    """The classes of glyphs in a font in which a combining mark has an advance, as a preview of the project sets it:
+    text engines take it away unless the mark counts as a base. Marks without advance stay marks."""
+    scalars = glyphs.characters.scalars
+    marks = {glyph: "base" if glyphs.glyphs[glyph].advance else "mark"
+             for scalar, glyph in scalars.items() if category(chr(scalar)) == "Mn"}
+    if "base" not in marks.values():
+        return {}
+    return dict.fromkeys(scalars.values(), "base") | dict.fromkeys(sequences.values(), "ligature") | marks

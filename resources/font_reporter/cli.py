@@ -2,29 +2,26 @@
 
 from collections.abc import Sequence
 
-from font_generator.command import WRONG_USAGE, Warnings, fail, prepare, run, silence_libraries
+from font_generator.command import Warnings, check_target, fail, run, write_whole
 
 USAGE = "usage: font_report.py INPUT.json FONT.(otf|ttf|woff|woff2) OUTPUT.html"
 
 
 def main(arguments: Sequence[str]) -> int:
     """Makes the report that the arguments ask for; returns the exit status."""
-    prepare()
     if len(arguments) != 3:
-        return fail(USAGE, WRONG_USAGE)
+        return fail(USAGE, 2)
     return run(lambda: make_report(*arguments), "font report")
 
 
 def make_report(source: str, font: str, target: str) -> Warnings:
     """Writes the page; the warnings are on it. Raises GeneratorError."""
     from font_generator.document import read_document
-    from font_generator.output import check_target, write_whole
 
-    from .facts import as_drawn, collect
+    from .facts import collect
     from .page import page
 
-    silence_libraries()
     check_target(target, "font report")
-    html = page(collect(read_document(source, lambda units_per_em: as_drawn), font))
+    html = page(collect(read_document(source), font))
     write_whole(target, html.encode("utf-8"), "font report")
     return ()

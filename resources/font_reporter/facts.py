@@ -5,14 +5,13 @@ from math import isinf
 
 from font_generator.document import Document
 from font_generator.glyph_set import build_glyph_set
-from font_generator.metrics import checked_units_per_em
-from font_generator.outlines import Outline
-from font_generator.workers import beside, processors
+from font_generator.font import checked_units_per_em
 
 from .coverage import Coverage, cover
 from .distances import Contour, Distance, largest_distance
 from .font_file import FontFile, check_made_from, open_font
 from .pairs import ShapedPair, shaped_pairs
+from .workers import beside, processors
 
 _MANY = 300  # glyphs that are worth a second process
 
@@ -85,15 +84,10 @@ class Facts:
                     if not isinf(glyph.distance.length)), default=0.0)
 
 
-def as_drawn(outline: Outline) -> Outline:
-    """The shape of a drawing for the report: itself."""
-    return outline
-
-
 def collect(document: Document, font_path: str) -> Facts:
     """Opens the font and measures it against the project; raises GeneratorError."""
     units_per_em = checked_units_per_em(document)
-    glyph_set = build_glyph_set(document, as_drawn)
+    glyph_set = build_glyph_set(document)
     file = open_font(font_path)
     check_made_from(file, [glyph.name for glyph in glyph_set.glyphs])
     font = file.font
@@ -101,7 +95,7 @@ def collect(document: Document, font_path: str) -> Facts:
     by_name: dict[str, list[int]] = {}
     for scalar, name in characters.items():
         by_name.setdefault(name, []).append(scalar)
-    drawings, exported = [glyph.shape.contours for glyph in glyph_set.glyphs], file.contours()
+    drawings, exported = [glyph.source.outline.contours for glyph in glyph_set.glyphs], file.contours()
     distances = _distances(drawings, exported, units_per_em)
     glyphs = [GlyphFacts(glyph.project_name or glyph.name, glyph.source.text or "", by_name.get(name, []),
                          advance, *rest)

@@ -7,7 +7,7 @@ from io import BytesIO
 from fontTools.pens.basePen import BasePen
 from fontTools.ttLib import TTFont, TTLibError
 
-from font_generator.errors import GeneratorError, quoted
+from font_generator.command import GeneratorError, quoted
 
 from .distances import Contour
 

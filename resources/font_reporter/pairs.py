@@ -7,7 +7,7 @@ from fontTools.ttLib import TTFont
 
 from font_generator.document import Document
 from font_generator.glyph_set import GlyphSet
-from font_generator.kerning import resolve_kerning
+from font_generator.layout import resolve_kerning
 
 _PAIR_ADJUSTMENT, _EXTENSION = 2, 9
 
@@ -28,13 +28,11 @@ def shaped_pairs(document: Document, glyphs: GlyphSet, font: TTFont) -> list[Sha
 
     A pair holds for every glyph that has its names; the first of each stand for them all.
     """
-    kerning = resolve_kerning(document.pairs, glyphs.glyphs)
     lookup = _PairLookup(font)
     pairs = []
-    for lefts, row in zip(kerning.lefts, kerning.rows):
-        for group, wanted in row.items():
-            left, right = lefts[0], kerning.rights[group][0]
-            pairs.append(ShapedPair(left, right, lookup.value(left, right), wanted))
+    for kern in resolve_kerning(document, glyphs):
+        left, right = kern.lefts[0], kern.rights[0]
+        pairs.append(ShapedPair(left, right, lookup.value(left, right), kern.value))
     pairs.sort(key=lambda pair: (-abs(pair.value), pair.left, pair.right))
     return pairs
 

@@ -1,55 +1,91 @@
-"""What the generator's tests share: running it as the program does, and looking at its fonts."""
+"""What the generator's tests share: both generators, run as the program does, and looking at their fonts.
 
+The environment variable GENERATE_FONT says which executable is tested.
+"""
+
+import io
 import json
+import os
 import subprocess
 import sys
+from contextlib import redirect_stderr, redirect_stdout
 from dataclasses import dataclass
 from pathlib import Path
 
 import pytest
 from fontTools.ttLib import TTFont
 
-RESOURCES = Path(__file__).resolve().parents[2] / "resources"
-SCRIPT = RESOURCES / "generate_font.py"
-sys.path.insert(0, str(RESOURCES))
+ROOT = Path(__file__).resolve().parents[2]
+SCRIPT = ROOT / "resources/generate_font.py"
+EXECUTABLE = os.environ.get("GENERATE_FONT") or str(ROOT / "build/dev/bin/generate_font")
+COMMANDS = {"script": [sys.executable, "-u", str(SCRIPT)], "executable": [EXECUTABLE]}
+sys.path.insert(0, str(ROOT / "resources"))
 
-from font_generator.cli import _make  # noqa: E402 (found by the line above)
+import generate_font  # noqa: E402 (found by the line above)
 
 FORMATS = ("otf", "ttf", "woff", "woff2")
 
 
 @dataclass
 class Run:
+    """How a generator ended, what it said, and where its font is if there is one."""
+
     status: int
     warnings: list[str]
     error: str
     font: Path
 
 
+def run_generator(generator, source, font, *options):
+    """Runs a generator as quickly as that goes: the script in this process."""
+    if generator == "executable":
+        return run_process(generator, source, font, *options)
+    output, error = (io.TextIOWrapper(io.BytesIO(), encoding="utf-8") for _ in range(2))
+    with redirect_stdout(output), redirect_stderr(error):
+        status = generate_font.main(*options, str(source), str(font))
+    said, sentence = (stream.buffer.getvalue().decode() for stream in (output, error))
+    return Run(status, said.splitlines(), sentence, font)
+
+
+def run_process(generator, source, font, *options, environment=None):
+    result = subprocess.run([*COMMANDS[generator], *options, str(source), str(font)], capture_output=True,
+                            env=environment, timeout=60)
+    return Run(result.returncode, result.stdout.decode().splitlines(), result.stderr.decode(), font)
+
+
+def write_document(document, folder):
+    """The file of a document, or of the bytes of one."""
+    source = folder / "document.json"
+    try:
+        source.write_bytes(document if isinstance(document, bytes) else
+                           json.dumps(document, ensure_ascii=False).encode("utf-8"))
+    except UnicodeEncodeError:  # half a character, which only an escape can stand for
+        source.write_text(json.dumps(document))
+    return source
+
+
+@pytest.fixture(scope="module", params=COMMANDS)
+def generator(request):
+    """The name of either generator: a test that asks for it, or for what follows, is done with both."""
+    return request.param
+
+
 @pytest.fixture
-def generate(tmp_path):
-    """Runs the generator on a document (or on the bytes of one) and returns the Run."""
+def generate(tmp_path, generator):
+    """Runs the generator as a process on a document and returns the Run."""
     def run(document, target="font.otf", environment=None, options=()):
-        source = tmp_path / "document.json"
-        if isinstance(document, bytes):
-            source.write_bytes(document)
-        else:
-            source.write_text(json.dumps(document), encoding="utf-8")
-        font = tmp_path / target
-        result = subprocess.run([sys.executable, "-u", str(SCRIPT), *options, str(source), str(font)],
-                                capture_output=True, env=environment, timeout=60)
-        return Run(result.returncode, result.stdout.decode().splitlines(), result.stderr.decode(), font)
+        source = write_document(document, tmp_path)
+        return run_process(generator, source, tmp_path / target, *options, environment=environment)
     return run
 
 
 @pytest.fixture
-def make(tmp_path):
-    """Makes a font that has to succeed, in this process, which is faster, and opens it."""
+def make(tmp_path, generator):
+    """Makes a font that has to succeed and opens it."""
     def run(document, target="font.otf"):
-        source = tmp_path / "document.json"
-        source.write_text(json.dumps(document, ensure_ascii=False), encoding="utf-8")
-        _make(str(source), str(tmp_path / target), 4)
-        return TTFont(tmp_path / target)
+        made = run_generator(generator, write_document(document, tmp_path), tmp_path / target, "--brotli-quality", "4")
+        assert (made.status, made.error) == (0, "")
+        return TTFont(made.font)
     return run
 
 

@@ -1,26 +1,24 @@
 """One table of checks that a font passes in every format."""
 
-import json
 import os
 import struct
 from pathlib import Path
 
 import pytest
-from conftest import FORMATS, sanitize, shape
+from conftest import FORMATS, run_generator, sanitize, shape, write_document
 from drawings import document, hard_project
-from font_generator.cli import _make
 from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.boundsPen import BoundsPen, ControlBoundsPen
 from fontTools.ttLib import TTFont
 
 
 @pytest.fixture(scope="module")
-def fonts(tmp_path_factory):
+def fonts(tmp_path_factory, generator):
     """The hard project in all four formats, made once."""
     folder = tmp_path_factory.mktemp("fonts")
-    (folder / "hard.json").write_text(json.dumps(hard_project(), ensure_ascii=False), encoding="utf-8")
+    source = write_document(hard_project(), folder)
     for extension in FORMATS:
-        _make(str(folder / "hard.json"), str(folder / f"hard.{extension}"), 5)
+        assert run_generator(generator, source, folder / f"hard.{extension}", "--brotli-quality", "5").status == 0
     return {extension: folder / f"hard.{extension}" for extension in FORMATS}
 
 

@@ -6,8 +6,7 @@ from unicodedata import normalize
 import pytest
 from conftest import shape
 from drawings import CLOSE, box, document, glyph, line, move
-from font_generator.characters import map_characters
-from font_generator.naming import parse_naming
+from font_generator.characters import CharacterMap
 
 # Project name and character of the glyphs of one project, and the name in the font.
 GLYPH_NAMES = [
@@ -65,13 +64,15 @@ def test_family_and_style_come_from_the_projects_name(make, name):
 @pytest.mark.parametrize("text, revision", {
     "1.0": 1, "2": 2, "Version 3.25": 3.25, "v1.2.3": 1.2, "0.0009": 0.001, "": 1, "draft": 1,
     "20240131": 1, "٣": 1, "-4": 4, "1" * 10000: 1}.items(), ids=lambda value: str(value)[:12])
-def test_any_version_text_makes_a_revision(text, revision):
-    assert parse_naming("Font", text).revision == revision
+def test_any_version_text_makes_a_revision(make, text, revision):
+    font = make(document(version=text))
+    assert font["head"].fontRevision == pytest.approx(revision, abs=1e-5)
+    assert font["name"].getDebugName(5) == f"Version {revision:.3f}"
 
 
 def test_characters_map_with_what_they_imply():
     def mapped(*texts):
-        return map_characters([None, *texts])
+        return CharacterMap([None, *texts])
 
     angstrom = mapped("Å").scalars
     assert angstrom == {0xC5: 1, 0x212B: 1}

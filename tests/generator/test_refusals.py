@@ -4,14 +4,12 @@ import json
 import os
 import stat
 import subprocess
-import sys
 
 import pytest
-from conftest import SCRIPT
+from conftest import COMMANDS, run_generator, write_document
 from drawings import CLOSE, box, document, glyph, line, move, pair
-from font_generator import output
-from font_generator.cli import _make
-from font_generator.errors import GeneratorError
+from font_generator import command
+from font_generator.command import GeneratorError
 
 DEEP = b'{"glyphs":' + b"[" * 200000
 
@@ -74,24 +72,27 @@ REFUSED = {
 }
 
 
+# Where the JSON parser of a generator speaks: it has its own words.
+LEFT_TO_THE_PARSER = {"cut off", "deep brackets", "NaN", "an overflowing number", "10,000 digits",
+                      "half a character"}
+
+
 @pytest.mark.parametrize("case", REFUSED)
-def test_a_document_is_refused_in_one_sentence(tmp_path, case):
+def test_a_document_is_refused_in_one_sentence(generator, tmp_path, case):
     refused, words = REFUSED[case]
-    data = refused if isinstance(refused, bytes) else json.dumps(refused).encode()
-    (tmp_path / "document.json").write_bytes(data)
+    source = write_document(refused, tmp_path)
     for target in (tmp_path / "font.otf", tmp_path / "font.ttf"):
         target.write_bytes(b"the old font")
-        with pytest.raises(GeneratorError) as refusal:
-            _make(str(tmp_path / "document.json"), str(target), 0)
-        sentence = str(refusal.value)
-        assert words in sentence and sentence.endswith(".") and "\n" not in sentence
-        assert len(sentence) < 400 and "Error" not in sentence
-        assert target.read_bytes() == b"the old font"
+        run = run_generator(generator, source, target)
+        assert (run.status, run.warnings, run.error.count("\n")) == (1, [], 1)
+        assert words in run.error or case in LEFT_TO_THE_PARSER and "not JSON" in run.error
+        assert run.error.endswith(".\n") and len(run.error) < 400
+        assert "Error" not in run.error and target.read_bytes() == b"the old font"
     assert sorted(os.listdir(tmp_path)) == ["document.json", "font.otf", "font.ttf"]
 
 
 def test_a_refusal_is_one_line_on_standard_error_and_status_1(generate):
-    for case in ("deep brackets", "half a character", "a negative advance"):
+    for case in ("no name", "half a character", "a negative advance"):
         run = generate(REFUSED[case][0])
         assert (run.status, run.error.count("\n"), run.warnings) == (1, 1, [])
         assert REFUSED[case][1] in run.error and "Traceback" not in run.error
@@ -137,17 +138,17 @@ def test_a_full_disk_leaves_the_old_font(tmp_path, monkeypatch):
     def full(descriptor):
         raise OSError(28, "No space left on device")
 
-    monkeypatch.setattr(output.os, "fsync", full)
+    monkeypatch.setattr(command.os, "fsync", full)
     with pytest.raises(GeneratorError, match="No space left"):
-        output.write_whole(str(target), b"new")
+        command.write_whole(str(target), b"new", "font")
     assert target.read_bytes() == b"old" and os.listdir(tmp_path) == ["font.otf"]
 
 
-def test_a_request_to_end_leaves_the_old_font(tmp_path):
+def test_a_request_to_end_leaves_the_old_font(generator, tmp_path):
     os.mkfifo(tmp_path / "d.json")
     (tmp_path / "f.otf").write_bytes(b"old")
-    process = subprocess.Popen([sys.executable, str(SCRIPT), str(tmp_path / "d.json"),
-                                str(tmp_path / "f.otf")], stderr=subprocess.PIPE, text=True)
+    process = subprocess.Popen([*COMMANDS[generator], str(tmp_path / "d.json"), str(tmp_path / "f.otf")],
+                               stderr=subprocess.PIPE, text=True)
     with open(tmp_path / "d.json", "wb"):  # waits for the generator to read
         process.terminate()
         error = process.communicate(timeout=60)[1]

@@ -6,13 +6,12 @@ import re
 from html.parser import HTMLParser
 
 import pytest
-from conftest import FORMATS
+from conftest import FORMATS, run_generator
 from drawings import box, circle, document, glyph, hard_project, pair
-from font_generator.cli import _make
+from font_generator.command import GeneratorError
 from font_generator.document import read_document
-from font_generator.errors import GeneratorError
 from font_reporter.cli import make_report
-from font_reporter.facts import as_drawn, collect
+from font_reporter.facts import collect
 
 
 @pytest.fixture
@@ -21,9 +20,9 @@ def report(tmp_path):
     def run(project, extension="ttf"):
         source, font, page = tmp_path / "d.json", tmp_path / f"f.{extension}", tmp_path / "r.html"
         source.write_text(json.dumps(project, ensure_ascii=False), encoding="utf-8")
-        _make(str(source), str(font), 4)
+        assert run_generator("script", source, font, "--brotli-quality", "4").status == 0
         make_report(str(source), str(font), str(page))
-        facts = collect(read_document(str(source), lambda units_per_em: as_drawn), str(font))
+        facts = collect(read_document(str(source)), str(font))
         return facts, page.read_text(encoding="utf-8")
     return run
 
@@ -86,7 +85,7 @@ def test_what_can_not_be_reported_is_refused_in_one_sentence(tmp_path):
     good, other = document([glyph("A", "A", box(0, 0, 9, 9))]), document([glyph("B", "B", box(0, 0, 9, 9))])
     for name, project in (("good", good), ("other", other)):
         (tmp_path / f"{name}.json").write_text(json.dumps(project))
-        _make(str(tmp_path / f"{name}.json"), str(tmp_path / f"{name}.otf"), 4)
+        run_generator("script", tmp_path / f"{name}.json", tmp_path / f"{name}.otf")
     (tmp_path / "cut.otf").write_bytes((tmp_path / "good.otf").read_bytes()[:400])
     (tmp_path / "text.otf").write_text("no font")
     page = tmp_path / "report.html"
