@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <span>
 
 namespace quillery::font {
 
