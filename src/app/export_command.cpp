@@ -74,6 +74,8 @@ ExitStatus run(const ExportCommand& command, const ProgramPlaces& places) {
                             if (!result)
                               printError(font.string() + ": " + result.error().description);
                           });
+  // Those who make the fonts have what they need of the project, and can do with its memory.
+  if (!command.report) session.manager().newProject();
   waitFor(session.desktop(),
           [&] { return written.size() + failed.size() == command.fonts.size(); });
   if (written.empty()) return ExitStatus::failed;

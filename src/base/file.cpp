@@ -197,13 +197,32 @@ Result<fs::path, Problem> temporaryFolder() {
                          error ? error.message() : "Is not an absolute path: " + folder.string()}};
 }
 
-Result<void, Problem> writeNewFile(const fs::path& path, std::string_view content) {
-  const auto failure = [&](int code) { return Failure{Problem{path.string(), reasonFor(code)}}; };
+NewFile::NewFile(fs::path path, Descriptor descriptor)
+    : path_(std::move(path)), descriptor_(std::move(descriptor)) {}
+
+Result<NewFile, Problem> NewFile::create(const fs::path& path) {
   Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-  if (file.get() < 0) return failure(errno);
-  if (const int code = writeAll(file.get(), content, 0)) return failure(code);
-  if (!file.close()) return failure(errno);
+  if (file.get() < 0) return Failure{Problem{path.string(), reasonFor(errno)}};
+  return NewFile(path, std::move(file));
+}
+
+Result<void, Problem> NewFile::append(std::string_view content) {
+  if (const int code = writeAll(descriptor_.get(), content, written_))
+    return Failure{Problem{path_.string(), reasonFor(code)}};
+  written_ += content.size();
   return {};
+}
+
+Result<void, Problem> NewFile::close() {
+  if (descriptor_.close()) return {};
+  return Failure{Problem{path_.string(), reasonFor(errno)}};
+}
+
+Result<void, Problem> writeNewFile(const fs::path& path, std::string_view content) {
+  auto file = NewFile::create(path);
+  if (!file) return Failure{file.error()};
+  if (auto appended = file.value().append(content); !appended) return appended;
+  return file.value().close();
 }
 
 Result<void, Problem> replaceFile(const fs::path& path, std::string_view content) {

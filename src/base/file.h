@@ -77,8 +77,24 @@ private:
 /// A FileReplacement of one piece.
 Result<void, Problem> replaceFile(const std::filesystem::path& path, std::string_view content);
 
-/// Writes a file that is not there yet, for its owner only. What could be written of it stays when
-/// that fails half way.
+/// A file that is not there yet, for its owner only, written piece by piece. What could be written
+/// of it stays when that fails half way.
+class NewFile {
+public:
+  static Result<NewFile, Problem> create(const std::filesystem::path& path);
+
+  Result<void, Problem> append(std::string_view content);
+  Result<void, Problem> close();
+
+private:
+  NewFile(std::filesystem::path path, Descriptor descriptor);
+
+  std::filesystem::path path_;
+  Descriptor descriptor_;
+  std::size_t written_ = 0;
+};
+
+/// A NewFile of one piece.
 Result<void, Problem> writeNewFile(const std::filesystem::path& path, std::string_view content);
 
 /// The user's folder for temporary files: an absolute path to a folder that is there. It may be

@@ -1,6 +1,7 @@
 #include "export/font_generator.h"
 
 #include "base/console.h"
+#include "base/memory.h"
 #include "base/unicode.h"
 #include "export/generator_input.h"
 #include "export/process.h"
@@ -238,6 +239,8 @@ void FontGenerator::generateFonts(FontProject project, const std::vector<fs::pat
       return;
     }
     batch->input = input.value();
+    batch->project = {}; // a generator is about to need the memory
+    releaseFreedMemory();
     const std::size_t lanes = std::min<std::size_t>(
         batch->outputs.size(), std::max(std::thread::hardware_concurrency(), 1U));
     for (std::size_t lane = 1; lane < lanes; ++lane)

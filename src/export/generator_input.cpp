@@ -81,19 +81,15 @@ JsonWriter fontInfo(const FontInfo& font) {
   return out;
 }
 
-Result<std::string, Problem> documentOf(const FontProject& project) {
-  std::string text;
-  const ByteSink sink = [&](std::string_view piece) {
-    text += piece;
-    return true;
-  };
+// Hands the document to the sink piece by piece. Fails for a number that is not finite.
+Result<void, Problem> writeDocument(const FontProject& project, const ByteSink& sink) {
   DocumentWriter document(sink);
   document.take(fontInfo(project));
   document.list(",\n  \"glyphs\" : ", project.glyphs, kGlyphsPerPiece,
                 [](JsonWriter& out, const Glyph& glyph) { writeGlyph(out, glyph.record()); });
   document.list(",\n  \"kerningPairs\" : ", project.kerningPairs, kPairsPerPiece, writeKerningPair);
   document.take("\n}");
-  if (document.isFinite()) return text;
+  if (document.isFinite()) return {};
   return Failure{Problem{placeOfNonFinite(project, {kFontNumbers, {}, kGlyphNumbers}),
                          "The number is not finite"}};
 }
@@ -107,11 +103,14 @@ void printKerningPairs(const FontProject& project) {
               formatShortestWithFraction(pair.value));
 }
 
+// The beginning of a document, as much of it as a preview may take: a megabyte of marks on one
+// letter is none.
+constexpr std::size_t kPreviewWindow = 1024 * 1024;
+
 void printPreview(std::string_view document) {
   constexpr int kCharacters = 500;
-  // A megabyte of marks on one letter is no preview. Cut between two scalars.
-  constexpr std::size_t kWindow = 1024 * 1024;
-  std::size_t window = std::min(document.size(), kWindow);
+  // Cut between two scalars.
+  std::size_t window = std::min(document.size(), kPreviewWindow);
   while (window < document.size() && (document[window] & 0xC0) == 0x80) --window;
   std::string_view rest = document.substr(0, window);
   for (int i = 0; i < kCharacters; ++i) rest.remove_prefix(firstCharacter(rest).size());
@@ -123,22 +122,42 @@ void printPreview(std::string_view document) {
 
 Result<std::string, Problem> createJSONData(const FontProject& project) {
   printKerningPairs(project);
-  auto document = documentOf(project);
-  if (document && isValidUtf8(document.value())) printPreview(document.value());
+  std::string document;
+  const auto written = writeDocument(project, [&](std::string_view piece) {
+    document += piece;
+    return true;
+  });
+  if (!written) return Failure{written.error()};
+  if (isValidUtf8(document)) printPreview(document);
   return document;
 }
 
 Result<fs::path, Problem> writeGeneratorInput(const FontProject& project) {
   const auto folder = temporaryFolder();
   if (!folder) return Failure{folder.error()};
-  const fs::path file = folder.value() / ("font_data_" + Uuid::random().toString() + ".json");
-  printLine("   Creating JSON at: " + file.string());
-  const auto document = createJSONData(project);
-  if (!document) return Failure{document.error()};
-  if (auto written = writeNewFile(file, document.value()); !written)
+  const fs::path path = folder.value() / ("font_data_" + Uuid::random().toString() + ".json");
+  printLine("   Creating JSON at: " + path.string());
+  printKerningPairs(project);
+  // Never whole in memory, where it would be the largest thing by far.
+  auto file = NewFile::create(path);
+  if (!file) return Failure{file.error()};
+  Result<void, Problem> appended;
+  std::string beginning;
+  const auto written = writeDocument(project, [&](std::string_view piece) {
+    if (beginning.size() <= kPreviewWindow) beginning += piece;
+    appended = file.value().append(piece);
+    return appended.ok();
+  });
+  if (!written) {
+    std::error_code ignored;
+    fs::remove(path, ignored);
     return Failure{written.error()};
-  printLine("✓ JSON written to: " + file.string());
-  return file;
+  }
+  if (appended) appended = file.value().close();
+  if (!appended) return Failure{appended.error()};
+  printPreview(beginning);
+  printLine("✓ JSON written to: " + path.string());
+  return path;
 }
 
 } // namespace quillery
