@@ -9,7 +9,7 @@ import pytest
 from comparison import differences
 from conftest import COMMANDS, FORMATS, ROOT, run_generator, write_document
 from drawings import hard_project
-from random_projects import random_project
+from random_projects import random_project, spoilt_project
 from test_refusals import LEFT_TO_THE_PARSER, REFUSED
 
 
@@ -54,6 +54,11 @@ def test_on_projects_drawn_by_hand(agree, project, extension):
 @pytest.mark.parametrize("seed", range(200))
 def test_on_random_projects(agree, seed):
     agree(random_project(seed), FORMATS[seed % len(FORMATS)])
+
+
+@pytest.mark.parametrize("seed", range(200))
+def test_on_spoilt_projects(agree, seed):
+    agree(spoilt_project(seed), FORMATS[seed % 2])
 
 
 @pytest.mark.parametrize("case", REFUSED)

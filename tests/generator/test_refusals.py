@@ -3,6 +3,7 @@
 import json
 import os
 import re
+import shlex
 import signal
 import stat
 import subprocess
@@ -145,6 +146,14 @@ def test_a_full_disk_leaves_the_old_font(tmp_path, monkeypatch):
     with pytest.raises(GeneratorError, match="No space left"):
         command.write_whole(str(target), b"new", "font")
     assert target.read_bytes() == b"old" and os.listdir(tmp_path) == ["font.otf"]
+
+
+def test_nobody_listening_is_no_failure(generator, tmp_path):
+    source = write_document(document([glyph("a", "A"), glyph("b", "A")]), tmp_path)
+    for closing in (">&-", "2>&-", "> /dev/full", "| true"):
+        command = shlex.join([*COMMANDS[generator], str(source), str(tmp_path / "f.otf")])
+        run = subprocess.run(["bash", "-c", f"set -o pipefail; {command} {closing}"], capture_output=True, text=True)
+        assert (run.returncode, run.stderr) == (0, ""), closing
 
 
 def test_a_request_to_end_leaves_the_old_font(generator, tmp_path):
