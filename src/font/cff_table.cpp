@@ -3,7 +3,9 @@
 #include "font/cff_numbers.h"
 #include "font/cff_strings.h"
 #include "font/charstring.h"
+#include "font/font_hints.h"
 #include "font/outline_tables.h"
+#include "font/stem_hints.h"
 #include "font/subroutines.h"
 
 #include <algorithm>
@@ -63,11 +65,12 @@ struct Chunk {
   std::optional<FontError> error;
 };
 
-Chunk encodeChunk(const GlyphSet& glyphs, const Widths& widths, std::size_t first,
-                  std::size_t end) {
+Chunk encodeChunk(const GlyphSet& glyphs, const Widths& widths, const FontHints& hints,
+                  std::size_t first, std::size_t end) {
   Chunk chunk;
   GridOutline outline;
   CharstringEncoder encoder(chunk.charstrings);
+  StemFinder stems(hints.unitsPerEm);
   Bytes own;
   for (std::size_t i = first; i < end; ++i) {
     const FontGlyph& glyph = glyphs.glyphs[i];
@@ -75,6 +78,7 @@ Chunk encodeChunk(const GlyphSet& glyphs, const Widths& widths, std::size_t firs
     chunk.boxes.push_back(outline.box);
     own.clear();
     if (glyph.advance != widths.standard) appendNumber(own, glyph.advance - widths.nominal);
+    appendStemHints(own, stems.findHints(outline, hints.zones));
     const std::size_t start = chunk.charstrings.bytes.size() + own.size();
     encoder.begin(own);
     for (const GridContour& contour : outline.contours) encoder.contour(outline, contour);
@@ -95,14 +99,15 @@ struct Encoded {
   std::vector<std::optional<Box>> boxes;
 };
 
-Result<Encoded, FontError> encodeGlyphs(const GlyphSet& glyphs, const Widths& widths) {
+Result<Encoded, FontError> encodeGlyphs(const GlyphSet& glyphs, const Widths& widths,
+                                        const FontHints& hints) {
   Encoded all;
   std::optional<FontError> error;
   const std::size_t count = glyphs.glyphs.size();
   produceInOrder((count + kGlyphsPerChunk - 1) / kGlyphsPerChunk,
                  [&](std::size_t i) {
                    const std::size_t first = i * kGlyphsPerChunk;
-                   return encodeChunk(glyphs, widths, first,
+                   return encodeChunk(glyphs, widths, hints, first,
                                       std::min(count, first + kGlyphsPerChunk));
                  },
                  [&](std::size_t, Chunk chunk) {
@@ -205,10 +210,12 @@ Bytes assemble(const GlyphSet& glyphs, const Naming& naming, const OutlineStyle&
 Result<OutlineTables, FontError> makeCffTables(const GlyphSet& glyphs, const Naming& naming,
                                                const OutlineStyle& style) {
   const Widths widths = chooseWidths(glyphs);
-  Result<Encoded, FontError> encoded = encodeGlyphs(glyphs, widths);
+  const FontHints hints = findFontHints(glyphs, style.unitsPerEm);
+  Result<Encoded, FontError> encoded = encodeGlyphs(glyphs, widths, hints);
   if (!encoded) return Failure{encoded.error()};
   const SharedCharstrings shared = shareSubroutines(encoded.value().charstrings);
   CffDictionary privateDict;
+  hints.describe(privateDict);
   privateDict.integer(widths.standard).op(dictDefaultWidth);
   privateDict.integer(widths.nominal).op(dictNominalWidth);
 

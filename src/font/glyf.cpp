@@ -36,8 +36,8 @@ void appendStep(int step, ByteWriter& table) {
     table.u8(static_cast<unsigned>(std::abs(step)));
 }
 
-void appendFlags(const std::vector<GridPoint>& points, bool overlaps, ByteWriter& table) {
-  GridPoint last;
+void appendFlags(const std::vector<GlyfPoint>& points, bool overlaps, ByteWriter& table) {
+  GlyfPoint last;
   unsigned current = 0;
   unsigned repeats = 0;
   const auto appendRun = [&] {
@@ -45,7 +45,7 @@ void appendFlags(const std::vector<GridPoint>& points, bool overlaps, ByteWriter
     if (repeats > 0) table.u8(repeats);
   };
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const GridPoint& point = points[i];
+    const GlyfPoint& point = points[i];
     unsigned flags = point.onCurve ? kOnCurve : 0;
     if (overlaps && i == 0) flags |= kOverlap; // counts on the first point only
     flags |= flagsOf(point.x - last.x, kAcross) | flagsOf(point.y - last.y, kUp);
@@ -80,10 +80,10 @@ void appendGlyf(const QuadraticOutline& outline, bool overlaps, ByteWriter& tabl
   table.u16(0); // instructions
   appendFlags(outline.points, overlaps, table);
   int last = 0;
-  for (const GridPoint& point : outline.points)
+  for (const GlyfPoint& point : outline.points)
     appendStep(point.x - std::exchange(last, point.x), table);
   last = 0;
-  for (const GridPoint& point : outline.points)
+  for (const GlyfPoint& point : outline.points)
     appendStep(point.y - std::exchange(last, point.y), table);
   table.pad(4);
 }

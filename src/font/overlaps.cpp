@@ -15,23 +15,23 @@ namespace {
 constexpr std::size_t kMostComparisons = 20000;
 constexpr std::size_t kMostEdgeComparisons = 2000000;
 
-using Polygon = std::span<const GridPoint>;
+using Polygon = std::span<const GlyfPoint>;
 
 struct Edge {
-  GridPoint from;
-  GridPoint to;
+  GlyfPoint from;
+  GlyfPoint to;
 
   int left() const { return std::min(from.x, to.x); }
   int right() const { return std::max(from.x, to.x); }
 };
 
 /// Twice the area of the triangle, positive when it turns to the left.
-std::int64_t turn(const GridPoint& a, const GridPoint& b, const GridPoint& c) {
+std::int64_t turn(const GlyfPoint& a, const GlyfPoint& b, const GlyfPoint& c) {
   return std::int64_t{b.x - a.x} * (c.y - a.y) - std::int64_t{b.y - a.y} * (c.x - a.x);
 }
 
 /// Whether both points are on the same side of the line through the edge, and neither on it.
-bool areBeside(const Edge& edge, const GridPoint& first, const GridPoint& second) {
+bool areBeside(const Edge& edge, const GlyfPoint& first, const GlyfPoint& second) {
   const std::int64_t one = turn(edge.from, edge.to, first),
                      other = turn(edge.from, edge.to, second);
   return (one > 0 && other > 0) || (one < 0 && other < 0);
@@ -48,8 +48,8 @@ bool meet(const Edge& a, const Edge& b) {
 }
 
 template <typename Take> void forEachEdge(Polygon polygon, Take take) {
-  GridPoint from = polygon.back();
-  for (const GridPoint& to : polygon) take(Edge{std::exchange(from, to), to});
+  GlyfPoint from = polygon.back();
+  for (const GlyfPoint& to : polygon) take(Edge{std::exchange(from, to), to});
 }
 
 std::int64_t twiceArea(Polygon polygon) {
@@ -61,7 +61,7 @@ std::int64_t twiceArea(Polygon polygon) {
 }
 
 /// Whether a ray to the right of the point leaves the polygon once more than it enters.
-bool contains(Polygon polygon, const GridPoint& point) {
+bool contains(Polygon polygon, const GlyfPoint& point) {
   bool inside = false;
   forEachEdge(polygon, [&](const Edge& edge) {
     if ((edge.from.y > point.y) != (edge.to.y > point.y) &&

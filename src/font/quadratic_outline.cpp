@@ -12,12 +12,12 @@ namespace {
 constexpr double kToleranceInEms = 1.0 / 4000;
 constexpr double kLeastTolerance = 0.25; // rounding costs more than this in an em of a few units
 
-GridPoint rounded(Point point, bool onCurve) {
+GlyfPoint rounded(Point point, bool onCurve) {
   return {roundHalfUp(point.x), roundHalfUp(point.y), onCurve};
 }
 
 /// Whether a point lies on the line between two others.
-bool isBetween(const GridPoint& point, const GridPoint& from, const GridPoint& to) {
+bool isBetween(const GlyfPoint& point, const GlyfPoint& from, const GlyfPoint& to) {
   const auto [left, right] = std::minmax(from.x, to.x);
   const auto [bottom, top] = std::minmax(from.y, to.y);
   return point.x >= left && point.x <= right && point.y >= bottom && point.y <= top &&
@@ -28,13 +28,13 @@ bool isBetween(const GridPoint& point, const GridPoint& from, const GridPoint& t
 /// Appends the points of a contour, without segments that lead nowhere. Curves become quadratic
 /// before anything is rounded, so that rounding moves no tangent twice.
 void appendPoints(const Contour& contour, double tolerance, std::vector<Point>& controls,
-                  std::vector<GridPoint>& points) {
+                  std::vector<GlyfPoint>& points) {
   Point from = contour.start;
-  GridPoint last = rounded(from, true);
+  GlyfPoint last = rounded(from, true);
   points.push_back(last);
   for (const Segment& segment : contour.segments) {
     const std::size_t before = points.size();
-    const GridPoint end = rounded(segment.end, true);
+    const GlyfPoint end = rounded(segment.end, true);
     bool isStraight = true;
     if (segment.isCurve) {
       controls.clear();
@@ -54,9 +54,9 @@ void appendPoints(const Contour& contour, double tolerance, std::vector<Point>& 
 
 } // namespace
 
-Box boxAround(std::span<const GridPoint> points) {
+Box boxAround(std::span<const GlyfPoint> points) {
   Box box{points[0].x, points[0].y, points[0].x, points[0].y};
-  for (const GridPoint& point : points) {
+  for (const GlyfPoint& point : points) {
     box.xMin = std::min(box.xMin, point.x);
     box.yMin = std::min(box.yMin, point.y);
     box.xMax = std::max(box.xMax, point.x);
@@ -75,7 +75,7 @@ double toleranceOf(int unitsPerEm) {
 }
 
 void makeQuadratic(const Outline& drawing, double tolerance, QuadraticOutline& result) {
-  std::vector<GridPoint>& points = result.points;
+  std::vector<GlyfPoint>& points = result.points;
   points.clear();
   result.ends.clear();
   std::vector<Point> controls;

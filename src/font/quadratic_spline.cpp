@@ -13,13 +13,13 @@ namespace {
 // A curve that stays this much of the tolerance from its chord was meant to be a line; a flatter
 // bow than that is rounding in the drawing.
 constexpr double kStraight = 0.25;
-// Deviations are looked at so often on a part, and grow by this much between two looks.
+// Deviations are looked at so often on a part; the margin is for what they grow between two looks.
 constexpr int kLooks = 8;
 constexpr int kLooksOfOnePart = 16;
 constexpr double kMargin = 0.96;
 // How much of a part the place on the curve to compare with may lie ahead or behind.
 constexpr double kFarthest = 0.25;
-// Twice what the longest curve takes at a tolerance of a quarter of a unit.
+// More than the longest curve takes at a tolerance of a quarter of a unit.
 constexpr int kMostParts = 100;
 
 Point operator-(Point a, Point b) {
@@ -38,10 +38,14 @@ double cross(Point a, Point b) {
   return a.x * b.y - a.y * b.x;
 }
 
+double lengthOf(Point p) {
+  return std::sqrt(dot(p, p));
+}
+
 Point directionOf(Point a, Point b, Point c) {
   const Point zero;
   const Point way = a != zero ? a : b != zero ? b : c;
-  const double length = std::sqrt(dot(way, way));
+  const double length = lengthOf(way);
   return length > 0 ? (1 / length) * way : zero;
 }
 
@@ -51,7 +55,7 @@ constexpr double cubed(double number) {
 
 /// Where a part's control point lies between its two natural ones, see Fitting.
 constexpr double shareOf(int part, int parts) {
-  return parts == 1 ? 0 : static_cast<double>(part) / (parts - 1);
+  return part == 0 ? 0 : part == parts - 1 ? 1 : 0.5;
 }
 
 /// How far off the joint before a part is, in third powers over a step.
@@ -125,9 +129,9 @@ template <int stride, typename Take> bool lookAlong(int parts, Take take) {
 /// Cut at equal steps of its parameter t, the curve is approached by one quadratic a part. A part
 /// has two natural control points: one on the tangent at its begin, one on that at its end, half a
 /// step along the tangent; they are half the curve's third power over the step apart. The first
-/// part takes its first one, the last part its second one, and those between go over from one to
-/// the other by shares. That is the spline to begin with. At every parameter it is off the curve by
-/// a multiple of the third power, so that its greatest deviation is known beforehand.
+/// part takes its first one, the last part its second one, and those between take the middle. That
+/// is the spline to begin with. At every parameter it is off the curve by a multiple of the third
+/// power, so that its greatest deviation is known beforehand.
 ///
 /// Most of that points along the curve, where it doesn't show. The spline that is looked for is off
 /// sideways as little as possible: the outermost control points move on their tangents to where the
@@ -188,6 +192,8 @@ private:
     firstMove_ = along * out_ - 0.5 * first_;
     lastMove_ = {};
     keepsTangents_ = along > 0 && cross(chord, out_) / turn > 0;
+    if (lengthOf(third_) * 4 / 27 + lengthOf(firstMove_) / 2 <= tolerance_)
+      return true; // drawn as a parabola
     return isNearInTheMiddle() && isNear();
   }
 
@@ -208,7 +214,7 @@ private:
 
   /// That of the spline to begin with: near the end of its first part, where the joint is off too.
   double greatestDeviation() const {
-    return std::hypot(third_.x, third_.y) * cubed((1 + jointBefore(1, parts_)) / parts_) * 4 / 27;
+    return lengthOf(third_) * cubed((1 + jointBefore(1, parts_)) / parts_) * 4 / 27;
   }
 
   /// Moves the outermost control points, by least squares of what is off sideways.
