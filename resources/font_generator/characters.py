@@ -6,9 +6,7 @@ from unicodedata import normalize
 
 from fontTools.unicodedata import ot_tags_from_script, script
 
-SPACE, NO_BREAK_SPACE = 0x20, 0xA0
-_UNMAPPABLE = 0xFFFF  # the end mark of a format 4 character map
-
+SPACE, NO_BREAK_SPACE, _UNMAPPABLE = 0x20, 0xA0, 0xFFFF  # the last is the end mark of a format 4 character map
 # Bit of ulCodePageRange1 and the code page. A page counts when the font has all of its letters;
 # the pages of Han characters count with those that their scripts can't do without.
 _ALPHABETS = {0: "cp1252", 1: "cp1250", 2: "cp1251", 3: "cp1253", 4: "cp1254", 5: "cp1255",
@@ -26,8 +24,7 @@ class CharacterMap:
     glyph; `unmapped` are glyphs whose text the font can't map."""
 
     def __init__(self, texts: Sequence[str | None]) -> None:
-        self.sequences: dict[tuple[int, ...], int] = {}
-        self.variants: dict[tuple[int, int], int] = {}
+        self.sequences, self.variants = {}, {}
         winners = {text: glyph for glyph, text in enumerate(texts) if text}
         self.overruled = {glyph: winners[text] for glyph, text in enumerate(texts) if text and winners[text] != glyph}
         self.drawn = {ord(text): glyph for text, glyph in winners.items() if len(text) == 1}
@@ -65,8 +62,7 @@ class CharacterMap:
             self.unmapped.append(glyph)
 
 
-def _singles(composed: str) -> list[int]:
-    """The characters that are by themselves a text, which is given in composed form."""
+def _singles(composed: str) -> list[int]:  # that are by themselves the text
     return [ord(composed)] if len(composed) == 1 else _equivalents().get(composed, [])
 
 
@@ -82,7 +78,6 @@ def _equivalents() -> dict[str, list[int]]:
 
 
 def scripts_of(scalars: Collection[int]) -> list[str]:
-    """The OpenType script tags of the scripts that the characters belong to, sorted."""
     occurring = set(map(script, map(chr, scalars))) - {"Zyyy", "Zinh", "Zzzz"}
     return sorted({tag for code in occurring for tag in ot_tags_from_script(code)} - {"DFLT"})
 

@@ -1,5 +1,4 @@
-"""How a command of ours runs, which makes a `product` ("font"): what it says, with which status it
-ends, and how its file takes the place of the old one, whole or not at all."""
+"""How a command of ours, which makes a `product` ("font"), runs, what it says, and how its file is written."""
 
 import logging
 import os
@@ -19,8 +18,8 @@ class GeneratorError(Exception):
 
 def quoted(text: str) -> str:
     """`text` in double quotes, printable, on one line and cut to 60 characters."""
-    cut = text[:60] + "…" if len(text) > 60 else text
-    return '"' + "".join(c if c.isprintable() else c.encode("unicode_escape").decode() for c in cut) + '"'
+    shown = "".join(c if c.isprintable() else c.encode("unicode_escape").decode() for c in text[:60])
+    return f'"{shown}…"' if len(text) > 60 else f'"{shown}"'
 
 
 def plain(number: float) -> str:
@@ -67,12 +66,11 @@ def _say(stream: TextIO | None, text: str, status: int) -> int:
 def check_target(path: str, product: str) -> None:
     """Raises GeneratorError if no file can be written at `path`, before any work is done."""
     target = os.path.realpath(path)
-    fault = "" if os.path.isdir(os.path.dirname(target)) else "its folder does not exist"
     try:
         mode = os.stat(target).st_mode
         fault = "it is a folder" if stat.S_ISDIR(mode) else "" if stat.S_ISREG(mode) else "it is not a regular file"
     except FileNotFoundError:
-        pass
+        fault = "" if os.path.isdir(os.path.dirname(target)) else "its folder does not exist"
     except (OSError, ValueError) as error:
         fault = getattr(error, "strerror", None) or str(error)
     if fault:
@@ -84,8 +82,9 @@ def write_whole(path: str, data: bytes, product: str) -> None:
     target, temporary = os.path.realpath(path), ""
     try:
         descriptor, temporary = tempfile.mkstemp(".part", ".font-", os.path.dirname(target))
-        with open(descriptor, "wb", buffering=0) as file:
+        with open(descriptor, "wb") as file:
             file.write(data)
+            file.flush()
             os.umask(mask := os.umask(0))  # which can't be read otherwise
             os.fchmod(descriptor, os.stat(target).st_mode & 0o7777 if os.path.exists(target) else 0o666 & ~mask)
             os.fsync(descriptor)

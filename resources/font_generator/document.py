@@ -21,27 +21,17 @@ class Glyph(NamedTuple):
 
     @property
     def label(self) -> str:
-        """How messages call the glyph."""
         return f"glyph {quoted(self.name)}" if self.name else f"the nameless glyph number {self.number}"
 
 
-class Document(NamedTuple):
-    """A font description; `descender` is negative below the baseline."""
-    name: str
-    designer: str
-    version: str
-    copyright: str
-    units_per_em: float
-    ascender: float
-    descender: float
-    cap_height: float
-    x_height: float
-    glyphs: list[Glyph]
-    pairs: list[tuple[str, str, float]]  # of names, with what is added to the left advance
+# `descender` is negative below the baseline; a pair is two names and what is added to the left advance.
+Document = NamedTuple("Document", [
+    ("name", str), ("designer", str), ("version", str), ("copyright", str), ("units_per_em", float),
+    ("ascender", float), ("descender", float), ("cap_height", float), ("x_height", float),
+    ("glyphs", list[Glyph]), ("pairs", list[tuple[str, str, float]])])
 
 
 def read_document(path: str) -> Document:
-    """Reads the description in the file `path`."""
     called = "The font description"
     try:
         with open(path, "rb") as file:
@@ -59,7 +49,6 @@ def read_document(path: str) -> Document:
 def _parse_json(data: bytes, called: str) -> Any:
     def refuse(token: str) -> None:
         raise GeneratorError(f"{called} holds {token}, which is not a number of JSON.")
-
     try:
         return json.loads(data.removeprefix(b"\xef\xbb\xbf").decode("utf-8"), parse_constant=refuse)
     except UnicodeDecodeError as error:
@@ -75,13 +64,12 @@ def _parse_json(data: bytes, called: str) -> Any:
 
 def _member(value: Any, key: str, kind: str, called: str) -> Any:
     """The member of an object that messages call so. It has to be there and of its kind."""
-    member = value.get(key) if type(value) is dict else None
-    fault = f"has a member {quoted(key)}"
     if type(value) is not dict:
-        fault = "is not a JSON object"
-    elif key not in value:
-        fault = f"has no member {quoted(key)}"
-    elif type(member) not in _KINDS[kind]:
+        raise GeneratorError(f"{called} is not a JSON object.")
+    if key not in value:
+        raise GeneratorError(f"{called} has no member {quoted(key)}.")
+    member, fault = value[key], f"has a member {quoted(key)}"
+    if type(member) not in _KINDS[kind]:
         fault += f" that is not {kind}"
     elif kind == "a number" and not abs(member) <= GREATEST_NUMBER:
         fault += " that is not a finite number"
@@ -96,12 +84,12 @@ def _member(value: Any, key: str, kind: str, called: str) -> Any:
 
 def _glyph(value: Any, number: int) -> Glyph:
     called = f"Glyph number {number}{_names_in(value, 'name')}"
-    # The outline is already placed by the bearings.
-    *_, advance = (_member(value, key, "a number", called)
-                   for key in ("leftSideBearing", "rightSideBearing", "advanceWidth"))
-    name, commands = _member(value, "name", "text", called), _member(value, "fontPath", "a list", called)
-    text = _member(value, "unicode", "text", called) if "unicode" in value else None
-    glyph = Glyph(number, name, text, advance, read_outline(commands, called))
+    for key in ("leftSideBearing", "rightSideBearing"):
+        _member(value, key, "a number", called)  # the outline is already placed by it
+    glyph = Glyph(number, _member(value, "name", "text", called),
+                  _member(value, "unicode", "text", called) if "unicode" in value else None,
+                  _member(value, "advanceWidth", "a number", called),
+                  read_outline(_member(value, "fontPath", "a list", called), called))
     check_size(glyph.outline, f"The drawing of {glyph.label}")
     return glyph
 

@@ -26,13 +26,9 @@ from .naming import Naming, name_records, parse_naming
 from .shapes import Box, cubic_shape, quadratic_shape
 
 FORMATS = ("otf", "ttf", "woff", "woff2")
-
 _LEAST_EM, _GREATEST_EM = 16, 16384
-# The glyph names of a post table are counted in 15 bits, after the 258 that have fixed numbers.
-_MOST_NAMED_GLYPHS = 32767 - 258
-# Letters with a straight stem from top to bottom. Shorter pieces are serifs and joins rather than stems, and
-# steeper slants no italics.
-_STEMMED, _LEAST_STEM_IN_EMS, _STEEPEST = tuple("HIlhi|"), 0.25, 40.0
+_MOST_NAMED_GLYPHS = 32767 - 258  # those of a post table are counted in 15 bits, after 258 of fixed numbers
+_LEAST_STEM_IN_EMS, _STEEPEST = 0.25, 40.0  # shorter pieces are serifs and joins, and steeper slants no italics
 # Bits of fsSelection.
 _ITALIC, _BOLD, _REGULAR, _USE_TYPO_METRICS, _OBLIQUE = 1 << 0, 1 << 5, 1 << 6, 1 << 7, 1 << 9
 
@@ -55,7 +51,6 @@ def build_font(document: Document, extension: str, quality: int, date: int) -> t
                              else quadratic_shape(source, em))
         boxes.append(box)
     values = _table_values(document, em, glyphs, boxes, naming)
-
     builder = FontBuilder(em, isTTF=not is_cubic)
     font = builder.font
     font.recalcBBoxes = False  # the boxes are those of the drawings
@@ -65,11 +60,17 @@ def build_font(document: Document, extension: str, quality: int, date: int) -> t
     builder.setupHorizontalMetrics({glyph.name: (glyph.advance, box[0] if box else 0)
                                     for glyph, box in zip(glyphs.glyphs, boxes)})
     if is_cubic:
-        widths = {"defaultWidthX": default, "nominalWidthX": nominal}
-        builder.setupCFF(naming.postscript, values["CFF "], stored, widths)
+        builder.setupCFF(naming.postscript, values["CFF "], stored, dict(defaultWidthX=default, nominalWidthX=nominal))
     else:
         builder.setupGlyf(stored, calcGlyphBounds=False)
-        _setup_unhinted(font)
+        font["maxp"].recalc(font)
+        font["maxp"].maxStackElements = 1  # of the instructions below
+        # Smooth in both directions at every size, and dropout control, which keeps strokes that are thinner than
+        # a pixel from falling apart.
+        font["gasp"], font["prep"] = newTable("gasp"), newTable("prep")
+        font["gasp"].version, font["gasp"].gaspRange = 1, {0xFFFF: 0x000F}
+        font["prep"].program = Program()
+        font["prep"].program.fromAssembly(["PUSHW[ ]", "511", "SCANCTRL[ ]", "PUSHB[ ]", "4", "SCANTYPE[ ]"])
     builder.setupCharacterMap({scalar: names[glyph] for scalar, glyph in characters.scalars.items()},
                               [(*pair, names[glyph]) for pair, glyph in characters.variants.items()] or None, True)
     if every := font["cmap"].getcmap(3, 10):  # of all planes, which is there for Windows only so far
@@ -113,15 +114,14 @@ def _table_values(document: Document, em: int, glyphs: GlyphSet, boxes: list[Box
     edges = list(zip(*filter(None, boxes))) or [(0,)] * 4
     box = min(edges[0]), min(edges[1]), max(edges[2]), max(edges[3])
     slant = _slant_angle(document.glyphs, em) if naming.slope else 0  # to the right; tables count to the left
-    style = (_BOLD if naming.weight == 700 else 0) | (_ITALIC if naming.slope else 0)
-    style |= _OBLIQUE if naming.slope == "Oblique" else 0
+    style = _BOLD * (naming.weight == 700) | _ITALIC * bool(naming.slope) | _OBLIQUE * (naming.slope == "Oblique")
     names = {"version": f"{naming.revision:.3f}", "FullName": naming.full, "FamilyName": naming.family}
     return {
         "head": dict(zip(("xMin", "yMin", "xMax", "yMax"), box)) | {
             "fontRevision": naming.revision, "macStyle": (naming.weight == 700) | bool(naming.slope) << 1,
             "flags": 0b1011, "lowestRecPPEM": 6},  # baseline at y 0, side bearings at xMin, whole pixels per em
         "hhea": {
-            "ascent": ascender, "descent": descender, "lineGap": 0, "advanceWidthMax": max(widths), "xMaxExtent": box[2],
+            "ascent": ascender, "descent": descender, "advanceWidthMax": max(widths), "xMaxExtent": box[2],
             "minLeftSideBearing": box[0], "minRightSideBearing": min([*bearings, 32767]) if bearings else 0,
             "caretSlopeRise": em if slant else 1, "caretSlopeRun": otRound(em * tan(radians(slant)))},
         "CFF ": {key: text for key, text in names.items() if text.isascii()} | {
@@ -129,8 +129,8 @@ def _table_values(document: Document, em: int, glyphs: GlyphSet, boxes: list[Box
         "post": {"italicAngle": -slant, "isFixedPitch": int(is_fixed_pitch), "underlinePosition": -otRound(em * 0.1),
                  "underlineThickness": max(otRound(em * 0.05), 1)},
         "OS/2": {
-            "version": 4, "usWeightClass": naming.weight, "usWidthClass": naming.width, "fsType": 0, "achVendID": "    ",
-            "fsSelection": _USE_TYPO_METRICS | (style or _REGULAR),
+            "version": 4, "usWeightClass": naming.weight, "usWidthClass": naming.width, "fsType": 0, "achVendID": " " * 4,
+            "fsSelection": _USE_TYPO_METRICS | (style or _REGULAR), "sxHeight": x_height, "sCapHeight": cap_height,
             "xAvgCharWidth": min(otRound(sum(widths) / len(widths)), 32767),
             "ySubscriptXSize": otRound(em * 0.65), "ySuperscriptXSize": otRound(em * 0.65),
             "ySubscriptYSize": otRound(em * 0.6), "ySuperscriptYSize": otRound(em * 0.6),
@@ -138,15 +138,14 @@ def _table_values(document: Document, em: int, glyphs: GlyphSet, boxes: list[Box
             "yStrikeoutSize": max(otRound(em * 0.05), 1),
             "yStrikeoutPosition": otRound(x_height * 0.6 if x_height > 0 else em * 0.3),
             "sTypoAscender": ascender, "sTypoDescender": descender, "sTypoLineGap": 0,
-            "usWinAscent": max(ascender, box[3], 0), "usWinDescent": max(-descender, -box[1], 0),
-            "sxHeight": x_height, "sCapHeight": cap_height}}
+            "usWinAscent": max(ascender, box[3], 0), "usWinDescent": max(-descender, -box[1], 0)}}
 
 
 def _slant_angle(glyphs: Iterable[Glyph], units_per_em: int) -> float:
     """The angle of the stems in degrees from upright, positive to the right, to half a degree: the mean of all
     straight sides that can be one of a stem, each as heavy as it is high; 0 without any."""
     total = height = 0.0
-    for contour in (contour for glyph in glyphs if glyph.text in _STEMMED for contour in glyph.outline.contours):
+    for contour in (contour for glyph in glyphs if glyph.text in tuple("HIlhi|") for contour in glyph.outline.contours):
         for before, segment in zip(contour[-1:] + contour, contour):
             across, up = segment[-2] - before[-2], segment[-1] - before[-1]
             angle = degrees(atan2(across if up > 0 else -across, abs(up)))
@@ -154,18 +153,6 @@ def _slant_angle(glyphs: Iterable[Glyph], units_per_em: int) -> float:
                 total += angle * abs(up)
                 height += abs(up)
     return height and round(total / height * 2) / 2 or 0
-
-
-def _setup_unhinted(font: TTFont) -> None:
-    """The tables that go with outlines without hints."""
-    font["maxp"].recalc(font)
-    font["maxp"].maxStackElements = 1  # of the instructions below
-    # Smooth in both directions at every size, and dropout control, which keeps strokes that are
-    # thinner than a pixel from falling apart.
-    font["gasp"], font["prep"] = newTable("gasp"), newTable("prep")
-    font["gasp"].version, font["gasp"].gaspRange = 1, {0xFFFF: 0x000F}
-    font["prep"].program = Program()
-    font["prep"].program.fromAssembly(["PUSHW[ ]", "511", "SCANCTRL[ ]", "PUSHB[ ]", "4", "SCANTYPE[ ]"])
 
 
 def _packed(font: TTFont, extension: str, quality: int) -> bytes:

@@ -1,7 +1,7 @@
-"""Which glyphs the font has: their order, names and advances, and what a preview of the project shows for a
-character made true for the font."""
+"""Which glyphs the font has, under which names, so that it shows what a preview of the project does."""
 
 import re
+from collections import Counter
 from typing import NamedTuple
 from unicodedata import normalize
 
@@ -15,25 +15,12 @@ from .outlines import Outline
 
 NOTDEF = ".notdef"
 _MOST_GLYPHS = _WIDEST_ADVANCE = 65535
+_LONGEST_NAME, _LEGAL = 63, re.compile(r"[A-Za-z_][A-Za-z0-9._]{0,62}\Z")  # by the Adobe Glyph List
 
-# The rule of the Adobe Glyph List, of which ".notdef" is the one exception.
-_LONGEST_NAME = 63
-_LEGAL = re.compile(r"[A-Za-z_][A-Za-z0-9._]{0,62}\Z")
-
-
-class FontGlyph(NamedTuple):
-    """A glyph of the font. `project_name` is what kerning pairs call it, if they can."""
-    name: str
-    project_name: str | None
-    advance: int
-    source: Glyph
-
-
-class GlyphSet(NamedTuple):
-    """The font's glyphs, `.notdef` first; characters and pairs refer to them by index."""
-    glyphs: list[FontGlyph]
-    characters: CharacterMap
-    warnings: list[tuple[str, str]]
+# A glyph of the font; `project_name` is what kerning pairs call it, if they can.
+FontGlyph = NamedTuple("FontGlyph", [("name", str), ("project_name", str | None), ("advance", int), ("source", Glyph)])
+# The glyphs, `.notdef` first; characters and pairs refer to them by index.
+GlyphSet = NamedTuple("GlyphSet", [("glyphs", list[FontGlyph]), ("characters", CharacterMap), ("warnings", list)])
 
 
 def build_glyph_set(document: Document) -> GlyphSet:
@@ -41,7 +28,7 @@ def build_glyph_set(document: Document) -> GlyphSet:
     warnings: list[tuple[str, str]] = []
     # The glyph for missing characters is the one that the preview shows, else one whose name says the same.
     named = [glyph for glyph in document.glyphs if glyph.name.lower() in (NOTDEF, "notdef")]
-    notdef = next((glyph for glyph in named if glyph.name == NOTDEF), named[0] if named else None)
+    notdef = next((glyph for glyph in named if glyph.name == NOTDEF), next(iter(named), None))
     # Glyph 0 means that the font lacks a character: one that stands for a character as well is there twice.
     sources = [(notdef or _default_notdef(document))._replace(text=None)]
     sources += [glyph for glyph in document.glyphs if glyph is not notdef or glyph.text]
@@ -55,11 +42,10 @@ def build_glyph_set(document: Document) -> GlyphSet:
         raise GeneratorError(f"The project makes {len(sources):,} glyphs with .notdef, "
                              f"and a font holds at most {_MOST_GLYPHS:,}.")
     characters = CharacterMap([glyph.text for glyph in sources])
-    said = [(index, f"{sources[winner].label} comes later and has the same character")
-            for index, winner in characters.overruled.items()]
-    said += [(index, "its text can't be typed with the font, which lacks a glyph for a part of it")
-             for index in characters.unmapped]
-    warnings += [(sources[index].name or sources[index].label, message) for index, message in said]
+    said = {index: f"{sources[winner].label} comes later and has the same character"
+            for index, winner in characters.overruled.items()} | dict.fromkeys(
+        characters.unmapped, "its text can't be typed with the font, which lacks a glyph for a part of it")
+    warnings += [(sources[index].name or sources[index].label, message) for index, message in said.items()]
     glyphs = []
     for name, source in zip(_names(sources, characters), sources):
         if not -0.5 <= source.advance < _WIDEST_ADVANCE + 0.5:
@@ -75,8 +61,7 @@ def _default_notdef(document: Document) -> Glyph:
     """An upright frame as high as the capitals; as wide as every glyph if all are equally wide."""
     em, height = document.units_per_em, document.cap_height
     advances = {glyph.advance for glyph in document.glyphs if glyph.advance}
-    advance = advances.pop() if len(advances) == 1 else em / 2
-    advance = advance if em / 8 <= advance <= em * 2 else em / 2
+    advance = advances.pop() if len(advances) == 1 and em / 8 <= min(advances) <= em * 2 else em / 2
     top = height if em / 8 <= height <= em * 2 else em * 0.7
     left, right, stem = advance * 0.1, advance * 0.9, advance * 0.1
     return Glyph(0, NOTDEF, None, advance, Outline([
@@ -91,13 +76,12 @@ def _names(sources: list[Glyph], characters: CharacterMap) -> list[str]:
                             for scalar, index in characters.drawn.items()}
     for index, source in enumerate(sources):
         wishes.setdefault(index, _name_for_project_name(source.name, index))
-    taken: dict[str, int] = {}
-    counts: dict[str, int] = {}
+    taken, counts = {}, Counter()
     for index, wish in wishes.items():
         name = wish
         while name in taken:
-            count = counts[wish] = counts.get(wish, 0) + 1
-            name = f"{wish[:_LONGEST_NAME - 1 - len(str(count))]}.{count}"
+            counts[wish] += 1
+            name = f"{wish[:_LONGEST_NAME - 1 - len(str(counts[wish]))]}.{counts[wish]}"
         taken[name] = index
     return sorted(taken, key=taken.__getitem__)
 

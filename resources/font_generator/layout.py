@@ -1,5 +1,5 @@
-"""The rules for setting text, as the statements of a feature file: kerning as the feature kern, texts that one
-glyph stands for as ccmp, which no program lets its users switch off, and the classes of glyphs."""
+"""The rules for setting text, as statements of a feature file. Texts that one glyph stands for are the feature
+ccmp, which no program lets its users switch off."""
 
 from collections.abc import Iterable, Mapping
 from typing import NamedTuple
@@ -18,12 +18,8 @@ from .outlines import GREATEST, LEAST
 
 _LARGEST_MATRIX = 20000  # kerning values of a subtable of classes, whose offsets have 16 bits
 
-
-class Kern(NamedTuple):
-    """What is added between any of the left and any of the right glyphs, which are all the glyphs of a name."""
-    lefts: list[int]
-    rights: list[int]
-    value: int
+# What is added between any of the left and any of the right glyphs, which are all the glyphs of a name.
+Kern = NamedTuple("Kern", [("lefts", list[int]), ("rights", list[int]), ("value", int)])
 
 
 def resolve_kerning(document: Document, glyphs: GlyphSet) -> list[Kern]:
@@ -47,10 +43,8 @@ def resolve_kerning(document: Document, glyphs: GlyphSet) -> list[Kern]:
 
 def add_layout(font: TTFont, document: Document, glyphs: GlyphSet) -> None:
     """Adds the GPOS, GSUB and GDEF tables, as far as there is anything to put in them."""
-    names = [glyph.name for glyph in glyphs.glyphs]
-    scalars = glyphs.characters.scalars
-    sequences = {tuple(scalars[scalar] for scalar in text): glyph
-                 for text, glyph in glyphs.characters.sequences.items()}
+    names, scalars = [glyph.name for glyph in glyphs.glyphs], glyphs.characters.scalars
+    sequences = {tuple(map(scalars.get, text)): glyph for text, glyph in glyphs.characters.sequences.items()}
     classes = _glyph_classes(glyphs, sequences)
     # Without a GPOS table, text engines place marks by their own lights and drop advances.
     kerning = resolve_kerning(document, glyphs) or ([Kern([0], [0], 0)] if classes else [])

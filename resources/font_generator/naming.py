@@ -20,20 +20,11 @@ _WIDTHS = {  # part of the family's name; what the OS/2 table says of it is the 
     "semiexpanded": 6, "expanded": 7, "extended": 7, "wide": 7, "extraexpanded": 8, "ultraexpanded": 9}
 _LATIN = str.maketrans({"ß": "ss", "ẞ": "SS", "æ": "ae", "Æ": "AE", "œ": "oe", "Œ": "OE", "ø": "o", "Ø": "O", "đ": "d",
                         "Đ": "D", "ð": "d", "Ð": "D", "ł": "l", "Ł": "L", "þ": "th", "Þ": "Th", "ı": "i"})
-_LONGEST_POSTSCRIPT_NAME = 63
-_LARGEST_STORAGE = 65535  # bytes that the offsets of a name table reach
+_LONGEST_POSTSCRIPT_NAME, _LARGEST_STORAGE = 63, 65535  # bytes; those of all names are reached by 16 bits
 
-
-class Naming(NamedTuple):
-    """`style` is "Regular" for the plain one; `weight` and `width` are numbers of an OS/2 table."""
-    family: str
-    style: str
-    slope: str  # "Italic", "Oblique" or empty
-    weight: int
-    width: int
-    revision: float
-    full: str
-    postscript: str
+# `style` is "Regular" for the plain one, `slope` "Italic", "Oblique" or empty; weight and width are for OS/2.
+Naming = NamedTuple("Naming", [("family", str), ("style", str), ("slope", str), ("weight", int), ("width", int),
+                               ("revision", float), ("full", str), ("postscript", str)])
 
 
 def parse_naming(project_name: str, version: str) -> Naming:

@@ -1,6 +1,5 @@
-"""Outlines as they are drawn. A contour is a list of its starting point (x, y) and its segments: a line is its end
-point (x, y), a curve its controls and its end point, (x1, y1, x2, y2, x, y) for a cubic one. Contours are closed.
-"""
+"""Outlines as they are drawn. A contour, which is closed, is a list of its starting point (x, y) and its segments:
+a line is its end point (x, y), a curve its controls and its end point, (x1, y1, x2, y2, x, y) for a cubic one."""
 
 from sys import float_info
 from typing import Any, NamedTuple
@@ -12,10 +11,8 @@ from fontTools.pens.boundsPen import ControlBoundsPen
 from .command import GeneratorError, plain
 
 Contour = list[tuple[float, ...]]
-
 LEAST, GREATEST = -32768, 32767  # coordinate of a font
 GREATEST_NUMBER = float_info.max
-
 _POINTS = {"moveTo": ["point"], "lineTo": ["point"], "curveTo": ["control1", "control2", "point"], "closePath": []}
 
 
@@ -45,13 +42,9 @@ class Outline(NamedTuple):
 
 
 def read_outline(commands: list[Any], called: str = "The glyph") -> Outline:
-    """The outline of path commands; raises GeneratorError.
-
-    Subpaths that were left open are closed. A segment that follows a closed subpath starts a new one at the
-    same point; a segment with nothing before it starts at the first point that it names.
-    """
-    contours: list[Contour] = []
-    is_open, start = False, ()
+    """The outline of path commands, with open subpaths closed; raises GeneratorError. A segment that follows a closed
+    subpath starts a new one at the same point; one with nothing before it starts at the first point that it names."""
+    contours, is_open, start = [], False, ()
     for number, command in enumerate(commands, 1):
         kind, numbers = _read_command(command, f"{called} has a malformed outline: command number {number}")
         if kind == "moveTo" or kind != "closePath" and not is_open:

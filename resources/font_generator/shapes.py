@@ -15,16 +15,13 @@ from fontTools.pens.boundsPen import BoundsPen
 from fontTools.pens.reverseContourPen import ReverseContourPen
 from fontTools.pens.t2CharStringPen import T2CharStringPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
-from fontTools.ttLib.tables._g_l_y_f import Glyph as GlyfEntry
-from fontTools.ttLib.tables._g_l_y_f import flagOverlapSimple
+from fontTools.ttLib.tables import _g_l_y_f as glyf
 
 from .command import GeneratorError
 from .document import Glyph
 from .outlines import GREATEST, LEAST, Contour, Outline
 
-Box = Sequence[int]
-Point = tuple[int, int]
-
+Box, Point = Sequence[int], tuple[int, int]
 _LONGEST_CHARSTRING = 65535 - 3  # the format's limit, less an operand for the width
 _MOST_POINTS, _MOST_CONTOURS = 65535, 32767
 _MOST_COMPARISONS = 20000  # of contours; a flag that is set without need only makes rasterizing slower
@@ -32,8 +29,9 @@ _MOST_COMPARISONS = 20000  # of contours; a flag that is set without need only m
 
 def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
     """The charstring, outer contours anticlockwise, with the number for its width, if any."""
-    pen = T2CharStringPen(width, None)
-    glyph.outline.rounded().draw(ReverseContourPen(pen) if _area(glyph.outline) < 0 else pen)
+    pen, area, bounds = T2CharStringPen(width, None), AreaPen(), BoundsPen(None)
+    glyph.outline.draw(area)  # of the sign of the outer contours, for a hole is smaller than what it is cut from
+    glyph.outline.rounded().draw(ReverseContourPen(pen) if area.value < 0 else pen)
     charstring = pen.getCharString(optimize=False)
     charstring.program = specializeProgram(charstring.program, preserveTopology=True, maxstack=48)
     charstring.compile()
@@ -41,19 +39,19 @@ def cubic_shape(glyph: Glyph, width: int | None) -> tuple[T2CharString, Box]:
         raise GeneratorError(f"The drawing of {glyph.label} has too many points: it takes {size:,} bytes, and a "
                              f"font holds {_LONGEST_CHARSTRING:,} for a glyph.")
     # The box is that of the curves as drawn: rounding their controls first would move it.
-    bounds = BoundsPen(None)
     Outline([contour for contour in glyph.outline.contours if Outline([contour]).rounded().contours]).draw(bounds)
     return charstring, tuple(map(otRound, bounds.bounds or ()))
 
 
-def quadratic_shape(glyph: Glyph, units_per_em: int) -> tuple[GlyfEntry, Box]:
+def quadratic_shape(glyph: Glyph, units_per_em: int) -> tuple[glyf.Glyph, Box]:
     """The glyf entry, outer contours clockwise."""
     # With 0.71 units of rounding on top, a curve in an em of 1,000 units stays within 1/1000 em of the drawing.
     # Curves become quadratic before anything is rounded, so that no tangent moves twice.
     tolerance = max(units_per_em / 4000, 0.25)
-    pen = TTGlyphPen(None)
+    pen, area = TTGlyphPen(None), AreaPen()
+    glyph.outline.draw(area)
     Outline([_quadratic(contour, tolerance) for contour in glyph.outline.contours]).rounded().draw(
-        ReverseContourPen(pen) if _area(glyph.outline) > 0 else pen, "qCurveTo")
+        ReverseContourPen(pen) if area.value > 0 else pen, "qCurveTo")
     entry = pen.glyph()
     if entry.numberOfContours == 0:
         return entry, ()
@@ -67,25 +65,16 @@ def quadratic_shape(glyph: Glyph, units_per_em: int) -> tuple[GlyfEntry, Box]:
         raise GeneratorError(f"The drawing of {glyph.label} with quadratic curves is larger than the 16 bits that a "
                              "font has for coordinates.")
     if _overlap([points[start:end] for start, end in zip([0, *ends], ends)]):
-        entry.flags[0] |= flagOverlapSimple
+        entry.flags[0] |= glyf.flagOverlapSimple
     return entry, box
-
-
-def _area(outline: Outline) -> float:
-    """That of a glyph has the sign of its outer contours, for a hole is smaller than what it is cut from."""
-    pen = AreaPen()
-    outline.draw(pen)
-    return pen.value
 
 
 def _quadratic(contour: Contour, tolerance: float) -> Contour:
     result = contour[:1]
     for before, segment in zip(contour, contour[1:]):
-        if len(segment) == 6:
-            start, first, second, end = curve = before[-2:], segment[:2], segment[2:4], segment[4:]
-            straight = first == start and second == end
-            segment = end if straight else sum(curve_to_quadratic(curve, tolerance)[1:], ())
-        result.append(segment)
+        start, first, second, end = curve = before[-2:], segment[:2], segment[2:4], segment[4:]
+        is_line = len(segment) == 2 or first == start and second == end
+        result.append(segment[-2:] if is_line else sum(curve_to_quadratic(curve, tolerance)[1:], ()))
     return result
 
 
@@ -113,6 +102,10 @@ def _boxes_meet(one: Box, other: Box) -> bool:
     return one[0] <= other[2] and other[0] <= one[2] and one[1] <= other[3] and other[1] <= one[3]
 
 
+def _side(start: Point, end: Point, point: Point) -> int:
+    return (end[0] - start[0]) * (point[1] - start[1]) - (end[1] - start[1]) * (point[0] - start[0])
+
+
 def _edges_meet(one: Sequence[Point], other: Sequence[Point]) -> bool:
     """Whether each edge has the other's ends on both of its sides, or on itself."""
     return _boxes_meet(calcBounds(one), calcBounds(other)) and all(
@@ -123,7 +116,3 @@ def _contains(polygon: Sequence[Sequence[Point]], point: Point) -> bool:
     """Whether a ray to the right of `point` leaves once more than it enters."""
     crossed = [edge for edge in polygon if (edge[0][1] > point[1]) != (edge[1][1] > point[1])]
     return sum((_side(*edge, point) > 0) == (edge[1][1] > edge[0][1]) for edge in crossed) % 2 == 1
-
-
-def _side(start: Point, end: Point, point: Point) -> int:
-    return (end[0] - start[0]) * (point[1] - start[1]) - (end[1] - start[1]) * (point[0] - start[0])

@@ -41,6 +41,25 @@ def random_project(seed):
         xHeight=pick.choice([0, -3.5, em / 2]))
 
 
+_SPOILT = [None, True, False, "", "x", -1, 0, 0.5, 40000, -40000, 70000.5, 1e300, [], [[]], {}, {"type": 1}]
+
+
+def spoilt_project(seed):
+    """A random project in which one value has become another, or is gone."""
+    project, pick = random_project(seed), random.Random(-seed)
+    place = project
+    while True:
+        key = pick.choice(list(place) if isinstance(place, dict) else range(len(place)))
+        if not isinstance(place[key], (dict, list)) or not place[key] or pick.random() < 0.15:
+            break
+        place = place[key]
+    if pick.random() < 0.2:
+        del place[key]
+    else:
+        place[key] = pick.choice(_SPOILT)
+    return project
+
+
 def _random_path(pick, em):
     def number():
         return pick.choice([pick.randint(0, em), round(pick.uniform(-em, 2 * em), 3), pick.randint(0, 4) * em / 4 + 0.5])

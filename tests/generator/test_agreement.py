@@ -9,7 +9,10 @@ import pytest
 from comparison import differences
 from conftest import COMMANDS, FORMATS, ROOT, run_generator, write_document
 from drawings import hard_project
-from random_projects import random_project
+from fontTools.pens.recordingPen import RecordingPen
+from fontTools.pens.t2CharStringPen import T2CharStringPen
+from fontTools.ttLib import TTFont
+from random_projects import random_project, spoilt_project
 from test_refusals import LEFT_TO_THE_PARSER, REFUSED
 
 
@@ -56,6 +59,11 @@ def test_on_random_projects(agree, seed):
     agree(random_project(seed), FORMATS[seed % len(FORMATS)])
 
 
+@pytest.mark.parametrize("seed", range(200))
+def test_on_spoilt_projects(agree, seed):
+    agree(spoilt_project(seed), FORMATS[seed % 2])
+
+
 @pytest.mark.parametrize("case", REFUSED)
 def test_on_what_is_refused(agree, case):
     for extension in ("otf", "ttf"):
@@ -69,3 +77,51 @@ def test_wrong_usage_ends_with_status_2_and_writes_nothing(generator, operands, 
     result = subprocess.run([*COMMANDS[generator], *operands], capture_output=True, text=True, cwd=tmp_path)
     assert (result.returncode, result.stdout) == (2, "") and result.stderr.startswith("usage: generate_font")
     assert os.listdir(tmp_path) == []
+
+
+def move_a_point(font):
+    """By three units."""
+    if "CFF " in font:
+        moved, pen = T2CharStringPen(None, None), RecordingPen()
+        font.getGlyphSet()["A"].draw(pen)
+        pen.value[0] = ("moveTo", ((53, 0),))
+        pen.replay(moved)
+        font["CFF "].cff.topDictIndex[0].CharStrings["A"] = moved.getCharString()
+    else:
+        coordinates = font["glyf"]["A"].coordinates
+        coordinates[0] = (coordinates[0][0] + 3, coordinates[0][1])
+
+
+def subtable(font, tag):
+    return font[tag].table.LookupList.Lookup[0].SubTable[0]
+
+
+# What is done to a font, and how what is then said of it begins.
+CHANGES = {
+    "an outline": (move_a_point, "outline of"),
+    "an advance": (lambda font: font["hmtx"].metrics.update(V=(601, font["hmtx"]["V"][1])), ("hmtx V", "advances V")),
+    "a bearing": (lambda font: font["hmtx"].metrics.update(V=(600, 7)), ("hmtx V", "left side bearings")),
+    "a character": (lambda font: font["cmap"].tables[0].cmap.pop(0xC5), "cmap 0 3 197"),
+    "a variant": (lambda font: font["cmap"].getcmap(0, 5).uvsDict.popitem(), "cmap 0 5"),
+    "a kern": (lambda font: setattr(subtable(font, "GPOS").PairSet[0].PairValueRecord[0].Value1, "XAdvance", 9), "GPOS"),
+    "a script": (lambda font: font["GPOS"].table.ScriptList.ScriptRecord.pop(), "GPOS"),
+    "a ligature": (lambda font: subtable(font, "GSUB").ligatures.popitem(), "GSUB"),
+    "a name": (lambda font: font["name"].removeNames(9), "name"),
+    "a weight": (lambda font: setattr(font["OS/2"], "usWeightClass", 500), "OS/2 usWeightClass"),
+    "a date": (lambda font: setattr(font["head"], "modified", 1), "head modified"),
+    "an angle": (lambda font: setattr(font["post"], "italicAngle", -9), "post italicAngle"),
+    "a caret": (lambda font: setattr(font["hhea"], "caretSlopeRun", 9), "hhea caretSlopeRun"),
+}
+
+
+@pytest.mark.parametrize("extension", ["otf", "ttf"])
+@pytest.mark.parametrize("change", CHANGES)
+def test_a_difference_is_noticed(tmp_path, change, extension):
+    source, font = write_document(hard_project(), tmp_path), tmp_path / f"made.{extension}"
+    run_generator("script", source, font)
+    changed = TTFont(font, recalcBBoxes=False, recalcTimestamp=False)
+    alter, words = CHANGES[change]
+    alter(changed)
+    changed.save(tmp_path / f"changed.{extension}")
+    found = differences(font, tmp_path / f"changed.{extension}", source)
+    assert any(line.startswith(words) for line in found), found

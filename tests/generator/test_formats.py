@@ -1,5 +1,6 @@
 """One table of checks that a font passes in every format."""
 
+import json
 import os
 import struct
 from pathlib import Path
@@ -139,6 +140,19 @@ def test_a_font(fonts, extension, check):
     check(TTFont(fonts[extension]))
 
 
+def test_web_fonts_unpack_to_the_ttf(fonts):
+    plain = TTFont(fonts["ttf"])
+    for extension in ("woff", "woff2"):
+        font = TTFont(fonts[extension])
+        assert font["hmtx"].metrics == plain["hmtx"].metrics
+        for name in plain.getGlyphOrder():
+            # Which contours overlap is the one thing that WOFF2 files do without.
+            outlines = [opened["glyf"][name].getCoordinates(opened["glyf"]) for opened in (plain, font)]
+            assert list(map(list, outlines[0][:2])) == list(map(list, outlines[1][:2])), name
+        for tag in set(plain.keys()) - {"GlyphOrder", "head", "glyf", "loca", "hmtx"}:
+            assert font.getTableData(tag) == plain.getTableData(tag), tag
+
+
 def test_the_same_project_gives_the_same_bytes_and_the_date_can_be_given(generate):
     dated = os.environ | {"SOURCE_DATE_EPOCH": "86400"}
     for extension in FORMATS:
@@ -160,3 +174,15 @@ def test_an_empty_project_is_a_font_of_a_visible_notdef_and_a_space(make, tmp_pa
         assert sanitize(font) == ""
         assert font.getBestCmap() == {0x20: "space", 0xA0: "space"}
     assert struct.unpack(">H", (tmp_path / "font.ttf").read_bytes()[4:6])[0] == len(font.keys()) - 1
+
+
+def test_a_document_reads_alike_in_every_way_that_json_is_written(make, tmp_path):
+    """With a byte-order mark, escapes, space between tokens, members in another order or that nobody knows."""
+    project = hard_project()
+    reversed_members = {"unknown": [{"glyphs": 1}]} | dict(reversed(project.items()))
+    make(project)
+    expected = (tmp_path / "font.otf").read_bytes()
+    for text in ("\ufeff" + json.dumps(project, ensure_ascii=False), json.dumps(project), json.dumps(project, indent=3),
+                 json.dumps(project, ensure_ascii=False, separators=(",", ":")), json.dumps(reversed_members)):
+        make(text.encode("utf-8"))
+        assert (tmp_path / "font.otf").read_bytes() == expected, text[:80]

@@ -2,12 +2,16 @@
 
 import json
 import os
+import re
+import shlex
+import signal
 import stat
 import subprocess
+from pathlib import Path
 
 import pytest
 from conftest import COMMANDS, run_generator, write_document
-from drawings import CLOSE, box, document, glyph, line, move, pair
+from drawings import CLOSE, box, circle, document, glyph, line, move, pair
 from font_generator import command
 from font_generator.command import GeneratorError
 
@@ -144,15 +148,29 @@ def test_a_full_disk_leaves_the_old_font(tmp_path, monkeypatch):
     assert target.read_bytes() == b"old" and os.listdir(tmp_path) == ["font.otf"]
 
 
-def test_a_request_to_end_leaves_the_old_font(generator, tmp_path):
-    os.mkfifo(tmp_path / "d.json")
-    (tmp_path / "f.otf").write_bytes(b"old")
-    process = subprocess.Popen([*COMMANDS[generator], str(tmp_path / "d.json"), str(tmp_path / "f.otf")],
-                               stderr=subprocess.PIPE, text=True)
-    with open(tmp_path / "d.json", "wb"):  # waits for the generator to read
-        process.terminate()
-        error = process.communicate(timeout=60)[1]
-    assert (process.returncode, error) == (1, "The font was not made: it was interrupted.\n")
-    assert (tmp_path / "f.otf").read_bytes() == b"old"
-    assert sorted(os.listdir(tmp_path)) == ["d.json", "f.otf"]
+def test_nobody_listening_is_no_failure(generator, tmp_path):
+    source = write_document(document([glyph("a", "A"), glyph("b", "A")]), tmp_path)
+    for closing in (">&-", "2>&-", "> /dev/full", "| true"):
+        command = shlex.join([*COMMANDS[generator], str(source), str(tmp_path / "f.otf")])
+        run = subprocess.run(["bash", "-c", f"set -o pipefail; {command} {closing}"], capture_output=True, text=True)
+        assert (run.returncode, run.stderr) == (0, ""), closing
 
+
+def test_a_request_to_end_leaves_the_old_font(generator, tmp_path):
+    source = write_document(document([glyph("g", None, circle(300.5, 300, 200) * 9)] * 3000), tmp_path)
+    (tmp_path / "f.woff2").write_bytes(b"old")
+    process = subprocess.Popen([*COMMANDS[generator], str(source), str(tmp_path / "f.woff2")],
+                               stderr=subprocess.PIPE, text=True)
+    while not catches(process, signal.SIGTERM):
+        assert process.poll() is None
+    process.terminate()
+    error = process.communicate(timeout=60)[1]
+    assert (process.returncode, error) == (1, "The font was not made: it was interrupted.\n")
+    assert (tmp_path / "f.woff2").read_bytes() == b"old"
+    assert sorted(os.listdir(tmp_path)) == ["document.json", "f.woff2"]
+
+
+def catches(process, number):
+    """Whether the process has a handler for the signal by now."""
+    status = Path(f"/proc/{process.pid}/status").read_text()
+    return int(re.search("SigCgt:\t(.*)", status)[1], 16) >> number - 1 & 1
