@@ -94,7 +94,7 @@ def _name_for_character(character: str, project_name: str) -> str:
     # Readers take the part before a period for the character, underscores for several of them.
     meaning = project_name.split(".", 1)[0]
     listed = AGL2UV.get(meaning) or LEGACY_AGL2UV.get(meaning)
-    means_other = listed != (scalar,) if listed else re.match(r"u(ni)?[0-9A-F]{4,6}", meaning) or "_" in meaning
+    means_other = listed not in (scalar, [scalar]) if listed else re.match(r"u(ni)?[0-9A-F]{4,6}", meaning) or "_" in meaning
     return UV2AGL.get(scalar) or (by_number if means_other or not _LEGAL.match(project_name) else project_name)
 
 

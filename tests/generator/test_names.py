@@ -16,7 +16,7 @@ GLYPH_NAMES = [
     ("balloon", "🎈", "balloon"), ("🎈", "🎉", "u1F389"), ("a.alt", None, "a.alt"), ("7up", None, "_7up"),
     ("naïve b", None, "naive_b"), ("あ", None, "glyph00016"), ("x" * 80, None, "x" * 63),
     ("x" * 80, None, "x" * 61 + ".1"), ("", None, "glyph00019"), (".null", None, "null"),
-    ("Z.alt", "ы", "uni044B"),
+    ("Z.alt", "ы", "uni044B"), ("afii10019", "В", "afii10019"), ("fi", "ﬁ", "fi"),
 ]
 
 
