@@ -167,7 +167,7 @@ def main():
         write_drawings(few, latin)
         write_ufo(place / "few.ufo", latin)
         for count, folder in han_folders.items():
-            write_drawings(folder, han[:count])
+            write_drawings(folder, han[::options.many // count])  # later ones have more strokes
         print(f"{FEW:,} drawings, medians of {options.rounds} runs in turn on {os.cpu_count()} processors, "
               f"load {os.getloadavg()[0]:.1f} at the start:\n")
         compare_tools(options.quillery, few, options.rounds)

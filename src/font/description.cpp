@@ -192,12 +192,16 @@ struct SliceItems {
 // Nothing for a slice that is not JSON.
 std::optional<Result<SliceItems, FontError>> readSlice(std::string_view text, bool areGlyphs,
                                                        std::size_t before) {
+  // Kept from slice to slice: memory of this size goes back to the system each time otherwise.
   static thread_local dom::parser parser;
-  simdjson::padded_string copy(text);
-  copy.data()[0] = '[';
-  copy.data()[copy.size() - 1] = ']';
+  static thread_local std::string copy;
+  copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+  copy.assign(text);
+  copy.front() = '[';
+  copy.back() = ']';
   dom::array list;
-  if (parser.parse(copy).get(list) != simdjson::SUCCESS) return std::nullopt;
+  if (parser.parse(copy.data(), copy.size(), false).get(list) != simdjson::SUCCESS)
+    return std::nullopt;
   SliceItems items;
   const auto done = areGlyphs ? appendItems(list, readGlyph, before, items.glyphs)
                               : appendItems(list, readPair, before, items.pairs);

@@ -118,6 +118,7 @@ Result<OutlineTables, FontError> makeTrueTypeTables(const GlyphSet& set,
                  });
   if (error) return Failure{std::move(*error)};
   result.longOffsets = glyf.size() > kLargestShortOffset;
+  if (glyf.empty()) glyf.push_back('\0'); // readers take a table without bytes for a damaged one
   result.tables.push_back({"loca", makeLoca(offsets, result.longOffsets)});
   result.tables.push_back({"glyf", std::move(glyf)});
   result.tables.push_back({"maxp", makeMaxp(glyphs.size(), mostPoints, mostContours)});

@@ -7,7 +7,7 @@ from pathlib import Path
 
 import pytest
 from conftest import FORMATS, run_generator, sanitize, shape, write_document
-from drawings import document, hard_project
+from drawings import document, glyph, hard_project
 from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.boundsPen import BoundsPen, ControlBoundsPen
 from fontTools.ttLib import TTFont
@@ -174,6 +174,12 @@ def test_an_empty_project_is_a_font_of_a_visible_notdef_and_a_space(make, tmp_pa
         assert sanitize(font) == ""
         assert font.getBestCmap() == {0x20: "space", 0xA0: "space"}
     assert struct.unpack(">H", (tmp_path / "font.ttf").read_bytes()[4:6])[0] == len(font.keys()) - 1
+
+
+def test_a_project_without_any_drawing_is_a_font(make):
+    for extension in ("otf", "ttf", "woff"):  # WOFF2 has no form for a glyf table of a single byte
+        font = make(document([glyph(".notdef"), glyph("A", "A")]), f"font.{extension}")
+        assert sanitize(font) == "" and font["head"].xMax == 0, extension
 
 
 def test_a_document_reads_alike_in_every_way_that_json_is_written(make, tmp_path):

@@ -24,7 +24,8 @@ CORE = ("core", f"{BUILD} quillery_tests", "build/dev/bin/quillery_tests --gtest
 WINDOW = ("window", f"{BUILD} {' '.join(WINDOWS)}",
           f"ctest --preset dev --stop-on-failure -R ^({'|'.join(WINDOWS)})$")
 PROGRAM = ("program", f"{BUILD} quillery", f"{PYTEST} tests/end_to_end --ignore tests/end_to_end/test_window.py")
-GENERATOR = ("generator", None, f"{PYTEST} tests/generator")
+GENERATOR = ("generator", f"{BUILD} generate_font", f"{PYTEST} tests/generator")
+FONT = ("font", f"{BUILD} font_tests", "build/dev/bin/font_tests --gtest_brief=1 --gtest_fail_fast")
 
 
 def lines_of(*command):
@@ -70,6 +71,12 @@ def verdict_of(suites, work):
     return "NOT NOTICED"
 
 
+def suites_for(path):
+    if path.suffix == ".py":
+        return [GENERATOR, PROGRAM]
+    return [FONT, GENERATOR] if path.parent.name == "font" else [CORE, WINDOW, PROGRAM]
+
+
 def fault_of(mutation):
     path = ROOT / mutation["file"]
     count = path.read_text().count(mutation["replace"]) if path.is_file() else 0
@@ -95,7 +102,7 @@ def main():
     (work / "mutation.log").unlink(missing_ok=True)
     if not passes(" ".join(["cmake --preset dev", *options.cmake]), work):
         sys.exit(f"the copy can't be configured, see {work}/mutation.log")
-    if (verdict := verdict_of([CORE, WINDOW, PROGRAM, GENERATOR], work)) != "NOT NOTICED":
+    if (verdict := verdict_of([CORE, FONT, WINDOW, PROGRAM, GENERATOR], work)) != "NOT NOTICED":
         sys.exit(f"without a mistake: {verdict}, see {work}/mutation.log")
     noticed = 0
     for mutation in mutations:
@@ -103,7 +110,7 @@ def main():
         original = path.read_text()
         path.write_text(original.replace(mutation["replace"], mutation["with"]))
         try:
-            verdict = verdict_of([GENERATOR, PROGRAM] if path.suffix == ".py" else [CORE, WINDOW, PROGRAM], work)
+            verdict = verdict_of(suites_for(path), work)
         finally:
             path.write_text(original)
         noticed += verdict.startswith("noticed")
