@@ -148,36 +148,35 @@ void MainWindow::makeToolBar() {
   auto* bar = new QToolBar(this);
   bar->setObjectName(QStringLiteral("toolBar"));
   bar->setMovable(false);
-  // A tool bar's layout knows no margins of its own.
-  const auto addSpace = [bar](int width) {
-    auto* space = new QWidget(bar);
-    width > 0 ? space->setFixedWidth(width)
-              : space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    bar->addWidget(space);
-  };
-  addSpace(grid::half);
-  title_ = new TextLabel({}, TextStyle::headline, Role::text, bar);
+  // One row of our own: a tool bar's layout hides what it has no room for instead of letting the
+  // title give way.
+  auto* content = new QWidget(bar);
+  auto* row = new QHBoxLayout(content);
+  row->setContentsMargins(grid::half, 0, 0, 0);
+  row->setSpacing(grid::half);
+  title_ = new ElidedLabel({}, TextStyle::headline, Qt::ElideMiddle, Role::text, content);
   title_->setObjectName(QStringLiteral("projectTitle"));
-  bar->addWidget(title_);
-  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), bar);
+  row->addWidget(title_);
+  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), content);
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
   savedBadge_->setPresented(manager_.showSavedBadge());
-  bar->addWidget(savedBadge_);
-  addSpace(0);
+  row->addWidget(savedBadge_);
+  row->addStretch(1);
 
-  tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, bar);
+  tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, content);
   tabs_->setObjectName(QStringLiteral("tabs"));
   tabs_->setFixedWidth(kTabsWidth);
   connect(tabs_, &SegmentedControl::currentChanged, this,
           [this](int tab) { manager_.setSelectedTab(tab); });
-  tabsAction_ = bar->addWidget(tabs_);
+  row->addWidget(tabs_);
 
-  previewSwitch_ = new IconButton(Symbol::eye, tr("Toggle Preview"), bar);
+  previewSwitch_ = new IconButton(Symbol::eye, tr("Toggle Preview"), content);
   previewSwitch_->setObjectName(QStringLiteral("togglePreview"));
   previewSwitch_->setToolTip(tr("Toggle font preview panel"));
   previewSwitch_->setFocusPolicy(Qt::TabFocus);
   connect(previewSwitch_, &QToolButton::clicked, this, &MainWindow::togglePreview);
-  bar->addWidget(previewSwitch_);
+  row->addWidget(previewSwitch_);
+  bar->addWidget(content);
   addToolBar(bar);
 }
 
@@ -223,7 +222,7 @@ void MainWindow::showWorkArea() {
     if (pages.currentIndex() != page) pages.setCurrentIndex(page);
   };
   tabs_->setCurrent(manager_.selectedTab());
-  tabsAction_->setVisible(hasGlyphs);
+  tabs_->setVisible(hasGlyphs);
   turnTo(*workAreas_, manager_.selectedTab() == kKerningTab ? kKerningTab : kGlyphsTab);
   turnTo(*pages_, hasGlyphs ? kWorkPage : kEmptyPage);
   // What is typed and chosen in the preview lasts as long as it is there.

@@ -12,13 +12,13 @@ class QStackedWidget;
 namespace quillery {
 
 class Badge;
+class ElidedLabel;
 class GlyphGridView;
 class GlyphSplitView;
 class IconButton;
 class KerningEditorView;
 class ResizableSplitView;
 class SegmentedControl;
-class TextLabel;
 class WatchBar;
 
 /// The one window: sidebar, work area, tool bar and menus.
@@ -55,9 +55,8 @@ private:
   std::vector<Command> commands_;
   std::vector<std::pair<QAction*, std::size_t>> actions_; // with places in commands_
   QMenu* recentMenu_ = nullptr;
-  TextLabel* title_ = nullptr;
+  ElidedLabel* title_ = nullptr;
   Badge* savedBadge_ = nullptr;
-  QAction* tabsAction_ = nullptr;
   SegmentedControl* tabs_ = nullptr;
   IconButton* previewSwitch_ = nullptr;
   bool showPreview_ = true;
