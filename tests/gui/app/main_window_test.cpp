@@ -254,7 +254,7 @@ private Q_SLOTS:
   void aGlyphSelectedElsewhereIsScrolledTo() {
     Program program{"A", "V"};
     program.window.grid().findChild<QSlider*>()->setValue(20);
-    program.window.resize(program.window.minimumSize());
+    program.window.resize(program.window.minimumSize() + QSize(0, 150));
     settle();
     const auto isShown = [&] {
       settle();
