@@ -14,8 +14,9 @@ constexpr int kFirstCard = 120;
 } // namespace
 
 GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
-    : QWidget(parent), drops_(manager), cards_(new GlyphCardArea(manager, this)),
-      header_(new GlyphGridHeader(cards_->sortOrder(), kFirstCard, this)) {
+    : QWidget(parent), drops_(manager),
+      header_(new GlyphGridHeader(GlyphSortOrder::unicode, kFirstCard, this)),
+      cards_(new GlyphCardArea(manager, this)) {
   setObjectName(QStringLiteral("glyphGrid"));
   setAcceptDrops(true);
   auto* column = new QVBoxLayout(this);
@@ -25,7 +26,6 @@ GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
   column->addWidget(cards_, 1);
   connect(header_, &GlyphGridHeader::sortOrderChosen, cards_, &GlyphCardArea::setSortOrder);
   connect(header_, &GlyphGridHeader::cardSizeChosen, cards_, &GlyphCardArea::setCardSize);
-  setTabOrder(header_, cards_);
 }
 
 void GlyphGridView::dragEnterEvent(QDragEnterEvent* event) {

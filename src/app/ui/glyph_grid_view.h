@@ -22,8 +22,8 @@ protected:
 
 private:
   SVGDropDelegate drops_;
+  GlyphGridHeader* header_; // before the cards, for the Tab key
   GlyphCardArea* cards_;
-  GlyphGridHeader* header_;
 };
 
 } // namespace quillery

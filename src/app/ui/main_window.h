@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ui/commands_table.h"
+#include "app/ui/pane_focus.h"
 #include "project/project_watch.h"
 #include "project/recent_projects_manager.h"
 
@@ -13,6 +14,7 @@ namespace quillery {
 
 class Badge;
 class ElidedLabel;
+class EmptyStateView;
 class GlyphGridView;
 class GlyphSplitView;
 class IconButton;
@@ -34,6 +36,7 @@ public:
 
 protected:
   bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -46,6 +49,10 @@ private:
   void showTitle();
   void showWorkArea();
   void togglePreview();
+  QList<PaneFocus::Pane> panes();
+  void goToTab(int tab);
+  void focusWorkArea();
+  void leaveButton();
   void enableCommands();
   void showLicenses();
   void openHelp();
@@ -65,6 +72,12 @@ private:
   GlyphSplitView* glyphs_ = nullptr;
   ResizableSplitView* split_ = nullptr;
   WatchBar* watchBar_ = nullptr;
+  QWidget* notedBar_ = nullptr;
+  QWidget* sidebar_ = nullptr;
+  QWidget* toolBar_ = nullptr;
+  EmptyStateView* empty_ = nullptr;
+  KerningEditorView* kerning_ = nullptr;
+  PaneFocus paneFocus_{[this] { return panes(); }};
   Connection recentConnection_;
   ProjectWatch watch_;
 };
