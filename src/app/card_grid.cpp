@@ -43,6 +43,18 @@ std::pair<std::size_t, std::size_t> CardGrid::cardsBetween(double top, double bo
   return {std::min(count_, firstRow * columns_), std::min(count_, endRow * columns_)};
 }
 
+std::vector<std::size_t> CardGrid::cardsIn(const Rect& rect) const {
+  std::vector<std::size_t> cards;
+  const auto [first, end] = cardsBetween(rect.minY(), rect.maxY());
+  for (std::size_t i = first; i < end; ++i) {
+    const Rect place = card(i);
+    if (place.minX() <= rect.maxX() && rect.minX() <= place.maxX() && place.minY() <= rect.maxY() &&
+        rect.minY() <= place.maxY())
+      cards.push_back(i);
+  }
+  return cards;
+}
+
 std::optional<std::size_t> CardGrid::moved(std::optional<std::size_t> from, Move move,
                                            double pageHeight) const {
   if (count_ == 0) return std::nullopt;

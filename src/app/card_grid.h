@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace quillery {
 
@@ -31,6 +32,9 @@ public:
   std::optional<std::size_t> cardAt(Point point) const;
   /// First and one past the last of the cards that touch a band of the content.
   std::pair<std::size_t, std::size_t> cardsBetween(double top, double bottom) const;
+
+  /// The cards that a rectangle touches, ascending.
+  std::vector<std::size_t> cardsIn(const Rect& rect) const;
 
   enum class Move { left, right, up, down, pageUp, pageDown, first, last };
   /// Where the arrow and page keys lead from a card, within the grid; the first card from none.

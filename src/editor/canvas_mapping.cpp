@@ -6,15 +6,22 @@ namespace quillery {
 namespace {
 
 constexpr double kMargin = 40;     // points on each side
+constexpr double kLeastPart = 0.5; // of a canvas that is no wider than its margins
 constexpr double kOverhang = 500;  // font units that horizontal guides reach past the em
 constexpr double kLabelInset = 40; // points from the right edge
 constexpr double kLabelRise = 10;  // points above the line
 
+// Where the margins would leave nothing, as in the smallest window, the letter stays in sight.
+double between(double extent) {
+  const double room = extent - 2 * kMargin;
+  return room > 0 ? room : std::max(0.0, extent) * kLeastPart;
+}
+
 } // namespace
 
 CanvasMapping::CanvasMapping(const FontInfo& font, Size canvas)
-    : pointsPerUnit_(std::min((canvas.width - 2 * kMargin) / static_cast<double>(font.unitsPerEm),
-                              (canvas.height - 2 * kMargin) / (font.ascender - font.descender))),
+    : pointsPerUnit_(std::min(between(canvas.width) / static_cast<double>(font.unitsPerEm),
+                              between(canvas.height) / (font.ascender - font.descender))),
       offsetX_((canvas.width - static_cast<double>(font.unitsPerEm) * pointsPerUnit_) / 2),
       centreY_(canvas.height / 2), middle_((font.ascender + font.descender) / 2) {}
 
@@ -48,6 +55,7 @@ std::vector<Guide> glyphGuides(const FontInfo& font, const Glyph& glyph, Size ca
 }
 
 std::vector<GuideLabel> guideLabels(const FontInfo& font, Size canvas) {
+  if (canvas.width <= 2 * kMargin) return {}; // they would hide the letter
   const CanvasMapping mapping(font, canvas);
   const auto label = [&](GuideRole role, const char* text, double y) {
     return GuideLabel{

@@ -92,6 +92,16 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
   add(Menu::edit, "deleteSelected", tr("Delete Selected"), Qt::CTRL | Qt::Key_Backspace,
       hasSelection, [&] { manager.deleteSelectedGlyphs(); });
 
+  add(Menu::view, "glyphsTab", tr("Glyphs"), Qt::CTRL | Qt::Key_1, hasGlyphs,
+      [goToTab = targets.goToTab] { goToTab(0); });
+  add(Menu::view, "kerningTab", tr("Kerning"), Qt::CTRL | Qt::Key_2, hasGlyphs,
+      [goToTab = targets.goToTab] { goToTab(1); });
+  divider(Menu::view);
+  add(Menu::view, "nextPane", tr("Next Pane"), Qt::Key_F6, always,
+      [goToPane = targets.goToPane] { goToPane(true); });
+  add(Menu::view, "previousPane", tr("Previous Pane"), Qt::SHIFT | Qt::Key_F6, always,
+      [goToPane = targets.goToPane] { goToPane(false); });
+
   add(Menu::help, "help", tr("Quillery Help"), Qt::CTRL | Qt::Key_Question, always,
       targets.openHelp);
   add(Menu::help, "licenses", tr("Third-Party Licenses..."), {}, always, targets.showLicenses);

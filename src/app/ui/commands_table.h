@@ -12,7 +12,7 @@ namespace quillery {
 
 /// A command of the program, as menus, shortcuts and tests know it.
 struct Command {
-  enum class Menu { file, edit, help };
+  enum class Menu { file, edit, view, help };
 
   Menu menu;
   QString id;    ///< the object name of its action
@@ -32,6 +32,8 @@ struct CommandTargets {
   std::function<void()> importSheet;
   std::function<void()> watchFolder; ///< or stop watching it
   std::function<bool()> isWatching;
+  std::function<void(int tab)> goToTab;
+  std::function<void(bool forward)> goToPane;
 };
 
 /// Every command, menu by menu in their order.

@@ -1,17 +1,18 @@
 #pragma once
 
-#include "app/card_grid.h"
-#include "project/glyph_sort_order.h"
+#include "app/card_band.h"
+#include "app/displayed_glyphs.h"
 #include "project/project_watch.h"
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
 #include <QElapsedTimer>
-#include <unordered_map>
 
 namespace quillery {
 
 /// The scrolling part of the glyph grid: every glyph as a card, in display order. Paints what is
-/// visible only, and of that only what changed.
+/// visible only, and of that only what changed. Whatever moves the cards, the one selected last
+/// stays in sight, or else the first of those that were.
 class GlyphCardArea : public QAbstractScrollArea {
   Q_OBJECT
 public:
@@ -22,14 +23,14 @@ public:
   /// Least width of a card, in points.
   void setCardSize(int points);
 
-  std::size_t cardCount() const { return displayed_.size(); }
+  std::size_t cardCount() const { return displayed_.count(); }
   /// The glyph of a card; null while the project is changing.
   const Glyph* glyphOfCard(std::size_t index) const;
   bool isSelected(std::size_t index) const;
   /// In viewport coordinates.
   QRect cardRect(std::size_t index) const;
   std::optional<std::size_t> cardAt(QPoint viewportPosition) const;
-  /// The card that keys move from.
+  /// The card that keys move from: where they went last, or the one selected last.
   std::optional<std::size_t> currentCard() const;
   /// Selects its glyph alone and shows it.
   void selectCard(std::size_t index);
@@ -47,34 +48,58 @@ protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
+  void timerEvent(QTimerEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
+  // A card, and how far it is from the top of what is in sight.
+  struct Place {
+    Uuid glyph;
+    double distance;
+  };
+
   void refresh(const ProjectChanges& changes);
-  bool standsAsDisplayed() const;
   void placeCards();
-  bool movesCard(const Uuid& id) const;
   void layOut();
+  void arrange();
+  Place currentPlace() const;
+  void keepPlace(const Place& place);
+  void revealLastSelected();
+  std::optional<std::size_t> lastSelectedCard() const;
   void followSelection();
   void repaintCard(const Uuid& id);
-  void paintCard(QPainter& painter, std::size_t index);
-  void moveSelection(CardGrid::Move move, bool extend);
+  Point contentPoint(QPoint viewportPosition) const;
+
+  void startBand(QMouseEvent* event);
+  void dragBand(QPoint to);
+  void endBand();
+  void cancelBand();
+  QRect bandRect() const;
+  bool moveByKey(QKeyEvent* event);
+  void moveSelection(std::size_t target, bool extend);
+  void moveCursor(std::size_t target);
+  void deleteSelected();
   bool findTyped(const QString& text);
-  int textHeight() const;
 
   ProjectManager& manager_;
   GlyphSortOrder sortOrder_ = GlyphSortOrder::unicode;
   int cardSize_ = 120;
   CardGrid grid_;
-  std::vector<Uuid> displayed_;
-  // What the display order was made from, card by card.
-  std::vector<std::size_t> positions_;
-  std::vector<std::string> characters_;
-  std::vector<std::string> names_;
-  std::unordered_map<Uuid, std::size_t> cardOf_;
+  DisplayedGlyphs displayed_;
   std::unordered_set<Uuid> paintedSelection_;
+  std::optional<Uuid> cursor_; // where Ctrl and the arrows went
+  std::optional<Uuid> ofMenu_; // whose menu is open
+  bool pointed_ = false;       // the pointer selected: nothing moves under it
+  std::optional<CardBand> band_;
+  QPoint bandEnd_; // in the viewport
+  QBasicTimer scrolling_;
   QString typed_;
   QElapsedTimer sinceTyped_;
   ProjectWatch watch_;

@@ -3,10 +3,9 @@
 #include "app/ui/glyph_card_area.h"
 #include "svg/svg_drop.h"
 
-class QSlider;
-class QToolButton;
-
 namespace quillery {
+
+class GlyphGridHeader;
 
 /// Every glyph of the project as a card, with the choice of order and size above. Takes dropped
 /// drawings.
@@ -18,20 +17,13 @@ public:
   GlyphCardArea& cards() { return *cards_; }
 
 protected:
-  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
 private:
-  QWidget* makeHeader();
-  void setSortOrder(GlyphSortOrder order);
-  void fitSortButton();
-
   SVGDropDelegate drops_;
+  GlyphGridHeader* header_; // before the cards, for the Tab key
   GlyphCardArea* cards_;
-  QToolButton* sortButton_;
-  QSlider* sizeSlider_;
-  QWidget* header_;
 };
 
 } // namespace quillery

@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kLeastGrid = 300;
 constexpr int kIdealGrid = 600;
+constexpr int kPanel = 281; // of values, with its line: never gives way
+constexpr int kLeastCanvas = 76;
 
 } // namespace
 
@@ -20,6 +22,7 @@ GlyphSplitView::GlyphSplitView(ProjectManager& manager, QWidget* parent)
   setChildrenCollapsible(false);
   setHandleWidth(1);
   grid_->setMinimumWidth(kLeastGrid);
+  editor_->setMinimumWidth(kPanel + kLeastCanvas);
   addWidget(grid_);
   addWidget(editor_);
   setStretchFactor(0, 1);
@@ -31,9 +34,9 @@ void GlyphSplitView::resizeEvent(QResizeEvent* event) {
   QSplitter::resizeEvent(event);
   if (laidOut_ || !isVisible()) return;
   laidOut_ = true;
-  // Half of a small window each, and what is beyond the ideal grid goes to the editor.
+  // As much grid as canvas; what is beyond the ideal grid goes to the canvas.
   const int room = width() - handleWidth();
-  const int grid = std::clamp(room / 2, kLeastGrid, kIdealGrid);
+  const int grid = std::clamp((room - kPanel) / 2, kLeastGrid, kIdealGrid);
   setSizes({grid, room - grid});
 }
 

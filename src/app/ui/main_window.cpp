@@ -1,6 +1,7 @@
 #include "app/ui/main_window.h"
 
 #include "app/ui/empty_state_view.h"
+#include "app/ui/glyph_grid_view.h"
 #include "app/ui/glyph_split_view.h"
 #include "app/ui/licenses_view.h"
 #include "app/ui/project_sidebar.h"
@@ -9,7 +10,10 @@
 #include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "drawing/ui/sheet_import_view.h"
+#include "editor/ui/editor_area.h"
+#include "editor/ui/glyph_form_panel.h"
 #include "export/ui/export_progress_view.h"
+#include "kerning/ui/kerning_adjustment_view.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "preview/ui/preview_panel.h"
 #include "svg/ui/dropped_files.h"
@@ -20,6 +24,7 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QDragEnterEvent>
+#include <QListView>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -60,7 +65,8 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
           {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); },
            [this] { importSheet(manager_, this); },
            [this] { watchBar_->isWatching() ? watchBar_->stop() : watchBar_->chooseFolder(); },
-           [this] { return watchBar_->isWatching(); }})),
+           [this] { return watchBar_->isWatching(); }, [this](int tab) { goToTab(tab); },
+           [this](bool forward) { paneFocus_.goToPane(focusWidget(), forward); }})),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
       // Values are here for the edit that is being typed or dragged, which can be undone.
       watch_(manager,
@@ -93,23 +99,27 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   auto* row = new QHBoxLayout(body);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
-  row->addWidget(new ProjectSidebar(manager_, exportFlow, body));
+  sidebar_ = new ProjectSidebar(manager_, exportFlow, body);
+  row->addWidget(sidebar_);
   row->addWidget(makeSeparator(Qt::Vertical, body));
 
   pages_ = new QStackedWidget(body);
   workAreas_ = new QStackedWidget(pages_);
   glyphs_ = new GlyphSplitView(manager_, workAreas_);
   workAreas_->addWidget(glyphs_);
-  workAreas_->addWidget(new KerningEditorView(manager_, workAreas_));
+  kerning_ = new KerningEditorView(manager_, workAreas_);
+  workAreas_->addWidget(kerning_);
   split_ = new ResizableSplitView(workAreas_, kLeastWorkArea, kLeastPreview, pages_);
-  pages_->addWidget(new EmptyStateView(manager_, pages_));
+  empty_ = new EmptyStateView(manager_, pages_);
+  pages_->addWidget(empty_);
   pages_->addWidget(split_);
   auto* column = new QVBoxLayout;
   column->setSpacing(0);
   watchBar_ = new WatchBar(manager_, body);
   connect(watchBar_, &WatchBar::switched, this, &MainWindow::enableCommands);
   column->addWidget(watchBar_);
-  column->addWidget(new NotedDrawingsBar(manager_, body));
+  notedBar_ = new NotedDrawingsBar(manager_, body);
+  column->addWidget(notedBar_);
   column->addWidget(pages_, 1);
   row->addLayout(column, 1);
   return body;
@@ -117,7 +127,7 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
 
 void MainWindow::makeMenus() {
   QMenu* menus[] = {menuBar()->addMenu(tr("&File")), menuBar()->addMenu(tr("&Edit")),
-                    menuBar()->addMenu(tr("&Help"))};
+                    menuBar()->addMenu(tr("&View")), menuBar()->addMenu(tr("&Help"))};
   for (QMenu* menu : menus) connect(menu, &QMenu::aboutToShow, this, [this] { watch_.catchUp(); });
   for (std::size_t i = 0; i < commands_.size(); ++i) {
     const Command& command = commands_[i];
@@ -146,38 +156,38 @@ void MainWindow::makeMenus() {
 
 void MainWindow::makeToolBar() {
   auto* bar = new QToolBar(this);
+  toolBar_ = bar;
   bar->setObjectName(QStringLiteral("toolBar"));
   bar->setMovable(false);
-  // A tool bar's layout knows no margins of its own.
-  const auto addSpace = [bar](int width) {
-    auto* space = new QWidget(bar);
-    width > 0 ? space->setFixedWidth(width)
-              : space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    bar->addWidget(space);
-  };
-  addSpace(grid::half);
-  title_ = new TextLabel({}, TextStyle::headline, Role::text, bar);
+  // One row of our own: a tool bar's layout hides what it has no room for instead of letting the
+  // title give way.
+  auto* content = new QWidget(bar);
+  auto* row = new QHBoxLayout(content);
+  row->setContentsMargins(grid::half, 0, 0, 0);
+  row->setSpacing(grid::half);
+  title_ = new ElidedLabel({}, TextStyle::headline, Qt::ElideMiddle, Role::text, content);
   title_->setObjectName(QStringLiteral("projectTitle"));
-  bar->addWidget(title_);
-  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), bar);
+  row->addWidget(title_);
+  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), content);
   savedBadge_->setObjectName(QStringLiteral("savedBadge"));
   savedBadge_->setPresented(manager_.showSavedBadge());
-  bar->addWidget(savedBadge_);
-  addSpace(0);
+  row->addWidget(savedBadge_);
+  row->addStretch(1);
 
-  tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, bar);
+  tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, content);
   tabs_->setObjectName(QStringLiteral("tabs"));
   tabs_->setFixedWidth(kTabsWidth);
   connect(tabs_, &SegmentedControl::currentChanged, this,
           [this](int tab) { manager_.setSelectedTab(tab); });
-  tabsAction_ = bar->addWidget(tabs_);
+  row->addWidget(tabs_);
 
-  previewSwitch_ = new IconButton(Symbol::eye, tr("Toggle Preview"), bar);
+  previewSwitch_ = new IconButton(Symbol::eye, tr("Toggle Preview"), content);
   previewSwitch_->setObjectName(QStringLiteral("togglePreview"));
   previewSwitch_->setToolTip(tr("Toggle font preview panel"));
   previewSwitch_->setFocusPolicy(Qt::TabFocus);
   connect(previewSwitch_, &QToolButton::clicked, this, &MainWindow::togglePreview);
-  bar->addWidget(previewSwitch_);
+  row->addWidget(previewSwitch_);
+  bar->addWidget(content);
   addToolBar(bar);
 }
 
@@ -207,6 +217,8 @@ void MainWindow::refresh(const ProjectChanges& changes) {
   if (changes.has(What::savedBadge)) savedBadge_->setPresented(manager_.showSavedBadge());
   showWorkArea();
   enableCommands();
+  // Space would press a button that the user went to before the import, or that the focus fell to.
+  if (changes.has(What::imports) && manager_.imports().empty()) leaveButton();
 }
 
 void MainWindow::showTitle() {
@@ -219,17 +231,65 @@ void MainWindow::showTitle() {
 
 void MainWindow::showWorkArea() {
   const bool hasGlyphs = !manager_.currentProject().glyphs.empty();
-  const auto turnTo = [](QStackedWidget& pages, int page) {
-    if (pages.currentIndex() != page) pages.setCurrentIndex(page);
+  bool turned = false;
+  const auto turnTo = [&](QStackedWidget& pages, int page) {
+    if (pages.currentIndex() == page) return;
+    pages.setCurrentIndex(page);
+    turned = true;
   };
   tabs_->setCurrent(manager_.selectedTab());
-  tabsAction_->setVisible(hasGlyphs);
+  tabs_->setVisible(hasGlyphs);
   turnTo(*workAreas_, manager_.selectedTab() == kKerningTab ? kKerningTab : kGlyphsTab);
   turnTo(*pages_, hasGlyphs ? kWorkPage : kEmptyPage);
   // What is typed and chosen in the preview lasts as long as it is there.
   const bool hasPreview = hasGlyphs && showPreview_;
   if (hasPreview != (split_->bottom() != nullptr))
     split_->setBottom(hasPreview ? new PreviewPanel(manager_, split_) : nullptr);
+  if (turned) leaveButton();
+}
+
+QList<PaneFocus::Pane> MainWindow::panes() {
+  QList<PaneFocus::Pane> panes{{toolBar_, nullptr, true},
+                               {sidebar_},
+                               {watchBar_, nullptr, true},
+                               {notedBar_, nullptr, true}};
+  if (pages_->currentIndex() == kEmptyPage) return panes << PaneFocus::Pane{empty_};
+  if (workAreas_->currentIndex() == kGlyphsTab) {
+    panes << PaneFocus::Pane{&grid(), &grid().cards()} << PaneFocus::Pane{&glyphs_->editor()};
+    for (GlyphFormPanel* panel : glyphs_->editor().findChildren<GlyphFormPanel*>())
+      if (panel->isVisible()) panes << PaneFocus::Pane{panel};
+  } else {
+    panes << PaneFocus::Pane{kerning_, kerning_->findChild<QListView*>()}
+          << PaneFocus::Pane{kerning_->findChild<KerningAdjustmentView*>()};
+  }
+  if (split_->bottom()) panes << PaneFocus::Pane{split_->bottom()};
+  return panes;
+}
+
+bool MainWindow::focusNextPrevChild(bool next) {
+  QWidget* const target = paneFocus_.nextControl(focusWidget(), next);
+  if (target) target->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return target != nullptr;
+}
+
+void MainWindow::goToTab(int tab) {
+  manager_.setSelectedTab(tab);
+  watch_.catchUp();
+  focusWorkArea();
+}
+
+void MainWindow::focusWorkArea() {
+  paneFocus_.enter(pages_->currentIndex() == kEmptyPage       ? static_cast<QWidget*>(empty_)
+                   : workAreas_->currentIndex() == kGlyphsTab ? &grid()
+                                                              : static_cast<QWidget*>(kerning_));
+}
+
+// Unless it is a choice of what the window shows, which the arrow keys go on with.
+void MainWindow::leaveButton() {
+  const QWidget* const focused = focusWidget();
+  if (!focused || !focused->isVisible() ||
+      (qobject_cast<const QAbstractButton*>(focused) && !tabs_->isAncestorOf(focused)))
+    focusWorkArea();
 }
 
 void MainWindow::togglePreview() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ui/commands_table.h"
+#include "app/ui/pane_focus.h"
 #include "project/project_watch.h"
 #include "project/recent_projects_manager.h"
 
@@ -12,13 +13,14 @@ class QStackedWidget;
 namespace quillery {
 
 class Badge;
+class ElidedLabel;
+class EmptyStateView;
 class GlyphGridView;
 class GlyphSplitView;
 class IconButton;
 class KerningEditorView;
 class ResizableSplitView;
 class SegmentedControl;
-class TextLabel;
 class WatchBar;
 
 /// The one window: sidebar, work area, tool bar and menus.
@@ -34,6 +36,7 @@ public:
 
 protected:
   bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -46,6 +49,10 @@ private:
   void showTitle();
   void showWorkArea();
   void togglePreview();
+  QList<PaneFocus::Pane> panes();
+  void goToTab(int tab);
+  void focusWorkArea();
+  void leaveButton();
   void enableCommands();
   void showLicenses();
   void openHelp();
@@ -55,9 +62,8 @@ private:
   std::vector<Command> commands_;
   std::vector<std::pair<QAction*, std::size_t>> actions_; // with places in commands_
   QMenu* recentMenu_ = nullptr;
-  TextLabel* title_ = nullptr;
+  ElidedLabel* title_ = nullptr;
   Badge* savedBadge_ = nullptr;
-  QAction* tabsAction_ = nullptr;
   SegmentedControl* tabs_ = nullptr;
   IconButton* previewSwitch_ = nullptr;
   bool showPreview_ = true;
@@ -66,6 +72,12 @@ private:
   GlyphSplitView* glyphs_ = nullptr;
   ResizableSplitView* split_ = nullptr;
   WatchBar* watchBar_ = nullptr;
+  QWidget* notedBar_ = nullptr;
+  QWidget* sidebar_ = nullptr;
+  QWidget* toolBar_ = nullptr;
+  EmptyStateView* empty_ = nullptr;
+  KerningEditorView* kerning_ = nullptr;
+  PaneFocus paneFocus_{[this] { return panes(); }};
   Connection recentConnection_;
   ProjectWatch watch_;
 };

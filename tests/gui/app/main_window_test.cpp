@@ -251,10 +251,69 @@ private Q_SLOTS:
     QVERIFY(find<QPlainTextEdit>("previewText")->toPlainText().startsWith("ABC"_L1));
   }
 
+  void theKeyboardWalksThePanesAsTheEyeDoes() {
+    Program program{"A", "V"};
+    QVERIFY(program.cards().hasFocus());
+    program.click(0);
+    const auto paneOf = [&](const QWidget* widget) {
+      for (; widget; widget = widget->parentWidget())
+        for (const char* pane : {"toolBar", "sidebar", "glyphGrid", "metricsPanel", "glyphCanvas",
+                                 "kerningEditor", "previewPanel"})
+          if (widget->objectName() == QLatin1String(pane)) return QString::fromLatin1(pane);
+      return QString();
+    };
+    const auto walk = [&](Qt::Key key, Qt::KeyboardModifiers modifiers, int steps) {
+      QStringList panes;
+      for (int step = 0; step < steps; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        settle();
+        const QString pane = paneOf(QApplication::focusWidget());
+        if (panes.empty() || panes.back() != pane) panes << pane;
+      }
+      return panes.join(u' ');
+    };
+    for (int turn = 0; turn < 3; ++turn) settle();
+    // The preview's text takes the Tab key for itself.
+    QCOMPARE(walk(Qt::Key_Tab, {}, 8), QStringLiteral("glyphCanvas metricsPanel previewPanel"));
+    program.cards().setFocus();
+    QCOMPARE(walk(Qt::Key_Backtab, Qt::ShiftModifier, 15),
+             QStringLiteral("glyphGrid sidebar toolBar"));
+    program.cards().setFocus();
+    QCOMPARE(walk(Qt::Key_F6, {}, 5),
+             QStringLiteral("glyphCanvas metricsPanel previewPanel sidebar glyphGrid"));
+    QVERIFY(program.cards().hasFocus());
+    QCOMPARE(walk(Qt::Key_F6, Qt::ShiftModifier, 2), QStringLiteral("sidebar previewPanel"));
+    QCOMPARE(walk(Qt::Key_2, Qt::ControlModifier, 1), QStringLiteral("kerningEditor"));
+    QCOMPARE(program.manager.selectedTab(), 1);
+    QCOMPARE(walk(Qt::Key_1, Qt::ControlModifier, 1), QStringLiteral("glyphGrid"));
+  }
+
+  void anImportLeavesNoButtonWithTheFocus() {
+    Program program;
+    const auto import = [&](const char* name) {
+      program.desktop.openAnswer = {
+          program.folder.write(std::string(name) + ".svg", "<path d=\"M0 0 L9 9\"/>")};
+      program.action("importDrawings")->trigger();
+      program.desktop.runUntil([&] {
+        return program.manager.imports().empty() && program.selected() == QLatin1String(name);
+      });
+      settle();
+    };
+    import("A");
+    QVERIFY(program.cards().hasFocus());
+    find<QToolButton>("togglePreview")->setFocus();
+    import("B");
+    QVERIFY(program.cards().hasFocus());
+    // What is being typed goes on.
+    find<QLineEdit>("designer")->setFocus();
+    import("C");
+    QVERIFY(find<QLineEdit>("designer")->hasFocus());
+  }
+
   void aGlyphSelectedElsewhereIsScrolledTo() {
     Program program{"A", "V"};
     program.window.grid().findChild<QSlider*>()->setValue(20);
-    program.window.resize(program.window.minimumSize());
+    program.window.resize(program.window.minimumSize() + QSize(0, 150));
     settle();
     const auto isShown = [&] {
       settle();
