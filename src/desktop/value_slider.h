@@ -13,12 +13,11 @@ enum class GestureKind {
 
 /// A slider over a range of doubles, without steps for the mouse.
 ///
-/// Every way to move it is a gesture: a press of the mouse until its release, a key held down,
-/// notches of the wheel until a pause or anything else that the user does, a change by assistive
-/// technology. `moved` is emitted between `gestureBegan`
-/// and `gestureEnded`, or `gestureCancelled` when Escape was pressed: then whoever listens puts
-/// the value back. In a panel that scrolls, the wheel is the panel's until the slider has the
-/// focus.
+/// Every way to move it is a gesture: a press of the mouse until its release, keys and notches of
+/// the wheel until a pause (kStepPause) or anything else that the user does, a change by assistive
+/// technology. `moved` is emitted between `gestureBegan` and `gestureEnded`, or `gestureCancelled`
+/// when Escape was pressed: then whoever listens puts the value back. In a panel that scrolls, the
+/// wheel is the panel's until the slider has the focus.
 class ValueSlider : public QSlider {
   Q_OBJECT
 public:
@@ -51,7 +50,6 @@ protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -63,6 +61,8 @@ private:
   void end();
   void cancel();
   void move(double value);
+  /// Moves it as one step of a gesture that may go on.
+  void step(double value);
   double valueAt(double x) const;
   bool moveByKey(int key);
   bool leavesWheelToPanel() const;
@@ -73,7 +73,7 @@ private:
   double value_;
   double grabOffset_ = 0; // from the middle of the handle to the pointer
   int wheelAngle_ = 0;
-  QTimer wheelPause_; // runs while the wheel is the gesture
+  QTimer stepPause_; // runs while the gesture is one of steps; "stepPause"
   bool inGesture_ = false;
 };
 

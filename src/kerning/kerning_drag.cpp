@@ -6,6 +6,7 @@ namespace quillery {
 
 void KerningDrag::press(const Uuid& pair, Point at) {
   start_ = at;
+  pause_.stop();
   edit_.begin(pair);
 }
 
@@ -19,6 +20,15 @@ void KerningDrag::drag(Point to, Size canvas) {
   const auto mapping = KerningCanvasMapping::make(left->advanceWidth(), right->advanceWidth(),
                                                   edit_.startValue(), canvas);
   if (mapping) edit_.set(edit_.startValue() + (to.x - start_.x) / mapping->pointsPerUnit());
+}
+
+void KerningDrag::nudge(const Uuid& pair, double by) {
+  const KerningPair* edited = isNudging() ? edit_.pair() : nullptr;
+  if (!edited || edited->id != pair) edit_.begin(pair);
+  edited = edit_.pair();
+  if (!edited) return;
+  edit_.set(edited->value + by);
+  pause_.restart([this] { edit_.end(); });
 }
 
 } // namespace quillery

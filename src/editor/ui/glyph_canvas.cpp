@@ -152,7 +152,7 @@ void GlyphCanvas::keyPressEvent(QKeyEvent* event) {
   const bool plain =
       !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
   const double by = shift ? kLargeNudge : kNudge;
-  if (plain && !drag_.isDragging()) {
+  if (plain && !isTracking()) {
     switch (event->key()) {
     case Qt::Key_Left:
       return drag_.nudge({-by, 0});

@@ -19,6 +19,7 @@ public:
   bool isDragging() const { return drag_.isDragging(); }
 
 protected:
+  bool hasGesture() const override { return isTracking() || drag_.isNudging(); }
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

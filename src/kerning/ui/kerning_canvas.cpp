@@ -83,10 +83,9 @@ void KerningCanvas::keyPressEvent(QKeyEvent* event) {
   const bool left = event->key() == Qt::Key_Left;
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool nudge = (left || event->key() == Qt::Key_Right) && !(modifiers & ~Qt::ShiftModifier);
-  if (!nudge) return MouseTrackingView::keyPressEvent(event);
+  if (!nudge || isTracking()) return MouseTrackingView::keyPressEvent(event);
   const double step = modifiers & Qt::ShiftModifier ? kLargeStep : kSmallStep;
-  if (const KerningPair* pair = manager_.kerningPairWithId(pair_))
-    enterKerningValue(manager_, pair_, pair->value + (left ? -step : step));
+  drag_.nudge(pair_, left ? -step : step);
 }
 
 void KerningCanvas::focusInEvent(QFocusEvent* event) {

@@ -21,6 +21,7 @@ public:
   QSize minimumSizeHint() const override;
 
 protected:
+  bool hasGesture() const override { return isTracking() || drag_.isNudging(); }
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
