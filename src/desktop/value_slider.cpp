@@ -54,6 +54,7 @@ ValueSlider::ValueSlider(double least, double greatest, double step, QWidget* pa
     : QSlider(Qt::Horizontal, parent), least_(least), greatest_(greatest), step_(step),
       value_(least), stepPause_(this) {
   setRange(0, kTicks);
+  if (least < 0 && greatest > 0) origin_ = 0;
   stepPause_.setSingleShot(true);
   stepPause_.setObjectName(QStringLiteral("stepPause"));
   stepPause_.setInterval(static_cast<int>(kStepPause * 1000));
@@ -69,6 +70,10 @@ void ValueSlider::showValue(double value) {
     QAccessibleValueChangeEvent changed(this, value_);
     QAccessible::updateAccessibility(&changed);
   }
+}
+
+void ValueSlider::setHasValue(bool hasValue) {
+  if (std::exchange(hasValue_, hasValue) != hasValue) update();
 }
 
 void ValueSlider::moveTo(double value) {
@@ -116,17 +121,27 @@ void ValueSlider::step(double value) {
   move(value);
 }
 
-double ValueSlider::valueAt(double x) const {
+ValueSlider::Path ValueSlider::path() const {
   QStyleOptionSlider option;
   initStyleOption(&option);
   const QRect groove =
       style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
   const QRect handle =
       style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+  const double from = groove.left() + handle.width() / 2.0;
   const double length = std::max(1, groove.width() - handle.width());
-  double part = std::clamp((x - groove.left() - handle.width() / 2.0) / length, 0.0, 1.0);
-  if (option.upsideDown) part = 1 - part;
+  return option.upsideDown ? Path{from + length, -length} : Path{from, length};
+}
+
+double ValueSlider::valueAt(double x) const {
+  const Path middles = path();
+  const double part = std::clamp((x - middles.from) / middles.length, 0.0, 1.0);
   return least_ + part * (greatest_ - least_);
+}
+
+double ValueSlider::placeOf(double value) const {
+  const Path middles = path();
+  return middles.from + (value - least_) / (greatest_ - least_) * middles.length;
 }
 
 bool ValueSlider::event(QEvent* event) {

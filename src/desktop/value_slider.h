@@ -2,6 +2,7 @@
 
 #include <QSlider>
 #include <QTimer>
+#include <optional>
 
 namespace quillery {
 
@@ -35,6 +36,16 @@ public:
   /// Moves it as one whole gesture.
   void moveTo(double value);
 
+  /// The value from which the track is filled, where it has a mark: zero, unless the range begins
+  /// or ends there or lies beyond. Nothing means from the lesser end.
+  const std::optional<double>& origin() const { return origin_; }
+  void setOrigin(double value) { origin_ = value; }
+  /// What it shows is a value. False leaves the track empty, for one that only rests somewhere.
+  bool hasValue() const { return hasValue_; }
+  void setHasValue(bool hasValue);
+  /// Where the middle of the handle is for a value.
+  double placeOf(double value) const;
+
 Q_SIGNALS:
   void gestureBegan(GestureKind kind);
   void moved(double value);
@@ -63,6 +74,12 @@ private:
   void move(double value);
   /// Moves it as one step of a gesture that may go on.
   void step(double value);
+  /// Where the middle of the handle goes: from its place at the lesser end, negative to the left.
+  struct Path {
+    double from;
+    double length;
+  };
+  Path path() const;
   double valueAt(double x) const;
   bool moveByKey(int key);
   bool leavesWheelToPanel() const;
@@ -71,6 +88,8 @@ private:
   double greatest_;
   double step_;
   double value_;
+  std::optional<double> origin_;
+  bool hasValue_ = true;
   double grabOffset_ = 0; // from the middle of the handle to the pointer
   int wheelAngle_ = 0;
   QTimer stepPause_; // runs while the gesture is one of steps; "stepPause"

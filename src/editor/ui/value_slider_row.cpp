@@ -39,6 +39,7 @@ ValueSliderRow::ValueSliderRow(const GlyphMetricInfo& info, QWidget* parent) : Q
   slider_ = new ValueSlider(info.least, info.greatest, info.step, this);
   slider_->setObjectName(name);
   slider_->setAccessibleName(label);
+  if (info.origin) slider_->setOrigin(*info.origin);
 
   auto* const header = new QHBoxLayout;
   header->setSpacing(grid::unit);

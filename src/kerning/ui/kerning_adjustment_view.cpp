@@ -23,6 +23,10 @@ using What = ProjectChange::What;
 
 enum Page { kPairPage, kGonePage };
 
+// Four hundred values: longer would be no finer.
+constexpr int kControlsWidth = 640;
+constexpr int kControlsStretch = 1000; // all there is up to that width
+
 } // namespace
 
 KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* parent)
@@ -42,7 +46,12 @@ KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* p
   column->setSpacing(grid::gap);
   column->addWidget(makeHeader());
   column->addWidget(canvas_, 1);
-  column->addWidget(makeControls());
+  // In the middle, below the pair, where the way to the slider is short.
+  auto* controls = new QHBoxLayout;
+  controls->addStretch(1);
+  controls->addWidget(makeControls(), kControlsStretch);
+  controls->addStretch(1);
+  column->addLayout(controls);
   addWidget(page);
   auto* gone = new Placeholder(Symbol::exclamationTriangle, {}, this);
   gone->setObjectName(QStringLiteral("pairGone"));
@@ -67,15 +76,18 @@ QWidget* KerningAdjustmentView::makeHeader() {
 
 QWidget* KerningAdjustmentView::makeControls() {
   auto* controls = new QWidget(this);
+  controls->setMaximumWidth(kControlsWidth);
   auto* column = new QVBoxLayout(controls);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   auto* top = new QHBoxLayout;
   top->addWidget(new TextLabel(tr("Kerning Value:"), TextStyle::body, Role::text, controls));
   readout_->setObjectName(QStringLiteral("kerningValue"));
-  top->addStretch(1);
+  top->setSpacing(grid::unit);
+  readout_->setAlignment(Qt::AlignLeft);
   readout_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   top->addWidget(readout_);
+  top->addStretch(1);
   column->addLayout(top);
 
   slider_->setObjectName(QStringLiteral("kerningSlider"));

@@ -4,11 +4,14 @@
 #include "desktop/painting.h"
 #include "desktop/theme.h"
 #include "kerning/kerning_pairs.h"
+#include "kerning/kerning_stage.h"
 #include "kerning/ui/kerning_painting.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
+#include <algorithm>
+#include <cmath>
 
 namespace quillery {
 namespace {
@@ -25,7 +28,7 @@ constexpr double kLargeStep = 10;
 KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
     : MouseTrackingView(parent, Qt::LeftButton), manager_(manager), drag_(manager),
       watch_(manager,
-             {{What::glyphList, What::glyphs, What::kerningList, What::kerningPair},
+             {{What::fontInfo, What::glyphList, What::glyphs, What::kerningList, What::kerningPair},
               [this](const Uuid& glyph) { return isVisible() && shows(glyph); },
               [this](const Uuid& pair) { return pair == pair_; }},
              [this](const ProjectChanges&) { update(); }) {
@@ -34,7 +37,10 @@ KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
   onMouseDown = [this](Point p, MouseButton) { drag_.press(pair_, p); };
-  onMouseDragged = [this](Point p) { drag_.drag(p, canvasSize(*this)); };
+  onMouseDragged = [this](Point p) {
+    const Rect canvas = stage();
+    drag_.drag(p, {canvas.width, canvas.height});
+  };
   onMouseUp = [this] { drag_.release(); };
   onMouseCancelled = [this] { drag_.cancel(); };
 }
@@ -60,6 +66,16 @@ KerningScene KerningCanvas::scene() const {
           pair->value};
 }
 
+Rect KerningCanvas::stage() const {
+  const KerningScene shown = scene();
+  double depth = -manager_.currentProject().descender;
+  for (const Glyph* glyph : {shown.left, shown.right})
+    if (glyph && std::isfinite(glyph->boundingBox().minY()))
+      depth = std::max(depth, -glyph->boundingBox().minY());
+  const auto advance = [](const Glyph* glyph) { return glyph ? glyph->advanceWidth() : 0; };
+  return kerningStage(advance(shown.left), advance(shown.right), depth, canvasSize(*this));
+}
+
 bool KerningCanvas::shows(const Uuid& glyph) const {
   const KerningScene shown = scene();
   return (shown.left && shown.left->id() == glyph) || (shown.right && shown.right->id() == glyph);
@@ -71,7 +87,7 @@ void KerningCanvas::paintEvent(QPaintEvent*) {
   painter.save();
   // A glyph may be larger than the canvas, or lie beside its advance.
   painter.setClipRect(rect().adjusted(1, 1, -1, -1));
-  paintKerning(painter, scene(), canvasSize(*this));
+  paintKerning(painter, scene(), stage(), width());
   painter.restore();
   if (!hasFocus()) return;
   QStyleOptionFocusRect ring;

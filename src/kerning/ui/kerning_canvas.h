@@ -30,6 +30,8 @@ protected:
 private:
   bool shows(const Uuid& glyph) const;
   KerningScene scene() const;
+  /// Where the pair is drawn and dragged.
+  Rect stage() const;
 
   ProjectManager& manager_;
   Uuid pair_;

@@ -217,6 +217,24 @@ private Q_SLOTS:
     QCOMPARE(editor.glyph().rightSideBearing(), 300.0);
   }
 
+  void slidersAreFilledFromWhereNothingIsChanged() {
+    Editor editor{"A", "B"};
+    const auto isFilled = [&](const char* metric, double value) {
+      settle();
+      auto* slider = find<ValueSlider>(metric);
+      const QPointF at(slider->placeOf(value), slider->height() / 2.0);
+      return slider->grab().toImage().pixelColor(at.toPoint()) == themeColor(Role::accent);
+    };
+    editor.select({0}); // its left side bearing is 50
+    QVERIFY(!isFilled("leftSideBearing", -50) && isFilled("leftSideBearing", 20));
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& g) { g.setLeftSideBearing(-90); });
+    QVERIFY(isFilled("leftSideBearing", -30) && !isFilled("leftSideBearing", 20));
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& g) { g.setScale(1.6); });
+    QVERIFY(!isFilled("scale", 0.6) && isFilled("scale", 1.2) && isFilled("advanceWidth", 150));
+    editor.select({0, 1}); // which differ
+    QVERIFY(!isFilled("leftSideBearing", -30) && !isFilled("scale", 1.2));
+  }
+
   void theCharacterFieldKeepsOneCharacter() {
     Editor editor{"A", "B"};
     editor.select({0});
