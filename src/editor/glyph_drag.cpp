@@ -32,6 +32,13 @@ std::vector<GlyphMetric> metricsOf(MouseButton button) {
   return {GlyphMetric::scale};
 }
 
+// What a button changes, with what follows from it.
+std::vector<GlyphMetric> shownMetrics(MouseButton button) {
+  std::vector<GlyphMetric> metrics = metricsOf(button);
+  if (button == MouseButton::right) metrics.push_back(GlyphMetric::advanceWidth);
+  return metrics;
+}
+
 const char* actionName(MouseButton button, bool sideways, bool upwards) {
   switch (button) {
   case MouseButton::left:
@@ -111,6 +118,15 @@ void GlyphDrag::nudge(Point by) {
   apply({by.x != 0 ? kSideBearing.clamp(left + by.x) : left,
          by.y != 0 ? kVerticalOffset.clamp(up + by.y) : up});
   pause_.restart([this] { edit_.end(); });
+}
+
+std::vector<MetricChange> GlyphDrag::changes() const {
+  const Glyph* const glyph = manager_.glyphWithId(glyph_);
+  if (!glyph || !(isDragging() || isNudging())) return {};
+  std::vector<MetricChange> changes;
+  for (const GlyphMetric metric : shownMetrics(button_))
+    changes.push_back({metric, pressed_.metric(metric), glyph->metric(metric)});
+  return changes;
 }
 
 } // namespace quillery

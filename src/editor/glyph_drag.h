@@ -9,6 +9,15 @@
 
 namespace quillery {
 
+/// A metric that a gesture changes, from its value at the beginning to that of now.
+struct MetricChange {
+  GlyphMetric metric;
+  double from;
+  double to;
+
+  friend bool operator==(const MetricChange&, const MetricChange&) = default;
+};
+
 /// A drag of a glyph on its canvas. The left button moves the outline (left side bearing and
 /// vertical offset), the right button the right side bearing, the middle button changes the scale.
 /// Points are view points of the canvas, y downwards.
@@ -40,6 +49,9 @@ public:
   /// gesture, and one undo step, until a pause (StepPause), a press or another edit ends it.
   void nudge(Point by);
   bool isNudging() const { return edit_.isOpen() && pause_.isRunning(); }
+
+  /// What the drag or the nudges under way change; nothing while there are none.
+  std::vector<MetricChange> changes() const;
 
 private:
   void begin(MouseButton button);

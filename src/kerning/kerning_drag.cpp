@@ -6,6 +6,7 @@ namespace quillery {
 
 void KerningDrag::press(const Uuid& pair, Point at) {
   start_ = at;
+  dragged_ = false;
   pause_.stop();
   edit_.begin(pair);
 }
@@ -13,6 +14,7 @@ void KerningDrag::press(const Uuid& pair, Point at) {
 void KerningDrag::drag(Point to, Size canvas) {
   const KerningPair* pair = edit_.pair();
   if (!pair) return;
+  dragged_ = true;
   const Glyph* left = manager_.firstGlyphNamed(pair->leftGlyph);
   const Glyph* right = manager_.firstGlyphNamed(pair->rightGlyph);
   if (!left || !right) return;
@@ -27,6 +29,7 @@ void KerningDrag::nudge(const Uuid& pair, double by) {
   if (!edited || edited->id != pair) edit_.begin(pair);
   edited = edit_.pair();
   if (!edited) return;
+  dragged_ = false;
   edit_.set(edited->value + by);
   pause_.restart([this] { edit_.end(); });
 }

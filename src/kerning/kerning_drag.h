@@ -27,10 +27,16 @@ public:
   void nudge(const Uuid& pair, double by);
   bool isNudging() const { return edit_.pair() && pause_.isRunning(); }
 
+  /// The drag or the nudges under way have set a value since `startValue()`.
+  bool isUnderWay() const { return edit_.pair() && (dragged_ || pause_.isRunning()); }
+  /// The value at their beginning.
+  double startValue() const { return edit_.startValue(); }
+
 private:
   ProjectManager& manager_;
   KerningEdit edit_;
   Point start_;
+  bool dragged_ = false;
   StepPause pause_; // after a nudge
 };
 

@@ -90,6 +90,24 @@ TEST_F(DragTest, StopsAtTheLimitsUnderTheNameOfWhatItChanged) {
   }
 }
 
+TEST_F(DragTest, TellsWhatItChangesWhileItLasts) {
+  using Changes = std::vector<MetricChange>;
+  press(MouseButton::right);
+  EXPECT_EQ(canvas.changes(), Changes());
+  move(10, 0);
+  const double advance = before.advanceWidth();
+  EXPECT_EQ(canvas.changes(), (Changes{{GlyphMetric::rightSideBearing, 50, 60},
+                                       {GlyphMetric::advanceWidth, advance, advance + 10}}));
+  canvas.release();
+  EXPECT_EQ(canvas.changes(), Changes());
+  canvas.nudge({1, 0});
+  canvas.nudge({1, 0});
+  EXPECT_EQ(canvas.changes(),
+            (Changes{{GlyphMetric::leftSideBearing, 50, 52}, {GlyphMetric::verticalOffset, 0, 0}}));
+  d.desktop.advance(1.1);
+  EXPECT_EQ(canvas.changes(), Changes());
+}
+
 // Movements too small to resize the outline one by one add up.
 TEST_F(DragTest, ResizesAlsoByTinyMovements) {
   press(MouseButton::middle);

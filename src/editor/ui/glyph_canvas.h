@@ -16,7 +16,10 @@ public:
 
   /// A drag of the glyph before ends.
   void setGlyph(const Uuid& glyph);
-  bool isDragging() const { return drag_.isDragging(); }
+
+Q_SIGNALS:
+  /// The values that a gesture changes, in words; empty when it has ended.
+  void gestureChanged(const QString& values);
 
 protected:
   bool hasGesture() const override { return isTracking() || drag_.isNudging(); }
@@ -26,6 +29,7 @@ protected:
 
 private:
   void nameGlyph();
+  void tellGesture();
 
   ProjectManager& manager_;
   GlyphDrag drag_;

@@ -1,6 +1,7 @@
 #include "kerning/ui/kerning_adjustment_view.h"
 
 #include "base/numbers.h"
+#include "desktop/gesture_line.h"
 #include "desktop/placeholder.h"
 #include "desktop/shown_text.h"
 #include "desktop/value_readout.h"
@@ -45,7 +46,15 @@ KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* p
   column->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::margin);
   column->setSpacing(grid::gap);
   column->addWidget(makeHeader());
-  column->addWidget(canvas_, 1);
+  auto* work = new QVBoxLayout;
+  work->setSpacing(0);
+  work->addWidget(canvas_, 1);
+  auto* line = new GestureLine({{MouseButton::left, tr("Move the right glyph"), tr("Move")},
+                                {std::nullopt, tr("Arrow keys move by 1, with Shift by 10"), {}}},
+                               page);
+  connect(canvas_, &KerningCanvas::gestureChanged, line, &GestureLine::setValues);
+  work->addWidget(line);
+  column->addLayout(work, 1);
   // In the middle, below the pair, where the way to the slider is short.
   auto* controls = new QHBoxLayout;
   controls->addStretch(1);

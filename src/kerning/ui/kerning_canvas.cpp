@@ -2,7 +2,9 @@
 
 #include "desktop/canvas_layers.h"
 #include "desktop/painting.h"
+#include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "kerning/kerning_list.h"
 #include "kerning/kerning_pairs.h"
 #include "kerning/kerning_stage.h"
 #include "kerning/ui/kerning_painting.h"
@@ -28,10 +30,14 @@ constexpr double kLargeStep = 10;
 KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
     : MouseTrackingView(parent, Qt::LeftButton), manager_(manager), drag_(manager),
       watch_(manager,
-             {{What::fontInfo, What::glyphList, What::glyphs, What::kerningList, What::kerningPair},
+             {{What::fontInfo, What::glyphList, What::glyphs, What::kerningList, What::kerningPair,
+               What::history},
               [this](const Uuid& glyph) { return isVisible() && shows(glyph); },
               [this](const Uuid& pair) { return pair == pair_; }},
-             [this](const ProjectChanges&) { update(); }) {
+             [this](const ProjectChanges&) {
+               tellGesture();
+               update();
+             }) {
   setObjectName(QStringLiteral("kerningCanvas"));
   setAccessibleName(tr("Kerning canvas"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -41,14 +47,29 @@ KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
     const Rect canvas = stage();
     drag_.drag(p, {canvas.width, canvas.height});
   };
-  onMouseUp = [this] { drag_.release(); };
-  onMouseCancelled = [this] { drag_.cancel(); };
+  onMouseUp = [this] {
+    drag_.release();
+    tellGesture();
+  };
+  onMouseCancelled = [this] {
+    drag_.cancel();
+    tellGesture();
+  };
 }
 
 void KerningCanvas::setPair(const Uuid& pair) {
   if (pair_ != pair) drag_.release();
   pair_ = pair;
   update();
+}
+
+void KerningCanvas::tellGesture() {
+  const KerningPair* const pair = manager_.kerningPairWithId(pair_);
+  if (!pair || !drag_.isUnderWay()) return Q_EMIT gestureChanged({});
+  // The difference of what is shown, which is rounded.
+  const double by = std::round(pair->value) - std::round(drag_.startValue());
+  Q_EMIT gestureChanged(
+      tr("Kerning %1 (%2)").arg(shownText(kerningText(pair->value)), shownText(kerningText(by))));
 }
 
 QSize KerningCanvas::sizeHint() const {

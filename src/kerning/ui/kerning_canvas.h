@@ -17,6 +17,11 @@ public:
 
   void setPair(const Uuid& pair);
 
+Q_SIGNALS:
+  /// The value that a gesture changes, in words; empty when it has ended.
+  void gestureChanged(const QString& value);
+
+public:
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -29,6 +34,7 @@ protected:
 
 private:
   bool shows(const Uuid& glyph) const;
+  void tellGesture();
   KerningScene scene() const;
   /// Where the pair is drawn and dragged.
   Rect stage() const;

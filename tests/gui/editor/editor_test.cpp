@@ -1,3 +1,4 @@
+#include "desktop/gesture_line.h"
 #include "desktop/value_readout.h"
 #include "desktop/value_slider.h"
 #include "editor/canvas_mapping.h"
@@ -37,13 +38,16 @@ struct Editor : WindowProject {
     auto* column = new QVBoxLayout(&window);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(area);
-    window.resize(1080 + 281, 1080); // the canvas shows a unit as a point
+    window.resize(1080 + 281, 1080);
     bringUp(window);
   }
 
   void select(std::initializer_list<std::size_t> glyphs) {
     manager.clearSelection();
     for (const std::size_t glyph : glyphs) manager.toggleGlyphSelection(ids[glyph]);
+    // The canvas shows a unit as a point.
+    if (const auto* canvas = find<GlyphCanvas>("glyphCanvas"))
+      window.resize(window.size() + QSize(1080, 1080) - canvas->size());
     settle();
   }
   const Glyph& glyph(std::size_t i = 0) const { return manager.currentProject().glyphs[i]; }
@@ -110,11 +114,20 @@ private Q_SLOTS:
     QCOMPARE(editor.glyph().rightSideBearing(), 120.0);
     drag(canvas, Qt::MiddleButton, {{0, -250}});
     QCOMPARE(readout("scale"), u"125%"_s);
+    auto* line = find<GestureLine>("gestureLine");
     drag(canvas, Qt::MiddleButton, {{0, -500}}, false);
+    settle();
+    QCOMPARE(line->values(), u"Scale 175% (+50%)"_s);
     QTest::keyClick(canvas, Qt::Key_Escape);
+    QCOMPARE(line->values(), QString());
     QCOMPARE(editor.glyph().scale(), 1.25);
     QTest::keyClick(canvas, Qt::Key_Left, Qt::ShiftModifier);
     QCOMPARE(editor.glyph().leftSideBearing(), 70.0);
+    settle();
+    QCOMPARE(line->values(), u"Left Sidebearing 70 (-10)    Vertical Offset 20 (+0)"_s);
+    editor.desktop.advance(2);
+    settle();
+    QCOMPARE(line->values(), QString());
   }
 
   // At a point to the unit: the baseline lies 240 points above the bottom, x = 0 at 40.

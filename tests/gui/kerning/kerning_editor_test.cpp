@@ -1,3 +1,4 @@
+#include "desktop/gesture_line.h"
 #include "gui/desktop/gui_test.h"
 #include "gui/desktop/window_desktop.h"
 #include "kerning/ui/kerning_canvas.h"
@@ -103,7 +104,10 @@ private Q_SLOTS:
     program.manager.undo();
     QCOMPARE(program.readout(), u"+0"_s);
     drag(Qt::LeftButton, -30);
+    auto* line = find<GestureLine>("gestureLine");
+    QCOMPARE(line->values(), u"Kerning %1 (%1)"_s.arg(program.readout()));
     QTest::keyClick(canvas, Qt::Key_Escape);
+    QCOMPARE(line->values(), QString());
     QTest::mouseRelease(canvas, Qt::LeftButton);
     QVERIFY(!program.manager.canUndo());
     QTest::keyClick(canvas, Qt::Key_Right);
