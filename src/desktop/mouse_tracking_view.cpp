@@ -46,7 +46,7 @@ bool MouseTrackingView::event(QEvent* event) {
     break;
   case QEvent::ShortcutOverride:
     // Escape belongs to the gesture while there is one.
-    if (tracking_ && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) event->accept();
+    if (hasGesture() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) event->accept();
     break;
   default:
     break;
@@ -72,7 +72,7 @@ void MouseTrackingView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void MouseTrackingView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape || !tracking_) return QWidget::keyPressEvent(event);
+  if (event->key() != Qt::Key_Escape || !hasGesture()) return QWidget::keyPressEvent(event);
   tracking_ = false;
   if (onMouseCancelled) onMouseCancelled();
 }

@@ -22,10 +22,15 @@ public:
   std::function<void(Point, MouseButton)> onMouseDown;
   std::function<void(Point)> onMouseDragged;
   std::function<void()> onMouseUp;
-  /// Escape was pressed during a gesture; no release follows.
+  /// Escape was pressed during a gesture, this one's or hasGesture(); no release follows.
   std::function<void()> onMouseCancelled;
 
 protected:
+  /// A button is down.
+  bool isTracking() const { return tracking_; }
+  /// Something is under way that Escape takes back.
+  virtual bool hasGesture() const { return tracking_; }
+
   bool event(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }

@@ -4,6 +4,7 @@
 #include "desktop/painting.h"
 #include "desktop/style.h"
 #include "desktop/theme.h"
+#include "desktop/value_slider.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -13,6 +14,7 @@ namespace quillery {
 namespace {
 
 constexpr double kTrack = 4; // thickness
+constexpr QSizeF kOriginMark(2, 12);
 
 Role controlFill(const QStyleOption& option) {
   if (!(option.state & QStyle::State_Enabled)) return Role::controlDisabled;
@@ -75,7 +77,18 @@ void Style::drawSlider(const QStyleOptionSlider& option, QPainter& painter,
     option.upsideDown ? filled.setLeft(handle.center().x()) : filled.setRight(handle.center().x());
   else
     option.upsideDown ? filled.setTop(handle.center().y()) : filled.setBottom(handle.center().y());
-  if (enabled) painting::box(painter, filled, kTrack / 2, themeColor(Role::accent));
+  const auto* const values = qobject_cast<const ValueSlider*>(widget);
+  if (values && values->origin()) {
+    const double origin = values->placeOf(*values->origin());
+    const auto [from, to] = std::minmax(origin, handle.center().x());
+    filled.setLeft(from);
+    filled.setRight(to);
+    QRectF mark(QPointF(0, 0), kOriginMark);
+    mark.moveCenter({origin, track.center().y()});
+    painting::box(painter, mark, 1, themeColor(enabled ? Role::fieldBorder : Role::border));
+  }
+  const bool fills = enabled && (!values || values->hasValue()) && filled.width() > 0;
+  if (fills) painting::box(painter, filled, kTrack / 2, themeColor(Role::accent));
 
   const bool down = option.state & State_Sunken && option.activeSubControls & SC_SliderHandle;
   const bool under = option.state & State_MouseOver && option.activeSubControls & SC_SliderHandle;

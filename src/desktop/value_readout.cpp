@@ -41,6 +41,10 @@ void ValueReadout::show(const QString& text, Role role) {
   label_->setRole(role);
 }
 
+void ValueReadout::setAlignment(Qt::Alignment side) {
+  label_->setAlignment(side | Qt::AlignVCenter);
+}
+
 void ValueReadout::beginEntry(const QString& typed) {
   entry_->setText(typed.isEmpty() ? text() : typed);
   setCurrentWidget(entry_);

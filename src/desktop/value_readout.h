@@ -21,6 +21,8 @@ public:
   QString text() const;
   void show(const QString& text, Role role = Role::textSecondary);
   using QStackedWidget::show;
+  /// The side of its room on which the value stands; the right one at first.
+  void setAlignment(Qt::Alignment side);
   /// Opens the field with this text, all of it selected; with nothing, the text shown.
   void beginEntry(const QString& typed = {});
   bool isInEntry() const { return currentIndex() == 1; }

@@ -1,5 +1,7 @@
 #include "desktop/value_slider.h"
 
+#include "project/step_pause.h"
+
 #include <QAbstractScrollArea>
 #include <QAccessibleWidget>
 #include <QApplication>
@@ -18,7 +20,6 @@ namespace {
 constexpr int kTicks = 1 << 20; // finer than any screen
 constexpr double kPage = 10;    // steps
 constexpr int kWheelNotch = 120;
-constexpr int kWheelPause = 400; // ms after which notches are another gesture
 
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
@@ -51,11 +52,13 @@ void installSliderAccessibility() {
 
 ValueSlider::ValueSlider(double least, double greatest, double step, QWidget* parent)
     : QSlider(Qt::Horizontal, parent), least_(least), greatest_(greatest), step_(step),
-      value_(least) {
+      value_(least), stepPause_(this) {
   setRange(0, kTicks);
-  wheelPause_.setSingleShot(true);
-  wheelPause_.setInterval(kWheelPause);
-  connect(&wheelPause_, &QTimer::timeout, this, &ValueSlider::end);
+  if (least < 0 && greatest > 0) origin_ = 0;
+  stepPause_.setSingleShot(true);
+  stepPause_.setObjectName(QStringLiteral("stepPause"));
+  stepPause_.setInterval(static_cast<int>(kStepPause * 1000));
+  connect(&stepPause_, &QTimer::timeout, this, &ValueSlider::end);
 }
 
 void ValueSlider::showValue(double value) {
@@ -67,6 +70,10 @@ void ValueSlider::showValue(double value) {
     QAccessibleValueChangeEvent changed(this, value_);
     QAccessible::updateAccessibility(&changed);
   }
+}
+
+void ValueSlider::setHasValue(bool hasValue) {
+  if (std::exchange(hasValue_, hasValue) != hasValue) update();
 }
 
 void ValueSlider::moveTo(double value) {
@@ -83,8 +90,8 @@ void ValueSlider::begin(GestureKind kind) {
 
 bool ValueSlider::leaveGesture() {
   if (!std::exchange(inGesture_, false)) return false;
-  if (wheelPause_.isActive()) qApp->removeEventFilter(this);
-  wheelPause_.stop();
+  if (stepPause_.isActive()) qApp->removeEventFilter(this);
+  stepPause_.stop();
   setSliderDown(false);
   return true;
 }
@@ -103,17 +110,38 @@ void ValueSlider::move(double value) {
   if (value_ != before) Q_EMIT moved(value_);
 }
 
-double ValueSlider::valueAt(double x) const {
+void ValueSlider::step(double value) {
+  // A key beside the mouse is part of its gesture.
+  const bool dragged = inGesture_ && !stepPause_.isActive();
+  begin(GestureKind::steps);
+  if (!dragged) {
+    if (!stepPause_.isActive()) qApp->installEventFilter(this);
+    stepPause_.start();
+  }
+  move(value);
+}
+
+ValueSlider::Path ValueSlider::path() const {
   QStyleOptionSlider option;
   initStyleOption(&option);
   const QRect groove =
       style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
   const QRect handle =
       style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+  const double from = groove.left() + handle.width() / 2.0;
   const double length = std::max(1, groove.width() - handle.width());
-  double part = std::clamp((x - groove.left() - handle.width() / 2.0) / length, 0.0, 1.0);
-  if (option.upsideDown) part = 1 - part;
+  return option.upsideDown ? Path{from + length, -length} : Path{from, length};
+}
+
+double ValueSlider::valueAt(double x) const {
+  const Path middles = path();
+  const double part = std::clamp((x - middles.from) / middles.length, 0.0, 1.0);
   return least_ + part * (greatest_ - least_);
+}
+
+double ValueSlider::placeOf(double value) const {
+  const Path middles = path();
+  return middles.from + (value - least_) / (greatest_ - least_) * middles.length;
 }
 
 bool ValueSlider::event(QEvent* event) {
@@ -140,7 +168,7 @@ void ValueSlider::mousePressEvent(QMouseEvent* event) {
   const double x = event->position().x();
   const bool onHandle = handle.contains(event->position().toPoint());
   grabOffset_ = onHandle ? x - QRectF(handle).center().x() : 0;
-  end(); // a key held down, or the wheel
+  end(); // keys or the wheel
   begin(GestureKind::pointer);
   setSliderDown(true);
   if (!onHandle) move(valueAt(x));
@@ -186,9 +214,7 @@ bool ValueSlider::moveByKey(int key) {
   default:
     return false;
   }
-  if (wheelPause_.isActive()) end();
-  begin(GestureKind::steps);
-  move(target);
+  step(target);
   return true;
 }
 
@@ -210,12 +236,6 @@ void ValueSlider::keyPressEvent(QKeyEvent* event) {
   event->ignore();
 }
 
-void ValueSlider::keyReleaseEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat()) return;
-  if (isSliderDown()) return event->ignore();
-  end();
-}
-
 // The wheel scrolls a panel that can be scrolled, unless the slider was chosen before.
 bool ValueSlider::leavesWheelToPanel() const {
   if (hasFocus()) return false;
@@ -228,24 +248,21 @@ bool ValueSlider::leavesWheelToPanel() const {
 void ValueSlider::wheelEvent(QWheelEvent* event) {
   if (leavesWheelToPanel()) return event->ignore();
   event->accept();
-  if (inGesture_ && !wheelPause_.isActive()) return;
+  if (inGesture_ && !stepPause_.isActive()) return;
   const QPoint angle = event->angleDelta();
   wheelAngle_ += std::abs(angle.x()) > std::abs(angle.y()) ? -angle.x() : angle.y();
   const int notches = wheelAngle_ / kWheelNotch;
   wheelAngle_ -= notches * kWheelNotch;
-  if (notches == 0) return;
-  begin(GestureKind::steps);
-  if (!wheelPause_.isActive()) qApp->installEventFilter(this);
-  wheelPause_.start();
-  move(value_ + notches * step_);
+  if (notches != 0) step(value_ + notches * step_);
 }
 
-// Sees what the whole program is told while the wheel is the gesture: whatever else the user does
-// ends it.
+// Sees what the whole program is told while the gesture is one of steps: whatever else the user
+// does ends it, and what a shortcut does finds the step made.
 bool ValueSlider::eventFilter(QObject* watched, QEvent* event) {
   const bool input = event->type() == QEvent::KeyPress ||
                      event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
   if (input && watched->isWidgetType() && watched != this) end();
+  if (event->type() == QEvent::Shortcut) end();
   return QSlider::eventFilter(watched, event);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QSlider>
 #include <QTimer>
+#include <optional>
 
 namespace quillery {
 
@@ -13,12 +14,11 @@ enum class GestureKind {
 
 /// A slider over a range of doubles, without steps for the mouse.
 ///
-/// Every way to move it is a gesture: a press of the mouse until its release, a key held down,
-/// notches of the wheel until a pause or anything else that the user does, a change by assistive
-/// technology. `moved` is emitted between `gestureBegan`
-/// and `gestureEnded`, or `gestureCancelled` when Escape was pressed: then whoever listens puts
-/// the value back. In a panel that scrolls, the wheel is the panel's until the slider has the
-/// focus.
+/// Every way to move it is a gesture: a press of the mouse until its release, keys and notches of
+/// the wheel until a pause (kStepPause) or anything else that the user does, a change by assistive
+/// technology. `moved` is emitted between `gestureBegan` and `gestureEnded`, or `gestureCancelled`
+/// when Escape was pressed: then whoever listens puts the value back. In a panel that scrolls, the
+/// wheel is the panel's until the slider has the focus.
 class ValueSlider : public QSlider {
   Q_OBJECT
 public:
@@ -36,6 +36,16 @@ public:
   /// Moves it as one whole gesture.
   void moveTo(double value);
 
+  /// The value from which the track is filled, where it has a mark: zero, unless the range begins
+  /// or ends there or lies beyond. Nothing means from the lesser end.
+  const std::optional<double>& origin() const { return origin_; }
+  void setOrigin(double value) { origin_ = value; }
+  /// What it shows is a value. False leaves the track empty, for one that only rests somewhere.
+  bool hasValue() const { return hasValue_; }
+  void setHasValue(bool hasValue);
+  /// Where the middle of the handle is for a value.
+  double placeOf(double value) const;
+
 Q_SIGNALS:
   void gestureBegan(GestureKind kind);
   void moved(double value);
@@ -51,7 +61,6 @@ protected:
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -63,6 +72,14 @@ private:
   void end();
   void cancel();
   void move(double value);
+  /// Moves it as one step of a gesture that may go on.
+  void step(double value);
+  /// Where the middle of the handle goes: from its place at the lesser end, negative to the left.
+  struct Path {
+    double from;
+    double length;
+  };
+  Path path() const;
   double valueAt(double x) const;
   bool moveByKey(int key);
   bool leavesWheelToPanel() const;
@@ -71,9 +88,11 @@ private:
   double greatest_;
   double step_;
   double value_;
+  std::optional<double> origin_;
+  bool hasValue_ = true;
   double grabOffset_ = 0; // from the middle of the handle to the pointer
   int wheelAngle_ = 0;
-  QTimer wheelPause_; // runs while the wheel is the gesture
+  QTimer stepPause_; // runs while the gesture is one of steps; "stepPause"
   bool inGesture_ = false;
 };
 

@@ -32,6 +32,13 @@ std::vector<GlyphMetric> metricsOf(MouseButton button) {
   return {GlyphMetric::scale};
 }
 
+// What a button changes, with what follows from it.
+std::vector<GlyphMetric> shownMetrics(MouseButton button) {
+  std::vector<GlyphMetric> metrics = metricsOf(button);
+  if (button == MouseButton::right) metrics.push_back(GlyphMetric::advanceWidth);
+  return metrics;
+}
+
 const char* actionName(MouseButton button, bool sideways, bool upwards) {
   switch (button) {
   case MouseButton::left:
@@ -48,7 +55,8 @@ const char* actionName(MouseButton button, bool sideways, bool upwards) {
 
 } // namespace
 
-GlyphDrag::GlyphDrag(ProjectManager& manager) : manager_(manager), edit_(manager) {}
+GlyphDrag::GlyphDrag(ProjectManager& manager)
+    : manager_(manager), edit_(manager), pause_(manager.desktop()) {}
 
 void GlyphDrag::setGlyph(const Uuid& glyph) {
   edit_.end();
@@ -58,6 +66,7 @@ void GlyphDrag::setGlyph(const Uuid& glyph) {
 void GlyphDrag::begin(MouseButton button) {
   button_ = button;
   dragging_ = false;
+  pause_.stop();
   edit_.end();
   const Glyph* const glyph = manager_.glyphWithId(glyph_);
   if (!glyph) return;
@@ -100,15 +109,24 @@ void GlyphDrag::drag(Point to, Size canvas) {
 }
 
 void GlyphDrag::nudge(Point by) {
-  begin(MouseButton::left);
-  if (!edit_.isOpen()) return;
-  dragging_ = true;
-  const double left = pressed_.leftSideBearing;
-  const double up = pressed_.verticalOffset;
+  if (!isNudging()) begin(MouseButton::left);
+  const Glyph* const glyph = manager_.glyphWithId(glyph_);
+  if (!edit_.isOpen() || !glyph) return;
+  const double left = glyph->leftSideBearing();
+  const double up = glyph->verticalOffset();
   // A value beyond the limits stays until it is moved itself.
   apply({by.x != 0 ? kSideBearing.clamp(left + by.x) : left,
          by.y != 0 ? kVerticalOffset.clamp(up + by.y) : up});
-  edit_.end();
+  pause_.restart([this] { edit_.end(); });
+}
+
+std::vector<MetricChange> GlyphDrag::changes() const {
+  const Glyph* const glyph = manager_.glyphWithId(glyph_);
+  if (!glyph || !(isDragging() || isNudging())) return {};
+  std::vector<MetricChange> changes;
+  for (const GlyphMetric metric : shownMetrics(button_))
+    changes.push_back({metric, pressed_.metric(metric), glyph->metric(metric)});
+  return changes;
 }
 
 } // namespace quillery

@@ -3,10 +3,20 @@
 #include "base/geometry.h"
 #include "base/mouse_button.h"
 #include "editor/metrics_edit.h"
+#include "project/step_pause.h"
 
 #include <vector>
 
 namespace quillery {
+
+/// A metric that a gesture changes, from its value at the beginning to that of now.
+struct MetricChange {
+  GlyphMetric metric;
+  double from;
+  double to;
+
+  friend bool operator==(const MetricChange&, const MetricChange&) = default;
+};
 
 /// A drag of a glyph on its canvas. The left button moves the outline (left side bearing and
 /// vertical offset), the right button the right side bearing, the middle button changes the scale.
@@ -32,11 +42,16 @@ public:
   /// 2. Nothing changes on a canvas that shows nothing.
   void drag(Point to, Size canvas);
   void release() { edit_.end(); }
-  /// Puts the glyph back as it was at the press; nothing is registered.
+  /// Puts the glyph back as it was at the press or before the first nudge; nothing is registered.
   void cancel() { edit_.cancel(); }
 
-  /// Moves the outline by this many font units, y upwards, as a whole drag within the same limits.
+  /// Moves the outline by this many font units, y upwards, within the same limits. Nudges are one
+  /// gesture, and one undo step, until a pause (StepPause), a press or another edit ends it.
   void nudge(Point by);
+  bool isNudging() const { return edit_.isOpen() && pause_.isRunning(); }
+
+  /// What the drag or the nudges under way change; nothing while there are none.
+  std::vector<MetricChange> changes() const;
 
 private:
   void begin(MouseButton button);
@@ -50,6 +65,7 @@ private:
   Point pressedAt_;
   GlyphPlacement pressed_; // where the glyph was
   bool dragging_ = false;
+  StepPause pause_; // after a nudge
 };
 
 } // namespace quillery

@@ -3,6 +3,7 @@
 #include "editor/undoable_field.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace quillery {
@@ -15,6 +16,8 @@ struct GlyphMetricInfo {
   double least;
   double greatest;
   double step;
+  /// The value that stands for no change, where that is not zero: sliders are filled from there.
+  std::optional<double> origin;
   const char* actionName;
 };
 

@@ -6,8 +6,6 @@
 namespace quillery {
 namespace {
 
-constexpr double kMargin = 40;        // points
-constexpr double kHeight = 1000;      // font units, whatever the em of the font is
 constexpr double kMarkerHeight = 500; // font units
 constexpr double kTick = 6;           // points
 
@@ -31,11 +29,6 @@ Point KerningCanvasMapping::leftToView(Point font) const {
 
 Point KerningCanvasMapping::rightToView(Point font) const {
   return leftToView({font.x + leftAdvance_ + kerning_, font.y});
-}
-
-KerningCanvasMapping::Line KerningCanvasMapping::baseline() const {
-  const double y = leftToView({}).y;
-  return {{0, y}, {canvas_.width, y}};
 }
 
 KerningCanvasMapping::Line KerningCanvasMapping::advance() const {

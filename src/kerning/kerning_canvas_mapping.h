@@ -12,6 +12,9 @@ namespace quillery {
 /// above the bottom; 1000 units up and both advances fit between the margins.
 class KerningCanvasMapping {
 public:
+  static constexpr double kMargin = 40;   // points
+  static constexpr double kHeight = 1000; // font units, whatever the em of the font is
+
   /// Lengths in font units; a glyph that is missing has no advance. Nothing for a canvas that is
   /// smaller than its margins, and where a length is not finite.
   static std::optional<KerningCanvasMapping> make(double leftAdvance, double rightAdvance,
@@ -30,8 +33,6 @@ public:
     friend bool operator==(const Line&, const Line&) = default;
   };
 
-  /// From edge to edge.
-  Line baseline() const;
   /// Where the left glyph's advance ends, up to 1000 units.
   Line advance() const;
   /// The span of the kerning at the height of 500 units, and the ticks at its ends.

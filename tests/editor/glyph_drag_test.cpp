@@ -90,6 +90,24 @@ TEST_F(DragTest, StopsAtTheLimitsUnderTheNameOfWhatItChanged) {
   }
 }
 
+TEST_F(DragTest, TellsWhatItChangesWhileItLasts) {
+  using Changes = std::vector<MetricChange>;
+  press(MouseButton::right);
+  EXPECT_EQ(canvas.changes(), Changes());
+  move(10, 0);
+  const double advance = before.advanceWidth();
+  EXPECT_EQ(canvas.changes(), (Changes{{GlyphMetric::rightSideBearing, 50, 60},
+                                       {GlyphMetric::advanceWidth, advance, advance + 10}}));
+  canvas.release();
+  EXPECT_EQ(canvas.changes(), Changes());
+  canvas.nudge({1, 0});
+  canvas.nudge({1, 0});
+  EXPECT_EQ(canvas.changes(),
+            (Changes{{GlyphMetric::leftSideBearing, 50, 52}, {GlyphMetric::verticalOffset, 0, 0}}));
+  d.desktop.advance(1.1);
+  EXPECT_EQ(canvas.changes(), Changes());
+}
+
 // Movements too small to resize the outline one by one add up.
 TEST_F(DragTest, ResizesAlsoByTinyMovements) {
   press(MouseButton::middle);
@@ -115,15 +133,31 @@ TEST_F(DragTest, EndsWithAnotherButtonAnotherGlyphOrNone) {
   canvas.release();
 }
 
-TEST_F(DragTest, NudgesWithinTheSameLimits) {
-  canvas.nudge({1, 0});
-  EXPECT_EQ(now().leftSideBearing(), 51);
+TEST_F(DragTest, NudgesAreOneStepUntilAPause) {
+  const auto steps = [&] { return d.manager.undoManager().undoCount(); };
+  for (int i = 0; i < 30; ++i, d.desktop.advance(0.9)) canvas.nudge({10, 0});
+  EXPECT_EQ(now().leftSideBearing(), 300); // the limit of drags
+  canvas.nudge({-1, 0});
+  EXPECT_EQ(now().leftSideBearing(), 299);
+  EXPECT_EQ(steps(), 0U);
+  d.desktop.advance(1.1);
+  EXPECT_EQ(undoName(), "Drag Left Sidebearing");
   canvas.nudge({0, -10});
-  EXPECT_EQ(undoName(), "Drag Vertical Offset");
-  for (int i = 0; i < 30; ++i) canvas.nudge({10, 0});
+  d.manager.undo(); // of what is under way
+  EXPECT_EQ(now().verticalOffset(), 0);
+  canvas.nudge({0, 10});
+  canvas.nudge({1, 0});
+  EXPECT_FALSE(canvas.isDragging());
+  press(MouseButton::right);
+  EXPECT_EQ(undoName(), "Drag Glyph Position");
+  move(10, 0);
+  d.desktop.advance(5); // is no pause of a drag
+  EXPECT_TRUE(canvas.isDragging());
+  canvas.release();
+  canvas.nudge({7, 7});
+  canvas.cancel();
   EXPECT_EQ(now().leftSideBearing(), 300);
-  d.manager.undo();
-  EXPECT_EQ(now().leftSideBearing(), 291);
+  EXPECT_EQ(steps(), 3U);
 }
 
 } // namespace

@@ -53,6 +53,23 @@ TEST_F(KerningEditTest, TheScaleIsThatOfTheValueAtThePress) {
   EXPECT_EQ(value(), 130);
 }
 
+TEST_F(KerningEditTest, NudgesOfAPairAreOneStepUntilAPause) {
+  const auto steps = [&] { return d.manager.undoManager().undoCount(); };
+  for (int i = 0; i < 3; ++i, d.desktop.advance(0.9)) drag.nudge(id(0), -10);
+  drag.nudge(id(1), 1); // of another pair
+  EXPECT_EQ(value(), -20);
+  EXPECT_EQ(steps(), 1U);
+  d.desktop.advance(1.1);
+  EXPECT_EQ(steps(), 2U);
+  drag.nudge(id(0), 500);
+  EXPECT_EQ(value(), 200);
+  drag.cancel();
+  EXPECT_EQ(value(), -20);
+  d.manager.undo();
+  d.manager.undo();
+  EXPECT_EQ(value(), 10);
+}
+
 TEST_F(KerningEditTest, GesturesThatChangeNothingLeaveNoStep) {
   const auto gesture = [&](const Uuid& pair, std::initializer_list<double> places, Size size) {
     drag.press(pair, {300, 0});

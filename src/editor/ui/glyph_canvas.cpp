@@ -5,6 +5,7 @@
 #include "desktop/painting.h"
 #include "desktop/theme.h"
 #include "editor/ui/canvas_painting.h"
+#include "editor/ui/value_slider_row.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -100,10 +101,11 @@ constexpr CanvasLayer<Scene> kLayers[] = {{"background", paintBackground},
 GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
     : MouseTrackingView(parent), manager_(manager), drag_(manager),
       watch_(manager,
-             {{What::fontInfo, What::glyphs, What::glyphList},
+             {{What::fontInfo, What::glyphs, What::glyphList, What::history},
               [this](const Uuid& glyph) { return glyph == drag_.glyph(); }},
              [this](const ProjectChanges& changes) {
                if (changes.has(What::glyphList)) nameGlyph();
+               tellGesture();
                update();
              }) {
   setObjectName(QStringLiteral("glyphCanvas"));
@@ -115,8 +117,14 @@ GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
   setAttribute(Qt::WA_OpaquePaintEvent);
   onMouseDown = [this](Point at, MouseButton button) { drag_.press(at, button); };
   onMouseDragged = [this](Point to) { drag_.drag(to, canvasSize(*this)); };
-  onMouseUp = [this] { drag_.release(); };
-  onMouseCancelled = [this] { drag_.cancel(); };
+  onMouseUp = [this] {
+    drag_.release();
+    tellGesture();
+  };
+  onMouseCancelled = [this] {
+    drag_.cancel();
+    tellGesture();
+  };
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
@@ -130,6 +138,10 @@ void GlyphCanvas::nameGlyph() {
   const Glyph* const glyph = manager_.glyphWithId(drag_.glyph());
   setAccessibleName(glyph ? tr("Outline of %1").arg(QString::fromStdString(glyph->name()))
                           : tr("Outline"));
+}
+
+void GlyphCanvas::tellGesture() {
+  Q_EMIT gestureChanged(shownChanges(drag_.changes()));
 }
 
 bool GlyphCanvas::event(QEvent* event) {
@@ -152,7 +164,7 @@ void GlyphCanvas::keyPressEvent(QKeyEvent* event) {
   const bool plain =
       !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
   const double by = shift ? kLargeNudge : kNudge;
-  if (plain && !drag_.isDragging()) {
+  if (plain && !isTracking()) {
     switch (event->key()) {
     case Qt::Key_Left:
       return drag_.nudge({-by, 0});

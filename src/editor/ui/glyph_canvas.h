@@ -16,15 +16,20 @@ public:
 
   /// A drag of the glyph before ends.
   void setGlyph(const Uuid& glyph);
-  bool isDragging() const { return drag_.isDragging(); }
+
+Q_SIGNALS:
+  /// The values that a gesture changes, in words; empty when it has ended.
+  void gestureChanged(const QString& values);
 
 protected:
+  bool hasGesture() const override { return isTracking() || drag_.isNudging(); }
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
   void nameGlyph();
+  void tellGesture();
 
   ProjectManager& manager_;
   GlyphDrag drag_;

@@ -19,6 +19,7 @@ void MultiValueSlider::setValue(std::optional<double> value) {
 }
 
 void MultiValueSlider::refresh() {
+  slider().setHasValue(value_.has_value());
   if (value_)
     show(*value_, shown(*value_));
   else
@@ -28,6 +29,7 @@ void MultiValueSlider::refresh() {
 void MultiValueSlider::beginGesture(GestureKind kind) {
   using Steps = SelectionMetricEdit::Steps;
   edit_.begin(kind == GestureKind::pointer ? Steps::perMovement : Steps::one);
+  slider().setHasValue(true);
   show(slider().shownValue(), shown(slider().shownValue()));
 }
 

@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "desktop/value_readout.h"
 #include "desktop/widgets.h"
+#include "editor/glyph_drag.h"
 #include "editor/glyph_metrics.h"
 
 #include <QBoxLayout>
@@ -15,12 +16,31 @@ namespace {
 
 constexpr double kLongest = 1e9; // from here on, digits would push the panel's other parts away
 
+QString metricLabel(const GlyphMetricInfo& info) {
+  return QCoreApplication::translate("GlyphMetrics", info.label);
+}
+
 } // namespace
 
 QString shownNumber(double value, int decimals) {
   if (!(std::fabs(value) < kLongest)) return QString::number(value, 'g', 3);
   const QString text = QString::fromStdString(formatFixed(value, decimals));
   return text == QStringLiteral("-0") ? QStringLiteral("0") : text;
+}
+
+QString shownChanges(const std::vector<MetricChange>& changes) {
+  QStringList shown;
+  for (const auto& [metric, from, to] : changes) {
+    const bool isFactor = metric == GlyphMetric::scale;
+    const double unit = isFactor ? 100 : 1;
+    const QString sign = isFactor ? QStringLiteral("%") : QString();
+    // The difference of what is shown, which is rounded.
+    const QString by = shownNumber(std::round(to * unit) - std::round(from * unit));
+    shown += QStringLiteral("%1 %2%4 (%3%4)")
+                 .arg(metricLabel(infoOf(metric)), shownNumber(to * unit),
+                      by.startsWith(u'-') ? by : u'+' + by, sign);
+  }
+  return shown.join(QStringLiteral("    "));
 }
 
 std::optional<double> parsePercent(const std::string& typed) {
@@ -32,13 +52,14 @@ std::optional<double> parsePercent(const std::string& typed) {
 }
 
 ValueSliderRow::ValueSliderRow(const GlyphMetricInfo& info, QWidget* parent) : QWidget(parent) {
-  const QString label = QCoreApplication::translate("GlyphMetrics", info.label);
+  const QString label = metricLabel(info);
   const QString name = QString::fromLatin1(quillery::name(info.metric));
   readout_ = new ValueReadout(label, this);
   readout_->setObjectName(name + QStringLiteral("Value"));
   slider_ = new ValueSlider(info.least, info.greatest, info.step, this);
   slider_->setObjectName(name);
   slider_->setAccessibleName(label);
+  if (info.origin) slider_->setOrigin(*info.origin);
 
   auto* const header = new QHBoxLayout;
   header->setSpacing(grid::unit);

@@ -6,10 +6,12 @@
 #include <QWidget>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quillery {
 
 struct GlyphMetricInfo;
+struct MetricChange;
 class ValueReadout;
 
 /// A metric in a panel: its label and value above its slider. A value can also be typed: after a
@@ -46,6 +48,9 @@ private:
 
 /// A number without fraction ("%.0f") or with `decimals`; one too long to read in short form.
 QString shownNumber(double value, int decimals = 0);
+
+/// The values that a gesture changes, each with its label and by how much: "Scale 125% (+25%)".
+QString shownChanges(const std::vector<MetricChange>& changes);
 
 /// A factor typed as per cent, with or without the sign.
 std::optional<double> parsePercent(const std::string& typed);

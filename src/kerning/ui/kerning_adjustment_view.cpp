@@ -1,6 +1,7 @@
 #include "kerning/ui/kerning_adjustment_view.h"
 
 #include "base/numbers.h"
+#include "desktop/gesture_line.h"
 #include "desktop/placeholder.h"
 #include "desktop/shown_text.h"
 #include "desktop/value_readout.h"
@@ -23,6 +24,10 @@ using What = ProjectChange::What;
 
 enum Page { kPairPage, kGonePage };
 
+// Four hundred values: longer would be no finer.
+constexpr int kControlsWidth = 640;
+constexpr int kControlsStretch = 1000; // all there is up to that width
+
 } // namespace
 
 KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* parent)
@@ -41,8 +46,21 @@ KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* p
   column->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::margin);
   column->setSpacing(grid::gap);
   column->addWidget(makeHeader());
-  column->addWidget(canvas_, 1);
-  column->addWidget(makeControls());
+  auto* work = new QVBoxLayout;
+  work->setSpacing(0);
+  work->addWidget(canvas_, 1);
+  auto* line = new GestureLine({{MouseButton::left, tr("Move the right glyph"), tr("Move")},
+                                {std::nullopt, tr("Arrow keys move by 1, with Shift by 10"), {}}},
+                               page);
+  connect(canvas_, &KerningCanvas::gestureChanged, line, &GestureLine::setValues);
+  work->addWidget(line);
+  column->addLayout(work, 1);
+  // In the middle, below the pair, where the way to the slider is short.
+  auto* controls = new QHBoxLayout;
+  controls->addStretch(1);
+  controls->addWidget(makeControls(), kControlsStretch);
+  controls->addStretch(1);
+  column->addLayout(controls);
   addWidget(page);
   auto* gone = new Placeholder(Symbol::exclamationTriangle, {}, this);
   gone->setObjectName(QStringLiteral("pairGone"));
@@ -67,15 +85,18 @@ QWidget* KerningAdjustmentView::makeHeader() {
 
 QWidget* KerningAdjustmentView::makeControls() {
   auto* controls = new QWidget(this);
+  controls->setMaximumWidth(kControlsWidth);
   auto* column = new QVBoxLayout(controls);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   auto* top = new QHBoxLayout;
   top->addWidget(new TextLabel(tr("Kerning Value:"), TextStyle::body, Role::text, controls));
   readout_->setObjectName(QStringLiteral("kerningValue"));
-  top->addStretch(1);
+  top->setSpacing(grid::unit);
+  readout_->setAlignment(Qt::AlignLeft);
   readout_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   top->addWidget(readout_);
+  top->addStretch(1);
   column->addLayout(top);
 
   slider_->setObjectName(QStringLiteral("kerningSlider"));

@@ -2,13 +2,18 @@
 
 #include "desktop/canvas_layers.h"
 #include "desktop/painting.h"
+#include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "kerning/kerning_list.h"
 #include "kerning/kerning_pairs.h"
+#include "kerning/kerning_stage.h"
 #include "kerning/ui/kerning_painting.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
+#include <algorithm>
+#include <cmath>
 
 namespace quillery {
 namespace {
@@ -25,24 +30,46 @@ constexpr double kLargeStep = 10;
 KerningCanvas::KerningCanvas(ProjectManager& manager, QWidget* parent)
     : MouseTrackingView(parent, Qt::LeftButton), manager_(manager), drag_(manager),
       watch_(manager,
-             {{What::glyphList, What::glyphs, What::kerningList, What::kerningPair},
+             {{What::fontInfo, What::glyphList, What::glyphs, What::kerningList, What::kerningPair,
+               What::history},
               [this](const Uuid& glyph) { return isVisible() && shows(glyph); },
               [this](const Uuid& pair) { return pair == pair_; }},
-             [this](const ProjectChanges&) { update(); }) {
+             [this](const ProjectChanges&) {
+               tellGesture();
+               update();
+             }) {
   setObjectName(QStringLiteral("kerningCanvas"));
   setAccessibleName(tr("Kerning canvas"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
   onMouseDown = [this](Point p, MouseButton) { drag_.press(pair_, p); };
-  onMouseDragged = [this](Point p) { drag_.drag(p, canvasSize(*this)); };
-  onMouseUp = [this] { drag_.release(); };
-  onMouseCancelled = [this] { drag_.cancel(); };
+  onMouseDragged = [this](Point p) {
+    const Rect canvas = stage();
+    drag_.drag(p, {canvas.width, canvas.height});
+  };
+  onMouseUp = [this] {
+    drag_.release();
+    tellGesture();
+  };
+  onMouseCancelled = [this] {
+    drag_.cancel();
+    tellGesture();
+  };
 }
 
 void KerningCanvas::setPair(const Uuid& pair) {
   if (pair_ != pair) drag_.release();
   pair_ = pair;
   update();
+}
+
+void KerningCanvas::tellGesture() {
+  const KerningPair* const pair = manager_.kerningPairWithId(pair_);
+  if (!pair || !drag_.isUnderWay()) return Q_EMIT gestureChanged({});
+  // The difference of what is shown, which is rounded.
+  const double by = std::round(pair->value) - std::round(drag_.startValue());
+  Q_EMIT gestureChanged(
+      tr("Kerning %1 (%2)").arg(shownText(kerningText(pair->value)), shownText(kerningText(by))));
 }
 
 QSize KerningCanvas::sizeHint() const {
@@ -60,6 +87,16 @@ KerningScene KerningCanvas::scene() const {
           pair->value};
 }
 
+Rect KerningCanvas::stage() const {
+  const KerningScene shown = scene();
+  double depth = -manager_.currentProject().descender;
+  for (const Glyph* glyph : {shown.left, shown.right})
+    if (glyph && std::isfinite(glyph->boundingBox().minY()))
+      depth = std::max(depth, -glyph->boundingBox().minY());
+  const auto advance = [](const Glyph* glyph) { return glyph ? glyph->advanceWidth() : 0; };
+  return kerningStage(advance(shown.left), advance(shown.right), depth, canvasSize(*this));
+}
+
 bool KerningCanvas::shows(const Uuid& glyph) const {
   const KerningScene shown = scene();
   return (shown.left && shown.left->id() == glyph) || (shown.right && shown.right->id() == glyph);
@@ -71,7 +108,7 @@ void KerningCanvas::paintEvent(QPaintEvent*) {
   painter.save();
   // A glyph may be larger than the canvas, or lie beside its advance.
   painter.setClipRect(rect().adjusted(1, 1, -1, -1));
-  paintKerning(painter, scene(), canvasSize(*this));
+  paintKerning(painter, scene(), stage(), width());
   painter.restore();
   if (!hasFocus()) return;
   QStyleOptionFocusRect ring;
@@ -83,10 +120,9 @@ void KerningCanvas::keyPressEvent(QKeyEvent* event) {
   const bool left = event->key() == Qt::Key_Left;
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool nudge = (left || event->key() == Qt::Key_Right) && !(modifiers & ~Qt::ShiftModifier);
-  if (!nudge) return MouseTrackingView::keyPressEvent(event);
+  if (!nudge || isTracking()) return MouseTrackingView::keyPressEvent(event);
   const double step = modifiers & Qt::ShiftModifier ? kLargeStep : kSmallStep;
-  if (const KerningPair* pair = manager_.kerningPairWithId(pair_))
-    enterKerningValue(manager_, pair_, pair->value + (left ? -step : step));
+  drag_.nudge(pair_, left ? -step : step);
 }
 
 void KerningCanvas::focusInEvent(QFocusEvent* event) {

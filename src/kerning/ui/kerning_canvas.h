@@ -17,10 +17,16 @@ public:
 
   void setPair(const Uuid& pair);
 
+Q_SIGNALS:
+  /// The value that a gesture changes, in words; empty when it has ended.
+  void gestureChanged(const QString& value);
+
+public:
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
 protected:
+  bool hasGesture() const override { return isTracking() || drag_.isNudging(); }
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -28,7 +34,10 @@ protected:
 
 private:
   bool shows(const Uuid& glyph) const;
+  void tellGesture();
   KerningScene scene() const;
+  /// Where the pair is drawn and dragged.
+  Rect stage() const;
 
   ProjectManager& manager_;
   Uuid pair_;

@@ -12,6 +12,9 @@ namespace {
 
 struct PlacedScene : KerningScene {
   KerningCanvasMapping mapping;
+  // The edges that the baseline reaches.
+  double from;
+  double to;
 };
 
 QPointF qt(Point p) {
@@ -33,7 +36,8 @@ void paintOutline(QPainter& painter, const Glyph& glyph, Point origin, double po
 constexpr std::array<CanvasLayer<PlacedScene>, 5> kLayers = {{
     {"baseline",
      [](QPainter& painter, const PlacedScene& scene) {
-       paintLine(painter, scene.mapping.baseline(), 1, themeColor(Role::blue, 0.3));
+       const double y = scene.mapping.leftToView({}).y;
+       paintLine(painter, {{scene.from, y}, {scene.to, y}}, 1, themeColor(Role::blue, 0.3));
      }},
     {"left glyph",
      [](QPainter& painter, const PlacedScene& scene) {
@@ -69,8 +73,17 @@ std::optional<KerningCanvasMapping> mappingOf(const KerningScene& scene, Size ca
 }
 
 void paintKerning(QPainter& painter, const KerningScene& scene, Size canvas) {
-  if (const auto mapping = mappingOf(scene, canvas))
-    paintLayers<PlacedScene>(painter, kLayers, {scene, *mapping});
+  paintKerning(painter, scene, {0, 0, canvas.width, canvas.height}, canvas.width);
+}
+
+void paintKerning(QPainter& painter, const KerningScene& scene, const Rect& canvas,
+                  double viewWidth) {
+  const auto mapping = mappingOf(scene, {canvas.width, canvas.height});
+  if (!mapping) return;
+  painter.save();
+  painter.translate(canvas.x, canvas.y);
+  paintLayers<PlacedScene>(painter, kLayers, {scene, *mapping, -canvas.x, viewWidth - canvas.x});
+  painter.restore();
 }
 
 } // namespace quillery

@@ -20,5 +20,8 @@ std::optional<KerningCanvasMapping> mappingOf(const KerningScene& scene, Size ca
 /// Paints baseline, outlines, the left glyph's advance and the marker of the kerning, in the
 /// theme's colours and without a background.
 void paintKerning(QPainter& painter, const KerningScene& scene, Size canvas);
+/// The same on a canvas that is a part of a view of this width; the baseline crosses the view.
+void paintKerning(QPainter& painter, const KerningScene& scene, const Rect& canvas,
+                  double viewWidth);
 
 } // namespace quillery

@@ -1,3 +1,4 @@
+#include "desktop/gesture_line.h"
 #include "desktop/value_readout.h"
 #include "desktop/value_slider.h"
 #include "editor/canvas_mapping.h"
@@ -37,13 +38,16 @@ struct Editor : WindowProject {
     auto* column = new QVBoxLayout(&window);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(area);
-    window.resize(1080 + 281, 1080); // the canvas shows a unit as a point
+    window.resize(1080 + 281, 1080);
     bringUp(window);
   }
 
   void select(std::initializer_list<std::size_t> glyphs) {
     manager.clearSelection();
     for (const std::size_t glyph : glyphs) manager.toggleGlyphSelection(ids[glyph]);
+    // The canvas shows a unit as a point.
+    if (const auto* canvas = find<GlyphCanvas>("glyphCanvas"))
+      window.resize(window.size() + QSize(1080, 1080) - canvas->size());
     settle();
   }
   const Glyph& glyph(std::size_t i = 0) const { return manager.currentProject().glyphs[i]; }
@@ -110,11 +114,20 @@ private Q_SLOTS:
     QCOMPARE(editor.glyph().rightSideBearing(), 120.0);
     drag(canvas, Qt::MiddleButton, {{0, -250}});
     QCOMPARE(readout("scale"), u"125%"_s);
+    auto* line = find<GestureLine>("gestureLine");
     drag(canvas, Qt::MiddleButton, {{0, -500}}, false);
+    settle();
+    QCOMPARE(line->values(), u"Scale 175% (+50%)"_s);
     QTest::keyClick(canvas, Qt::Key_Escape);
+    QCOMPARE(line->values(), QString());
     QCOMPARE(editor.glyph().scale(), 1.25);
     QTest::keyClick(canvas, Qt::Key_Left, Qt::ShiftModifier);
     QCOMPARE(editor.glyph().leftSideBearing(), 70.0);
+    settle();
+    QCOMPARE(line->values(), u"Left Sidebearing 70 (-10)    Vertical Offset 20 (+0)"_s);
+    editor.desktop.advance(2);
+    settle();
+    QCOMPARE(line->values(), QString());
   }
 
   // At a point to the unit: the baseline lies 240 points above the bottom, x = 0 at 40.
@@ -158,7 +171,7 @@ private Q_SLOTS:
     QCOMPARE(editor.glyph().leftSideBearing(), 50.0);
   }
 
-  void theWheelIsOneGestureUntilAPauseOrAnotherInput() {
+  void stepsAreOneGestureUntilAPauseOrAnotherInput() {
     Editor editor{"A"};
     editor.select({0});
     auto* slider = find<ValueSlider>("leftSideBearing");
@@ -172,19 +185,32 @@ private Q_SLOTS:
       QCoreApplication::sendEvent(slider, &wheel);
     };
     const auto steps = [&] { return editor.manager.undoManager().undoCount(); };
+    auto* pause = slider->findChild<QTimer*>(u"stepPause"_s);
+    const auto letItPass = [&] {
+      QVERIFY(pause->isActive() && pause->interval() == 1000);
+      pause->setInterval(0);
+      QTRY_VERIFY(!pause->isActive());
+      pause->setInterval(1000);
+    };
     for (int notch = 0; notch < 3; ++notch) turn();
-    QCOMPARE(editor.glyph().leftSideBearing(), 53.0);
-    QCOMPARE(steps(), 0U);
-    QTRY_COMPARE(steps(), 1U);
-    turn();
     QTest::keyClick(slider, Qt::Key_Right);
-    QCOMPARE(steps(), 3U);
+    QCOMPARE(editor.glyph().leftSideBearing(), 54.0);
+    QCOMPARE(steps(), 0U);
+    letItPass();
+    QCOMPARE(steps(), 1U);
+    QTest::keyClick(slider, Qt::Key_Right);
+    QTest::keyClick(slider, Qt::Key_Z, Qt::ControlModifier); // of what is under way
+    QCOMPARE(editor.glyph().leftSideBearing(), 54.0);
+    settle();
+    QTest::keyClick(slider, Qt::Key_Right); // and what follows is a gesture again
     turn();
     QTest::mouseClick(find<GlyphCanvas>("glyphCanvas"), Qt::LeftButton);
-    QCOMPARE(steps(), 4U);
+    QCOMPARE(steps(), 2U);
     turn();
     QTest::keyClick(slider, Qt::Key_Escape);
     QCOMPARE(editor.glyph().leftSideBearing(), 56.0);
+    turn();
+    letItPass();
     drag(slider, Qt::LeftButton, {{9, 0}});
     QVERIFY(kinds.back() == GestureKind::pointer);
     kinds.pop_back();
@@ -202,6 +228,24 @@ private Q_SLOTS:
     QTest::keyClicks(slider, u"3"_s);
     QTest::keyClicks(find<QLineEdit>("entry"), u"00\r"_s);
     QCOMPARE(editor.glyph().rightSideBearing(), 300.0);
+  }
+
+  void slidersAreFilledFromWhereNothingIsChanged() {
+    Editor editor{"A", "B"};
+    const auto isFilled = [&](const char* metric, double value) {
+      settle();
+      auto* slider = find<ValueSlider>(metric);
+      const QPointF at(slider->placeOf(value), slider->height() / 2.0);
+      return slider->grab().toImage().pixelColor(at.toPoint()) == themeColor(Role::accent);
+    };
+    editor.select({0}); // its left side bearing is 50
+    QVERIFY(!isFilled("leftSideBearing", -50) && isFilled("leftSideBearing", 20));
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& g) { g.setLeftSideBearing(-90); });
+    QVERIFY(isFilled("leftSideBearing", -30) && !isFilled("leftSideBearing", 20));
+    editor.manager.editGlyph(editor.ids[0], [](Glyph& g) { g.setScale(1.6); });
+    QVERIFY(!isFilled("scale", 0.6) && isFilled("scale", 1.2) && isFilled("advanceWidth", 150));
+    editor.select({0, 1}); // which differ
+    QVERIFY(!isFilled("leftSideBearing", -30) && !isFilled("scale", 1.2));
   }
 
   void theCharacterFieldKeepsOneCharacter() {

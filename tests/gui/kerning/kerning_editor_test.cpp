@@ -1,3 +1,4 @@
+#include "desktop/gesture_line.h"
 #include "gui/desktop/gui_test.h"
 #include "gui/desktop/window_desktop.h"
 #include "kerning/ui/kerning_canvas.h"
@@ -21,6 +22,13 @@ Glyph makeBox(const char* name, double width) {
                         PathCommand::lineTo({400, 700})};
   glyph.placeOutline(outline, controlBox(outline));
   return glyph;
+}
+
+// While a canvas shows glyphs 1,100 units wide together that need 200 below the baseline: with 40
+// points around 1,000 units, but 8 below what hangs.
+double pointsPerUnit(const QWidget& canvas) {
+  return std::min({(canvas.height() - 80) / 1000.0, (canvas.height() - 48) / 1200.0,
+                   (canvas.width() - 80) / 1100.0});
 }
 
 // An editor in a window, with three pairs of which two have the same names.
@@ -78,8 +86,7 @@ private Q_SLOTS:
     Program program;
     program.clickRow(1);
     auto* canvas = find<KerningCanvas>("kerningCanvas");
-    const double scale =
-        std::min((canvas->height() - 80) / 1000.0, (canvas->width() - 80) / 1100.0);
+    const double scale = pointsPerUnit(*canvas);
     const auto drag = [&](Qt::MouseButton button, int to) {
       QTest::mousePress(canvas, button, {}, QPoint(200, 100));
       QTest::mouseMove(canvas, QPoint(200 + to, 150));
@@ -97,7 +104,10 @@ private Q_SLOTS:
     program.manager.undo();
     QCOMPARE(program.readout(), u"+0"_s);
     drag(Qt::LeftButton, -30);
+    auto* line = find<GestureLine>("gestureLine");
+    QCOMPARE(line->values(), u"Kerning %1 (%1)"_s.arg(program.readout()));
     QTest::keyClick(canvas, Qt::Key_Escape);
+    QCOMPARE(line->values(), QString());
     QTest::mouseRelease(canvas, Qt::LeftButton);
     QVERIFY(!program.manager.canUndo());
     QTest::keyClick(canvas, Qt::Key_Right);
@@ -160,8 +170,7 @@ private Q_SLOTS:
     Program program;
     program.clickRow(1);
     auto* canvas = find<KerningCanvas>("kerningCanvas");
-    const double scale =
-        std::min((canvas->height() - 80) / 1000.0, (canvas->width() - 80) / 1100.0);
+    const double scale = pointsPerUnit(*canvas);
     QTest::mousePress(canvas, Qt::LeftButton, {}, QPoint(200, 100));
     QTest::mouseMove(canvas, QPoint(230, 150));
     QTest::mouseRelease(canvas, Qt::LeftButton);
