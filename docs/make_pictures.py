@@ -20,7 +20,7 @@ ROOT = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests/end_to_end"))
 sys.path.insert(0, str(ROOT / "benchmarks/fonts"))
 
-from drawings import EM, FOLDER, FONTS, DrawingPen, write_drawing  # noqa: E402
+from drawings import EM, LATIN, DrawingPen, write_drawing  # noqa: E402
 from fontTools.ttLib import TTFont  # noqa: E402
 from PIL import Image  # noqa: E402
 from window_session import Screen, wait_for  # noqa: E402
@@ -41,7 +41,7 @@ def scene(name):
 
 def draw_typeface(folder, count):
     """Draws the first characters of a typeface of the system."""
-    font = TTFont(FOLDER / FONTS[0])
+    font = TTFont(LATIN[0])
     glyphs, scale = font.getGlyphSet(), EM / font["head"].unitsPerEm
     folder.mkdir()
     for character, glyph in sorted(font.getBestCmap().items())[:count]:
