@@ -217,8 +217,8 @@ void FontGenerator::generateFonts(FontProject project, const std::vector<fs::pat
     printLine("   Glyphs: " + std::to_string(project.glyphs.size()));
     printLine("   Kerning pairs: " + std::to_string(project.kerningPairs.size()));
     std::error_code error;
-    fs::path output = fs::absolute(outputURL, error);
-    batch->outputs.push_back({outputURL, error ? outputURL : std::move(output)});
+    const fs::path absolute = fs::absolute(outputURL, error);
+    batch->outputs.push_back({outputURL, error ? outputURL : absolute});
     printLine("   Output: " + batch->outputs.back().absolute.string());
   }
   std::stable_partition(batch->outputs.begin(), batch->outputs.end(),

@@ -68,8 +68,8 @@ std::optional<Bytes> encodeFormat4(const std::map<char32_t, int>& characters) {
   const std::size_t length = 16 + 8 * count + 2 * listed;
   if (length > 0xFFFF) return std::nullopt;
 
-  const auto power = static_cast<unsigned>(std::bit_width(count) - 1);
-  const unsigned searched = 2U << power;
+  const auto searched = static_cast<unsigned>(2 * std::bit_floor(count));
+  const auto power = static_cast<unsigned>(std::countr_zero(searched) - 1);
   ByteWriter table;
   table.u16(4).u16(static_cast<unsigned>(length)).u16(0);
   table.u16(static_cast<unsigned>(2 * count)).u16(searched).u16(power);

@@ -56,6 +56,7 @@ std::map<Column, int> classesOf(const std::map<int, Column>& columns) {
 
 std::vector<int> sortedKeys(const std::map<int, int>& values) {
   std::vector<int> keys;
+  keys.reserve(values.size());
   for (const auto& [key, value] : values) keys.push_back(key);
   return keys;
 }
