@@ -34,6 +34,10 @@ inline std::string applyMetrics(std::size_t count) {
   return "Apply Metrics to " + std::to_string(count) + " Glyphs";
 }
 
+inline std::string changeMetrics(std::size_t count) {
+  return count == 1 ? "Change Metrics" : "Change Metrics of " + std::to_string(count) + " Glyphs";
+}
+
 inline std::string deleteGlyphs(std::size_t count) {
   return "Delete " + std::to_string(count) + " Glyphs";
 }
