@@ -42,6 +42,10 @@ inline std::string deleteGlyphs(std::size_t count) {
   return "Delete " + std::to_string(count) + " Glyphs";
 }
 
+inline std::string kernPairs(std::size_t count) {
+  return "Kern " + std::to_string(count) + (count == 1 ? " Pair" : " Pairs");
+}
+
 inline std::string changeKerning(std::string_view leftGlyph, std::string_view rightGlyph) {
   return std::string("Change Kerning ").append(leftGlyph).append("/").append(rightGlyph);
 }
