@@ -9,6 +9,7 @@
 #include "desktop/widgets.h"
 #include "kerning/kerning_list.h"
 #include "kerning/kerning_pairs.h"
+#include "kerning/ui/kern_alike_sheet.h"
 #include "kerning/ui/kerning_canvas.h"
 
 #include <QApplication>
@@ -34,6 +35,7 @@ KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* p
     : QStackedWidget(parent), manager_(manager), edit_(manager),
       title_(new ElidedLabel({}, TextStyle::title2, Qt::ElideMiddle, Role::text, this)),
       reset_(new QPushButton(icon(Symbol::reset), tr("Reset"), this)),
+      alike_(new QPushButton(tr("Look-Alikes..."), this)),
       canvas_(new KerningCanvas(manager, this)), readout_(new ValueReadout(tr("Kerning value"))),
       slider_(new ValueSlider(kLeastKerning, kGreatestKerning, 1, this)),
       watch_(manager,
@@ -78,7 +80,15 @@ QWidget* KerningAdjustmentView::makeHeader() {
   reset_->setObjectName(QStringLiteral("resetKerning"));
   reset_->setAccessibleName(tr("Reset kerning"));
   connect(reset_, &QPushButton::clicked, this, [this] { enterKerningValue(manager_, pair_, 0); });
+  alike_->setObjectName(QStringLiteral("kernLookAlikes"));
+  alike_->setToolTip(tr("Give the value to pairs of glyphs with the same edges"));
+  connect(alike_, &QPushButton::clicked, this, [this] {
+    auto* sheet = new KernAlikeSheet(manager_, pair_, this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
+  });
   row->addWidget(title_, 1);
+  row->addWidget(alike_);
   row->addWidget(reset_);
   return header;
 }
@@ -127,6 +137,7 @@ QWidget* KerningAdjustmentView::makeControls() {
     // Left by a key that moves no focus.
     if (readout_->isAncestorOf(QApplication::focusWidget())) slider_->setFocus();
   });
+  setTabOrder(alike_, reset_);
   setTabOrder(reset_, canvas_);
   if (auto* entry = readout_->findChild<QLineEdit*>(QStringLiteral("entry"))) {
     setTabOrder(canvas_, entry);
@@ -156,6 +167,8 @@ void KerningAdjustmentView::refresh() {
   readout_->show(shownText(kerningText(pair->value)),
                  pair->value != 0 ? Role::accentForeground : Role::textSecondary);
   slider_->showValue(pair->value);
+  alike_->setEnabled(pair->value != 0 && manager_.firstGlyphNamed(pair->leftGlyph) &&
+                     manager_.firstGlyphNamed(pair->rightGlyph));
 }
 
 } // namespace quillery

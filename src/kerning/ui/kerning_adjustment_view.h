@@ -34,6 +34,7 @@ private:
   KerningEdit edit_;
   TextLabel* title_;
   QPushButton* reset_;
+  QPushButton* alike_;
   KerningCanvas* canvas_;
   ValueReadout* readout_;
   ValueSlider* slider_;
