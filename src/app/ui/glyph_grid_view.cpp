@@ -1,10 +1,8 @@
 #include "app/ui/glyph_grid_view.h"
 
 #include "app/ui/glyph_grid_header.h"
-#include "svg/ui/dropped_files.h"
 
 #include <QBoxLayout>
-#include <QDropEvent>
 
 namespace quillery {
 namespace {
@@ -14,11 +12,9 @@ constexpr int kFirstCard = 120;
 } // namespace
 
 GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
-    : QWidget(parent), drops_(manager),
-      header_(new GlyphGridHeader(GlyphSortOrder::unicode, kFirstCard, this)),
+    : QWidget(parent), header_(new GlyphGridHeader(GlyphSortOrder::unicode, kFirstCard, this)),
       cards_(new GlyphCardArea(manager, this)) {
   setObjectName(QStringLiteral("glyphGrid"));
-  setAcceptDrops(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -26,14 +22,6 @@ GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
   column->addWidget(cards_, 1);
   connect(header_, &GlyphGridHeader::sortOrderChosen, cards_, &GlyphCardArea::setSortOrder);
   connect(header_, &GlyphGridHeader::cardSizeChosen, cards_, &GlyphCardArea::setCardSize);
-}
-
-void GlyphGridView::dragEnterEvent(QDragEnterEvent* event) {
-  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
-}
-
-void GlyphGridView::dropEvent(QDropEvent* event) {
-  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
 }
 
 } // namespace quillery

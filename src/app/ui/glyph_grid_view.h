@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/ui/glyph_card_area.h"
-#include "svg/svg_drop.h"
 
 namespace quillery {
 
@@ -16,12 +15,7 @@ public:
 
   GlyphCardArea& cards() { return *cards_; }
 
-protected:
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
-
 private:
-  SVGDropDelegate drops_;
   GlyphGridHeader* header_; // before the cards, for the Tab key
   GlyphCardArea* cards_;
 };
