@@ -68,6 +68,8 @@ public:
   /// There are changes that no file holds. A project that was just begun or opened has none, nor
   /// has one whose changes were all undone.
   bool hasUnsavedChanges() const { return saved_.differsFrom(project_); }
+  /// No file holds the glyph as it is.
+  bool isUnsaved(const Glyph& glyph) const { return !saved_.holds(glyph); }
   /// The file's name without extension, or "Untitled".
   std::string projectDisplayName() const;
   const std::optional<Glyph>& glyphBeingEdited() const { return glyphBeingEdited_; }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "model/font_project.h"
+#include "project/glyph_index.h"
+
+#include <optional>
 
 namespace quillery {
 
@@ -13,9 +16,12 @@ public:
   /// What was changed may have been changed back: it is looked at when somebody asks.
   void mayBeBack() { mayBeBack_ = true; }
   bool differsFrom(const FontProject& project) const;
+  /// Whether a glyph stands in the file with just these values.
+  bool holds(const Glyph& glyph) const;
 
 private:
   FontProject saved_;
+  mutable std::optional<GlyphIndex> index_; // made when it is asked
   mutable bool changed_ = false;
   mutable bool mayBeBack_ = false;
 };

@@ -3,6 +3,7 @@
 #include "app/ui/glyph_grid_header.h"
 
 #include <QBoxLayout>
+#include <QLineEdit>
 
 namespace quillery {
 namespace {
@@ -22,6 +23,20 @@ GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
   column->addWidget(cards_, 1);
   connect(header_, &GlyphGridHeader::sortOrderChosen, cards_, &GlyphCardArea::setSortOrder);
   connect(header_, &GlyphGridHeader::cardSizeChosen, cards_, &GlyphCardArea::setCardSize);
+  connect(header_, &GlyphGridHeader::searched, cards_, &GlyphCardArea::setSearch);
+  connect(header_, &GlyphGridHeader::searchLeft, this, [this] {
+    cards_->setFocus(Qt::OtherFocusReason);
+    if (!cards_->currentCard() && cards_->cardCount() > 0) cards_->selectCard(0);
+  });
+  connect(cards_, &GlyphCardArea::typed, header_, &GlyphGridHeader::showTyped);
+  connect(cards_, &GlyphCardArea::cardsChanged, this,
+          [this] { header_->showFound(cards_->cardCount(), cards_->glyphCount()); });
+  connect(cards_, &GlyphCardArea::selectedIsHidden, &header_->search(), &QLineEdit::clear);
+}
+
+void GlyphGridView::startSearch() {
+  header_->search().setFocus(Qt::ShortcutFocusReason);
+  header_->search().selectAll();
 }
 
 } // namespace quillery

@@ -14,6 +14,8 @@ public:
   GlyphGridView(ProjectManager& manager, QWidget* parent);
 
   GlyphCardArea& cards() { return *cards_; }
+  /// Gives the search field the focus.
+  void startSearch();
 
 private:
   GlyphGridHeader* header_; // before the cards, for the Tab key

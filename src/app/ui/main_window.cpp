@@ -57,6 +57,10 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
            [this] { importSheet(manager_, this); },
            [this] { watchBar_->isWatching() ? watchBar_->stop() : watchBar_->chooseFolder(); },
            [this] { return watchBar_->isWatching(); }, [this](int tab) { goToTab(tab); },
+           [this] {
+             goToTab(kGlyphsTab);
+             grid().startSearch();
+           },
            [this](bool forward) { paneFocus_.goToPane(focusWidget(), forward); }})),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
       // Values are here for the edit that is being typed or dragged, which can be undone.
