@@ -6,41 +6,45 @@
 
 namespace quillery {
 
-void DisplayedGlyphs::place(const std::vector<Glyph>& glyphs, GlyphSortOrder order,
-                            const Filter& filter) {
-  positions_ = displayOrder(glyphs, order);
-  listed_ = glyphs.size();
-  if (filter)
-    std::erase_if(positions_, [&](std::size_t position) { return !filter(glyphs[position]); });
-  ids_.clear();
-  characters_.clear();
-  names_.clear();
-  cardOf_.clear();
-  cardOf_.reserve(positions_.size());
-  for (const std::size_t position : positions_) {
+void DisplayedGlyphs::place(const std::vector<Glyph>& glyphs, GlyphSortOrder order) {
+  all_.clear();
+  all_.reserve(glyphs.size());
+  placeOf_.clear();
+  placeOf_.reserve(glyphs.size());
+  for (const std::size_t position : displayOrder(glyphs, order)) {
     const Glyph& glyph = glyphs[position];
-    cardOf_.emplace(glyph.id(), ids_.size());
-    ids_.push_back(glyph.id());
-    characters_.emplace_back(glyph.character());
-    names_.push_back(glyph.name());
+    placeOf_.emplace(glyph.id(), all_.size());
+    all_.push_back({glyph.id(), position, std::string(glyph.character()), glyph.name()});
+  }
+  show(glyphs, {});
+}
+
+void DisplayedGlyphs::show(const std::vector<Glyph>& glyphs, const Filter& filter) {
+  shown_.clear();
+  ids_.clear();
+  cardOf_.clear();
+  if (!filter) cardOf_.reserve(all_.size());
+  for (std::size_t i = 0; i < all_.size(); ++i) {
+    if (filter && !filter(glyphs[all_[i].position])) continue;
+    cardOf_.emplace(all_[i].id, ids_.size());
+    shown_.push_back(i);
+    ids_.push_back(all_[i].id);
   }
 }
 
 bool DisplayedGlyphs::stands(const std::vector<Glyph>& glyphs) const {
-  if (glyphs.size() != listed_) return false;
-  for (std::size_t card = 0; card < ids_.size(); ++card) {
-    const Glyph& glyph = glyphs[positions_[card]];
-    if (glyph.id() != ids_[card] || glyph.character() != characters_[card] ||
-        glyph.name() != names_[card])
-      return false;
-  }
-  return true;
+  return glyphs.size() == all_.size() &&
+         std::all_of(all_.begin(), all_.end(), [&](const Placed& placed) {
+           const Glyph& glyph = glyphs[placed.position];
+           return glyph.id() == placed.id && glyph.character() == placed.character &&
+                  glyph.name() == placed.name;
+         });
 }
 
 // Only the character decides where a card stands among those of the same names.
 bool DisplayedGlyphs::moves(const Glyph& glyph) const {
-  const auto card = cardOf(glyph.id());
-  return card && glyph.character() != characters_[*card];
+  const auto place = placeOf_.find(glyph.id());
+  return place != placeOf_.end() && glyph.character() != all_[place->second].character;
 }
 
 std::optional<std::size_t> DisplayedGlyphs::cardOf(const Uuid& id) const {
@@ -50,17 +54,17 @@ std::optional<std::size_t> DisplayedGlyphs::cardOf(const Uuid& id) const {
 }
 
 std::optional<std::size_t> DisplayedGlyphs::find(std::string_view typed) const {
-  const auto place = [](const auto& list, auto found) -> std::optional<std::size_t> {
-    if (found == list.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - list.begin());
+  const auto firstThat = [this](const auto& fits) -> std::optional<std::size_t> {
+    const auto found = std::find_if(shown_.begin(), shown_.end(),
+                                    [&](std::size_t place) { return fits(all_[place]); });
+    if (found == shown_.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - shown_.begin());
   };
-  if (const auto card =
-          place(characters_, std::find(characters_.begin(), characters_.end(), typed)))
+  if (const auto card = firstThat([&](const Placed& glyph) { return glyph.character == typed; }))
     return card;
   const std::string beginning = lowercased(typed);
-  return place(names_, std::find_if(names_.begin(), names_.end(), [&](const std::string& name) {
-                 return lowercased(name).starts_with(beginning);
-               }));
+  return firstThat(
+      [&](const Placed& glyph) { return lowercased(glyph.name).starts_with(beginning); });
 }
 
 } // namespace quillery

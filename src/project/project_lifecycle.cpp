@@ -24,7 +24,9 @@ void ProjectManager::install(FontProject project, std::optional<fs::path> file) 
   notedDrawings_.clear();
   countDrawingsAnew();
   url_ = std::move(file);
-  documentChanged({What::project});
+  ++revision_;
+  saved_.keep(project_);
+  announce(What::project);
   // After those who show the old project have let go of it.
   desktop_.postToMain(releaseFreedMemory);
 }
@@ -106,10 +108,9 @@ void ProjectManager::saveProjectAs() {
 Result<void, Problem> ProjectManager::saveProjectTo(const fs::path& file) {
   if (auto written = writeProjectFile(file, project_); !written) return written;
   recentProjects_.addRecentProject(file);
-  if (url_ != file) {
-    url_ = file;
-    announce(What::file);
-  }
+  url_ = file;
+  saved_.keep(project_);
+  announce(What::file);
   return {};
 }
 

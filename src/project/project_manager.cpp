@@ -13,7 +13,9 @@ using What = ProjectChange::What;
 
 ProjectManager::ProjectManager(Desktop& desktop, RecentProjectsManager& recentProjects)
     : desktop_(desktop), recentProjects_(recentProjects),
-      undoConnection_(undoManager_.changed.connect([this] { announce(What::history); })) {}
+      undoConnection_(undoManager_.changed.connect([this] { announce(What::history); })) {
+  saved_.keep(project_);
+}
 
 const GlyphIndex& ProjectManager::glyphIndex() const {
   if (!index_) index_.emplace(project_.glyphs);
@@ -56,6 +58,7 @@ const KerningPair* ProjectManager::firstKerningPair(std::string_view leftGlyph,
 
 void ProjectManager::documentChanged(const ProjectChange& change) {
   ++revision_;
+  saved_.changed();
   changed.emit(change);
 }
 
@@ -248,13 +251,17 @@ OpenEdit ProjectManager::beginEdit(std::string actionName, std::unique_ptr<UndoS
 void ProjectManager::endEdit() {
   // Closed first: whoever hears of the step may look here.
   const auto edit = std::exchange(openEdit_, nullptr);
-  if (edit && edit->before->changesAnything(*this))
+  if (!edit) return;
+  if (edit->before->changesAnything(*this))
     addUndoStep(std::move(edit->actionName), std::move(edit->before));
+  else
+    saved_.mayBeBack();
 }
 
 void ProjectManager::cancelEdit() {
   const auto edit = std::exchange(openEdit_, nullptr);
   if (edit && edit->before->changesAnything(*this)) edit->before->swap(*this);
+  saved_.mayBeBack();
 }
 
 void ProjectManager::addUndoStep(std::string actionName, std::unique_ptr<UndoStep> step) {
@@ -277,6 +284,7 @@ void ProjectManager::undo() {
   endEdit();
   if (!undoManager_.canUndo()) return;
   undoManager_.undo(*this);
+  saved_.mayBeBack();
   announce(What::everything);
 }
 
@@ -284,6 +292,7 @@ void ProjectManager::redo() {
   endEdit();
   if (!undoManager_.canRedo()) return;
   undoManager_.redo(*this);
+  saved_.mayBeBack();
   announce(What::everything);
 }
 

@@ -10,6 +10,7 @@
 #include "project/kerning_index.h"
 #include "project/open_edit.h"
 #include "project/recent_projects_manager.h"
+#include "project/saved_state.h"
 #include "project/undo_manager.h"
 
 #include <cstdint>
@@ -35,7 +36,7 @@ struct ProjectChange {
     selection,    ///< selectedGlyphIds
     selectedPair, ///< selectedKerningPairId
     selectedTab,
-    file,        ///< currentProjectURL
+    file,        ///< currentProjectURL, or what the file holds
     imports,     ///< imports came, went or got further, or notedDrawings
     exportState, ///< isExporting or exportStatus
     savedBadge,
@@ -64,6 +65,11 @@ public:
   const FontProject& currentProject() const { return project_; }
   /// The file that Save writes to.
   const std::optional<std::filesystem::path>& currentProjectURL() const { return url_; }
+  /// There are changes that no file holds. A project that was just begun or opened has none, nor
+  /// has one whose changes were all undone.
+  bool hasUnsavedChanges() const { return saved_.differsFrom(project_); }
+  /// No file holds the glyph as it is.
+  bool isUnsaved(const Glyph& glyph) const { return !saved_.holds(glyph); }
   /// The file's name without extension, or "Untitled".
   std::string projectDisplayName() const;
   const std::optional<Glyph>& glyphBeingEdited() const { return glyphBeingEdited_; }
@@ -234,6 +240,7 @@ private:
   mutable std::optional<KerningIndex> kerningIndex_;
   std::optional<Glyph> glyphBeingEdited_;
   std::optional<std::filesystem::path> url_;
+  SavedState saved_;
   std::vector<std::shared_ptr<ImportTask>> imports_;
   std::vector<NotedDrawing> notedDrawings_;
   std::unordered_set<std::string> drawingsLookedAt_; // their files

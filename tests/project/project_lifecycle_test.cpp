@@ -1,3 +1,4 @@
+#include "kerning/kerning_pairs.h"
 #include "project/project_manager.h"
 #include "support/document.h"
 #include "support/testing.h"
@@ -131,6 +132,40 @@ TEST(ProjectManager, AsksForAFileWhenThereIsNone) {
   EXPECT_THAT(d.recents.recentProjects(), ElementsAre(second, brush));
   ASSERT_EQ(d.desktop.savePanels.size(), 3U);
   EXPECT_EQ(d.desktop.savePanels[2].folder, brush.parent_path());
+}
+
+TEST(ProjectManager, KnowsWhetherAFileHoldsAllChanges) {
+  Document d;
+  const auto rename = [&](const char* name) {
+    d.manager.editFontInfo([&](FontInfo& info) { info.name = Utf8::mended(name); });
+  };
+  const auto isUnsaved = [&] { return d.manager.hasUnsavedChanges(); };
+  EXPECT_FALSE(isUnsaved());
+  const fs::path file = d.projectFile("Brush.fontproj", "Brush");
+  ASSERT_TRUE(d.manager.loadProject(file).ok());
+  EXPECT_FALSE(isUnsaved());
+  d.manager.selectAllGlyphs();
+  EXPECT_FALSE(isUnsaved());
+  // Undone, it is what the file holds; saved in between, it is not.
+  d.manager.deleteSelectedGlyphs();
+  EXPECT_TRUE(isUnsaved());
+  d.manager.undo();
+  EXPECT_FALSE(isUnsaved());
+  d.manager.deleteSelectedGlyphs();
+  ASSERT_TRUE(d.manager.saveProjectTo(file).ok());
+  EXPECT_FALSE(isUnsaved());
+  d.manager.undo();
+  EXPECT_TRUE(isUnsaved());
+  // A save that fails holds nothing.
+  EXPECT_FALSE(d.manager.saveProjectTo(d.folder / "no" / "x.fontproj").ok());
+  EXPECT_TRUE(isUnsaved());
+  ASSERT_TRUE(d.manager.saveProjectTo(file).ok());
+  rename("while it is typed");
+  EXPECT_TRUE(isUnsaved());
+  d.manager.newProject();
+  EXPECT_FALSE(isUnsaved());
+  addKerningPair(d.manager, utf8("A"), utf8("V"));
+  EXPECT_TRUE(isUnsaved());
 }
 
 TEST(ProjectManager, IsNotCalledBackOnceItIsGone) {

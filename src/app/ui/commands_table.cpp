@@ -96,6 +96,8 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
       [goToTab = targets.goToTab] { goToTab(0); });
   add(Menu::view, "kerningTab", tr("Kerning"), Qt::CTRL | Qt::Key_2, hasGlyphs,
       [goToTab = targets.goToTab] { goToTab(1); });
+  add(Menu::view, "findGlyphs", tr("Search Glyphs"), Qt::CTRL | Qt::Key_F, hasGlyphs,
+      targets.findGlyphs);
   divider(Menu::view);
   add(Menu::view, "nextPane", tr("Next Pane"), Qt::Key_F6, always,
       [goToPane = targets.goToPane] { goToPane(true); });

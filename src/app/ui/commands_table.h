@@ -33,6 +33,7 @@ struct CommandTargets {
   std::function<void()> watchFolder; ///< or stop watching it
   std::function<bool()> isWatching;
   std::function<void(int tab)> goToTab;
+  std::function<void()> findGlyphs;
   std::function<void(bool forward)> goToPane;
 };
 

@@ -2,10 +2,8 @@
 
 #include "desktop/widgets.h"
 #include "svg/svg_import.h"
-#include "svg/ui/dropped_files.h"
 
 #include <QBoxLayout>
-#include <QDragEnterEvent>
 #include <QPushButton>
 
 namespace quillery {
@@ -22,10 +20,8 @@ TextLabel* centred(const QString& words, TextStyle style, Role role, QWidget* pa
 
 } // namespace
 
-EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent)
-    : QWidget(parent), drops_(manager) {
+EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("emptyState"));
-  setAcceptDrops(true);
   auto* column = new QVBoxLayout(this);
   column->setSpacing(kSpacing);
   column->addStretch(1);
@@ -50,14 +46,6 @@ EmptyStateView::EmptyStateView(ProjectManager& manager, QWidget* parent)
   connect(sample, &QPushButton::clicked, this, [&manager] { manager.openSampleProject(); });
   column->addWidget(sample, 0, Qt::AlignCenter);
   column->addStretch(1);
-}
-
-void EmptyStateView::dragEnterEvent(QDragEnterEvent* event) {
-  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
-}
-
-void EmptyStateView::dropEvent(QDropEvent* event) {
-  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
 }
 
 } // namespace quillery

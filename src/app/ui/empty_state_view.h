@@ -1,23 +1,16 @@
 #pragma once
 
-#include "svg/svg_drop.h"
+#include "project/project_manager.h"
 
 #include <QWidget>
 
 namespace quillery {
 
-/// What the window shows while the project has no glyphs. Takes dropped drawings.
+/// What the window shows while the project has no glyphs.
 class EmptyStateView : public QWidget {
   Q_OBJECT
 public:
   EmptyStateView(ProjectManager& manager, QWidget* parent);
-
-protected:
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
-
-private:
-  SVGDropDelegate drops_;
 };
 
 } // namespace quillery

@@ -20,7 +20,8 @@ using What = ProjectChange::What;
 
 GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
     : QAbstractScrollArea(parent), manager_(manager), grid_(0, 1, 1, 0),
-      watch_(manager, {{What::glyphList, What::glyphs, What::selection}},
+      watch_(manager,
+             {{What::glyphList, What::glyphs, What::selection, What::kerningList, What::file}},
              [this](const ProjectChanges& changes) { refresh(changes); }) {
   [[maybe_unused]] static const bool installed = (installCardAccessibility(), true);
   setObjectName(QStringLiteral("glyphCards"));
@@ -30,6 +31,11 @@ GlyphCardArea::GlyphCardArea(ProjectManager& manager, QWidget* parent)
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   viewport()->setAutoFillBackground(false);
   connect(&Theme::current(), &Theme::changed, this, &GlyphCardArea::layOut);
+  typingPause_.setSingleShot(true);
+  connect(&typingPause_, &QTimer::timeout, this, [this] {
+    typed_.clear();
+    Q_EMIT typed({}, false);
+  });
   placeCards();
   paintedSelection_ = manager.selectedGlyphIds();
 }
@@ -38,6 +44,13 @@ void GlyphCardArea::setSortOrder(GlyphSortOrder order) {
   if (sortOrder_ == order) return;
   sortOrder_ = order;
   placeCards();
+  revealLastSelected();
+}
+
+void GlyphCardArea::setSearch(const QString& text) {
+  updateCards();
+  searched_ = text;
+  showCards();
   revealLastSelected();
 }
 
@@ -93,7 +106,10 @@ void GlyphCardArea::refresh(const ProjectChanges& changes) {
   const bool moved = changes.has(What::glyphList)
                          ? !displayed_.stands(manager_.currentProject().glyphs)
                          : std::any_of(values.begin(), values.end(), moves);
-  if (moved) placeCards();
+  if (moved)
+    placeCards();
+  else if (search_ && searchIsAffected(changes))
+    showCards();
   if (changes.has(What::glyphList)) viewport()->update();
   for (const Uuid& id : values) repaintCard(id);
   if (changes.has(What::selection)) followSelection();
@@ -102,9 +118,42 @@ void GlyphCardArea::refresh(const ProjectChanges& changes) {
 void GlyphCardArea::placeCards() {
   const Place place = currentPlace();
   displayed_.place(manager_.currentProject().glyphs, sortOrder_);
+  applySearch();
+  finishPlacing(place);
+}
+
+// Whoever is found may be others after each change of what the search looks at.
+void GlyphCardArea::showCards() {
+  const Place place = currentPlace();
+  applySearch();
+  finishPlacing(place);
+}
+
+void GlyphCardArea::applySearch() {
+  if (searched_.isEmpty() && !search_) return;
+  search_.emplace(manager_, searched_.toStdString());
+  if (search_->empty()) search_.reset();
+  displayed_.show(manager_.currentProject().glyphs,
+                  search_ ? [this](const Glyph& glyph) { return search_->fits(glyph); }
+                          : DisplayedGlyphs::Filter());
+}
+
+void GlyphCardArea::finishPlacing(const Place& place) {
   arrange();
   keepPlace(place);
   announceCards(*this);
+  Q_EMIT cardsChanged();
+}
+
+bool GlyphCardArea::searchIsAffected(const ProjectChanges& changes) const {
+  if (changes.everything() || changes.has(What::glyphList) || changes.has(What::kerningList) ||
+      changes.has(What::file))
+    return true;
+  const auto& values = changes.glyphs();
+  return std::any_of(values.begin(), values.end(), [this](const Uuid& id) {
+    const Glyph* glyph = manager_.glyphWithId(id);
+    return glyph && search_->fits(*glyph) != displayed_.cardOf(id).has_value();
+  });
 }
 
 void GlyphCardArea::layOut() {
@@ -160,6 +209,8 @@ void GlyphCardArea::followSelection() {
     if (!paintedSelection_.contains(id)) repaintCard(id);
   paintedSelection_ = selection;
   const auto card = lastSelectedCard();
+  if (!card && search_ && selection.size() == 1 && manager_.lastSelectedGlyphId())
+    return Q_EMIT selectedIsHidden();
   if (!card) return;
   announceCurrentCard(*this, *card);
   // Selected from elsewhere, such as in the preview or by an import: it should be seen.
@@ -211,6 +262,12 @@ void GlyphCardArea::paintEvent(QPaintEvent* event) {
               ofMenu_ == displayed_[i]                 ? CardMark::menu
               : hasFocus() && cursor_ == displayed_[i] ? CardMark::cursor
                                                        : CardMark::none);
+  }
+  if (search_ && displayed_.count() == 0) {
+    painter.setFont(Theme::current().font(TextStyle::body));
+    painter.setPen(themeColor(Role::textSecondary));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                     tr("No glyph is found"));
   }
   if (band_)
     painting::box(painter, QRectF(bandRect()).adjusted(0.5, 0.5, -0.5, -0.5), radius::small,

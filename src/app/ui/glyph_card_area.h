@@ -2,11 +2,12 @@
 
 #include "app/card_band.h"
 #include "app/displayed_glyphs.h"
+#include "app/glyph_search.h"
 #include "project/project_watch.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
-#include <QElapsedTimer>
+#include <QTimer>
 
 namespace quillery {
 
@@ -23,7 +24,10 @@ public:
   /// Least width of a card, in points.
   void setCardSize(int points);
 
+  /// Shows only the glyphs that this finds; all when it is empty.
+  void setSearch(const QString& text);
   std::size_t cardCount() const { return displayed_.count(); }
+  std::size_t glyphCount() const { return displayed_.countOfAll(); }
   /// The glyph of a card; null while the project is changing.
   const Glyph* glyphOfCard(std::size_t index) const;
   bool isSelected(std::size_t index) const;
@@ -41,6 +45,13 @@ public:
 Q_SIGNALS:
   /// Return was pressed on a glyph.
   void editRequested();
+  /// Letters were typed to find a glyph, which is selected, or there is none; empty once it is
+  /// over.
+  void typed(const QString& text, bool found);
+  /// Other cards are shown.
+  void cardsChanged();
+  /// What was selected from elsewhere is not among those that are shown.
+  void selectedIsHidden();
 
 protected:
   bool event(QEvent* event) override;
@@ -67,6 +78,10 @@ private:
 
   void refresh(const ProjectChanges& changes);
   void placeCards();
+  void showCards();
+  void applySearch();
+  void finishPlacing(const Place& place);
+  bool searchIsAffected(const ProjectChanges& changes) const;
   void layOut();
   void arrange();
   Place currentPlace() const;
@@ -85,6 +100,7 @@ private:
   bool moveByKey(QKeyEvent* event);
   void moveSelection(std::size_t target, bool extend);
   void moveCursor(std::size_t target);
+  void selectAll();
   void deleteSelected();
   bool findTyped(const QString& text);
 
@@ -93,6 +109,8 @@ private:
   int cardSize_ = 120;
   CardGrid grid_;
   DisplayedGlyphs displayed_;
+  QString searched_;
+  std::optional<GlyphSearch> search_; // while something is searched for
   std::unordered_set<Uuid> paintedSelection_;
   std::optional<Uuid> cursor_; // where Ctrl and the arrows went
   std::optional<Uuid> ofMenu_; // whose menu is open
@@ -101,7 +119,7 @@ private:
   QPoint bandEnd_; // in the viewport
   QBasicTimer scrolling_;
   QString typed_;
-  QElapsedTimer sinceTyped_;
+  QTimer typingPause_;
   ProjectWatch watch_;
 };
 

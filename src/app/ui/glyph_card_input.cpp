@@ -15,9 +15,9 @@
 namespace quillery {
 namespace {
 
-constexpr qint64 kTypingPause = 1000; // ms after which typing begins anew
-constexpr int kScrollInterval = 16;   // ms, while a band reaches beyond what is in sight
-constexpr int kScrollShare = 4;       // of the distance beyond, each time
+constexpr int kTypingPause = 1000;  // ms after which typing begins anew
+constexpr int kScrollInterval = 16; // ms, while a band reaches beyond what is in sight
+constexpr int kScrollShare = 4;     // of the distance beyond, each time
 
 bool hasCommand(Qt::KeyboardModifiers modifiers) {
   return modifiers.testFlag(Qt::ControlModifier);
@@ -198,6 +198,14 @@ void GlyphCardArea::moveSelection(std::size_t target, bool extend) {
   scrollToCard(target);
 }
 
+// Of a search, what is found.
+void GlyphCardArea::selectAll() {
+  updateCards();
+  if (!search_) return manager_.selectAllGlyphs();
+  const auto ids = displayed_.ids();
+  if (!ids.empty()) manager_.setSelection({ids.begin(), ids.end()}, ids.back());
+}
+
 void GlyphCardArea::moveCursor(std::size_t target) {
   if (cursor_) repaintCard(*cursor_);
   cursor_ = displayed_[target];
@@ -231,8 +239,7 @@ void GlyphCardArea::deleteSelected() {
 void GlyphCardArea::keyPressEvent(QKeyEvent* event) {
   const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool selects = !manager_.selectedGlyphIds().empty();
-  if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_A)
-    return manager_.selectAllGlyphs();
+  if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_A) return selectAll();
   if (modifiers == Qt::ControlModifier && event->key() == Qt::Key_Space) {
     updateCards();
     if (const auto card = currentCard()) {
@@ -256,10 +263,11 @@ void GlyphCardArea::keyPressEvent(QKeyEvent* event) {
 bool GlyphCardArea::findTyped(const QString& text) {
   if (text.isEmpty() || !text.at(0).isPrint()) return false;
   updateCards();
-  if (!sinceTyped_.isValid() || sinceTyped_.elapsed() > kTypingPause) typed_.clear();
-  sinceTyped_.restart();
+  typingPause_.start(kTypingPause);
   typed_ += text;
-  if (const auto card = displayed_.find(typed_.toStdString())) selectCard(*card);
+  const auto card = displayed_.find(typed_.toStdString());
+  if (card) selectCard(*card);
+  Q_EMIT typed(typed_, card.has_value());
   return true;
 }
 

@@ -5,7 +5,9 @@
 
 #include <QActionGroup>
 #include <QBoxLayout>
-#include <QEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QSlider>
 #include <QToolButton>
@@ -18,6 +20,8 @@ constexpr int kLeastCard = 80;
 constexpr int kGreatestCard = 200;
 constexpr int kCardStep = 10;
 constexpr int kSliderWidth = 120;
+constexpr int kLeastSearch = 88;
+constexpr int kMostSearch = 240;
 
 QString title(GlyphSortOrder order) {
   return shownText(label(order));
@@ -26,7 +30,9 @@ QString title(GlyphSortOrder order) {
 } // namespace
 
 GlyphGridHeader::GlyphGridHeader(GlyphSortOrder order, int cardSize, QWidget* parent)
-    : QWidget(parent), order_(order), sortButton_(new QToolButton(this)),
+    : QWidget(parent), order_(order),
+      found_(new ElidedLabel({}, TextStyle::caption, Qt::ElideRight, Role::textSecondary, this)),
+      sortButton_(new QToolButton(this)), search_(new QLineEdit(this)),
       sizeSlider_(new QSlider(Qt::Horizontal, this)), orderRow_(makeOrderRow()),
       sizeRow_(makeSizeRow(cardSize)) {
   rows_ = new QBoxLayout(QBoxLayout::LeftToRight, this);
@@ -44,7 +50,8 @@ QWidget* GlyphGridHeader::makeOrderRow() {
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(grid::unit);
   row->addWidget(new TextLabel(tr("Glyphs"), TextStyle::title, Role::text, part));
-  row->addStretch(1);
+  found_->setObjectName(QStringLiteral("foundGlyphs"));
+  row->addWidget(found_, 1);
 
   sortButton_->setObjectName(QStringLiteral("sortMenu"));
   sortButton_->setAccessibleName(tr("Sort order"));
@@ -72,7 +79,18 @@ QWidget* GlyphGridHeader::makeSizeRow(int cardSize) {
   auto* row = new QHBoxLayout(part);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(grid::half);
-  row->addStretch(1);
+  search_->setObjectName(QStringLiteral("glyphSearch"));
+  search_->setAccessibleName(tr("Search glyphs"));
+  search_->setPlaceholderText(tr("Search"));
+  search_->setToolTip(tr("A name, a character or its code; or: missing, empty, unkerned, changed"));
+  search_->addAction(icon(Symbol::search, Role::textSecondary), QLineEdit::LeadingPosition);
+  search_->setClearButtonEnabled(true);
+  search_->setMinimumWidth(kLeastSearch);
+  search_->setMaximumWidth(kMostSearch);
+  search_->installEventFilter(this);
+  connect(search_, &QLineEdit::textChanged, this, &GlyphGridHeader::searched);
+  row->addWidget(search_, 1);
+  row->addStretch();
   sizeSlider_->setObjectName(QStringLiteral("cardSize"));
   sizeSlider_->setAccessibleName(tr("Card size"));
   sizeSlider_->setFixedWidth(kSliderWidth);
@@ -102,6 +120,36 @@ int GlyphGridHeader::cardSize() const {
   return sizeSlider_->value() * kCardStep;
 }
 
+void GlyphGridHeader::showFound(std::size_t found, std::size_t all) {
+  const auto number = [](std::size_t count) { return QLocale().toString(qulonglong(count)); };
+  found_->setText(search_->text().isEmpty() ? QString()
+                                            : tr("%1 of %2").arg(number(found), number(all)));
+}
+
+void GlyphGridHeader::showTyped(const QString& text, bool found) {
+  search_->setPlaceholderText(text.isEmpty() ? tr("Search")
+                              : found        ? text
+                                             : tr("%1: none").arg(text));
+}
+
+bool GlyphGridHeader::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != search_ || event->type() != QEvent::KeyPress) return false;
+  switch (static_cast<QKeyEvent*>(event)->key()) {
+  case Qt::Key_Escape:
+    if (search_->text().isEmpty()) break;
+    search_->clear();
+    return true;
+  case Qt::Key_Down:
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    break;
+  default:
+    return false;
+  }
+  Q_EMIT searchLeft();
+  return true;
+}
+
 QSize GlyphGridHeader::minimumSizeHint() const {
   const QMargins margins = rows_->contentsMargins();
   const int inside = orderRow_->sizeHint().height();
@@ -117,11 +165,12 @@ void GlyphGridHeader::arrange() {
   sortButton_->setText(text);
   const QMargins margins = rows_->contentsMargins();
   const int room = width() - margins.left() - margins.right();
-  const bool beside =
-      orderRow_->sizeHint().width() + rows_->spacing() + sizeRow_->sizeHint().width() <= room;
+  // The number found comes and goes, and moves nothing.
+  const int wanted = orderRow_->sizeHint().width() - found_->sizeHint().width();
+  const bool beside = wanted + rows_->spacing() + sizeRow_->sizeHint().width() <= room;
   rows_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   setFixedHeight(minimumSizeHint().height());
-  const int lacking = beside ? 0 : orderRow_->sizeHint().width() - room;
+  const int lacking = beside ? 0 : wanted - room;
   if (lacking <= 0) return;
   const QFontMetrics metrics(sortButton_->font());
   sortButton_->setText(

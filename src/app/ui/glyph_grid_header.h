@@ -5,13 +5,16 @@
 #include <QWidget>
 
 class QBoxLayout;
+class QLineEdit;
 class QSlider;
 class QToolButton;
 
 namespace quillery {
 
-/// The row above the glyph grid: its title, the choice of order and of card size. Two rows where it
-/// is narrow; where even these are, the name of the order gives way.
+class ElidedLabel;
+
+/// The row above the glyph grid: its title, the choice of order, the search and the card size. Two
+/// rows where it is narrow; where even these are, the name of the order gives way.
 class GlyphGridHeader : public QWidget {
   Q_OBJECT
 public:
@@ -21,6 +24,11 @@ public:
   /// Least width of a card, in points.
   void setCardSize(int points);
   int cardSize() const;
+  QLineEdit& search() { return *search_; }
+  /// How many glyphs are found of how many; shown while something is searched for.
+  void showFound(std::size_t found, std::size_t all);
+  /// What is typed into the grid to find a glyph, and whether there is one.
+  void showTyped(const QString& text, bool found);
 
   /// That of the narrowest arrangement.
   QSize minimumSizeHint() const override;
@@ -28,10 +36,14 @@ public:
 Q_SIGNALS:
   void sortOrderChosen(GlyphSortOrder order);
   void cardSizeChosen(int points);
+  void searched(const QString& text);
+  /// The user is done with the search field.
+  void searchLeft();
 
 protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   QWidget* makeOrderRow();
@@ -39,7 +51,9 @@ private:
   void arrange();
 
   GlyphSortOrder order_;
+  ElidedLabel* found_;
   QToolButton* sortButton_;
+  QLineEdit* search_;
   QSlider* sizeSlider_;
   QWidget* orderRow_;
   QWidget* sizeRow_;

@@ -1,10 +1,9 @@
 #include "app/ui/glyph_grid_view.h"
 
 #include "app/ui/glyph_grid_header.h"
-#include "svg/ui/dropped_files.h"
 
 #include <QBoxLayout>
-#include <QDropEvent>
+#include <QLineEdit>
 
 namespace quillery {
 namespace {
@@ -14,11 +13,9 @@ constexpr int kFirstCard = 120;
 } // namespace
 
 GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
-    : QWidget(parent), drops_(manager),
-      header_(new GlyphGridHeader(GlyphSortOrder::unicode, kFirstCard, this)),
+    : QWidget(parent), header_(new GlyphGridHeader(GlyphSortOrder::unicode, kFirstCard, this)),
       cards_(new GlyphCardArea(manager, this)) {
   setObjectName(QStringLiteral("glyphGrid"));
-  setAcceptDrops(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -26,14 +23,20 @@ GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
   column->addWidget(cards_, 1);
   connect(header_, &GlyphGridHeader::sortOrderChosen, cards_, &GlyphCardArea::setSortOrder);
   connect(header_, &GlyphGridHeader::cardSizeChosen, cards_, &GlyphCardArea::setCardSize);
+  connect(header_, &GlyphGridHeader::searched, cards_, &GlyphCardArea::setSearch);
+  connect(header_, &GlyphGridHeader::searchLeft, this, [this] {
+    cards_->setFocus(Qt::OtherFocusReason);
+    if (!cards_->currentCard() && cards_->cardCount() > 0) cards_->selectCard(0);
+  });
+  connect(cards_, &GlyphCardArea::typed, header_, &GlyphGridHeader::showTyped);
+  connect(cards_, &GlyphCardArea::cardsChanged, this,
+          [this] { header_->showFound(cards_->cardCount(), cards_->glyphCount()); });
+  connect(cards_, &GlyphCardArea::selectedIsHidden, &header_->search(), &QLineEdit::clear);
 }
 
-void GlyphGridView::dragEnterEvent(QDragEnterEvent* event) {
-  if (drops_.validateDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
-}
-
-void GlyphGridView::dropEvent(QDropEvent* event) {
-  if (drops_.performDrop(droppedFiles(*event->mimeData()))) event->acceptProposedAction();
+void GlyphGridView::startSearch() {
+  header_->search().setFocus(Qt::ShortcutFocusReason);
+  header_->search().selectAll();
 }
 
 } // namespace quillery

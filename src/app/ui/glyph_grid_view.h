@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/ui/glyph_card_area.h"
-#include "svg/svg_drop.h"
 
 namespace quillery {
 
@@ -15,13 +14,10 @@ public:
   GlyphGridView(ProjectManager& manager, QWidget* parent);
 
   GlyphCardArea& cards() { return *cards_; }
-
-protected:
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
+  /// Gives the search field the focus.
+  void startSearch();
 
 private:
-  SVGDropDelegate drops_;
   GlyphGridHeader* header_; // before the cards, for the Tab key
   GlyphCardArea* cards_;
 };

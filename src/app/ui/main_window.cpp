@@ -1,13 +1,15 @@
 #include "app/ui/main_window.h"
 
 #include "app/ui/empty_state_view.h"
+#include "app/ui/file_drops.h"
 #include "app/ui/glyph_grid_view.h"
 #include "app/ui/glyph_split_view.h"
 #include "app/ui/licenses_view.h"
 #include "app/ui/project_sidebar.h"
+#include "app/ui/project_tool_bar.h"
 #include "app/ui/resizable_split_view.h"
+#include "desktop/notice_bar.h"
 #include "desktop/outline_painting.h"
-#include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "drawing/ui/sheet_import_view.h"
 #include "editor/ui/editor_area.h"
@@ -16,20 +18,17 @@
 #include "kerning/ui/kerning_adjustment_view.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "preview/ui/preview_panel.h"
-#include "svg/ui/dropped_files.h"
 #include "svg/ui/import_progress_view.h"
 #include "svg/ui/noted_drawings_bar.h"
 #include "svg/ui/watch_bar.h"
 
 #include <QApplication>
 #include <QBoxLayout>
-#include <QDragEnterEvent>
 #include <QListView>
 #include <QMenuBar>
-#include <QMimeData>
+#include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
-#include <QToolBar>
 
 namespace quillery {
 namespace {
@@ -41,19 +40,11 @@ constexpr QSize kLeastSize(900, 600);
 constexpr QSize kFirstSize(1440, 960); // where the screen has room for it
 constexpr double kMostOfScreen = 0.92;
 
-constexpr int kTabsWidth = 200;
 constexpr int kLeastWorkArea = 300;
 constexpr int kLeastPreview = 150;
 
 enum Page { kEmptyPage, kWorkPage };
 enum Tab { kGlyphsTab, kKerningTab };
-
-std::optional<fs::path> droppedProject(const QMimeData& data) {
-  const auto files = droppedFiles(data);
-  if (files.size() != 1 || files.front().extension() != std::string(".") + kProjectExtension)
-    return std::nullopt;
-  return files.front();
-}
 
 } // namespace
 
@@ -66,25 +57,34 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
            [this] { importSheet(manager_, this); },
            [this] { watchBar_->isWatching() ? watchBar_->stop() : watchBar_->chooseFolder(); },
            [this] { return watchBar_->isWatching(); }, [this](int tab) { goToTab(tab); },
+           [this] {
+             goToTab(kGlyphsTab);
+             grid().startSearch();
+           },
            [this](bool forward) { paneFocus_.goToPane(focusWidget(), forward); }})),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
       // Values are here for the edit that is being typed or dragged, which can be undone.
       watch_(manager,
              {{What::file, What::savedBadge, What::selectedTab, What::glyphList, What::selection,
-               What::history, What::fontInfo, What::glyphs, What::kerningPair, What::imports}},
+               What::history, What::fontInfo, What::glyphs, What::kerningPair, What::kerningList,
+               What::imports}},
              [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("mainWindow"));
   setMinimumSize(kLeastSize);
   resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
-  setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
 
   // In reading order, which is the order of the Tab key.
   makeMenus();
-  makeToolBar();
+  toolBar_ = new ProjectToolBar(manager, this);
+  toolBar_->setSaved(manager.showSavedBadge());
+  connect(toolBar_, &ProjectToolBar::previewToggled, this, &MainWindow::togglePreview);
+  addToolBar(toolBar_);
   setCentralWidget(makeBody(exportFlow));
   new ExportProgressView(manager, exportFlow, this);
   new ImportProgressView(manager, this);
+  connect(new FileDrops(manager, *this), &FileDrops::projectRefused, this,
+          &MainWindow::tellRefused);
   showTitle();
   showWorkArea();
   enableCommands();
@@ -120,6 +120,12 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   column->addWidget(watchBar_);
   notedBar_ = new NotedDrawingsBar(manager_, body);
   column->addWidget(notedBar_);
+  refused_ = new NoticeBar(body);
+  refused_->setObjectName(QStringLiteral("projectRefused"));
+  connect(refused_->addButton(QStringLiteral("saveFirst"), tr("Save")), &QPushButton::clicked, this,
+          [this] { manager_.saveProject(); });
+  connect(refused_, &NoticeBar::closed, refused_, &QWidget::hide);
+  column->addWidget(refused_);
   column->addWidget(pages_, 1);
   row->addLayout(column, 1);
   return body;
@@ -154,43 +160,6 @@ void MainWindow::makeMenus() {
   }
 }
 
-void MainWindow::makeToolBar() {
-  auto* bar = new QToolBar(this);
-  toolBar_ = bar;
-  bar->setObjectName(QStringLiteral("toolBar"));
-  bar->setMovable(false);
-  // One row of our own: a tool bar's layout hides what it has no room for instead of letting the
-  // title give way.
-  auto* content = new QWidget(bar);
-  auto* row = new QHBoxLayout(content);
-  row->setContentsMargins(grid::half, 0, 0, 0);
-  row->setSpacing(grid::half);
-  title_ = new ElidedLabel({}, TextStyle::headline, Qt::ElideMiddle, Role::text, content);
-  title_->setObjectName(QStringLiteral("projectTitle"));
-  row->addWidget(title_);
-  savedBadge_ = new Badge(Symbol::check, tr("Saved!"), content);
-  savedBadge_->setObjectName(QStringLiteral("savedBadge"));
-  savedBadge_->setPresented(manager_.showSavedBadge());
-  row->addWidget(savedBadge_);
-  row->addStretch(1);
-
-  tabs_ = new SegmentedControl(tr("View"), {tr("Glyphs"), tr("Kerning")}, content);
-  tabs_->setObjectName(QStringLiteral("tabs"));
-  tabs_->setFixedWidth(kTabsWidth);
-  connect(tabs_, &SegmentedControl::currentChanged, this,
-          [this](int tab) { manager_.setSelectedTab(tab); });
-  row->addWidget(tabs_);
-
-  previewSwitch_ = new IconButton(Symbol::eye, tr("Toggle Preview"), content);
-  previewSwitch_->setObjectName(QStringLiteral("togglePreview"));
-  previewSwitch_->setToolTip(tr("Toggle font preview panel"));
-  previewSwitch_->setFocusPolicy(Qt::TabFocus);
-  connect(previewSwitch_, &QToolButton::clicked, this, &MainWindow::togglePreview);
-  row->addWidget(previewSwitch_);
-  bar->addWidget(content);
-  addToolBar(bar);
-}
-
 void MainWindow::fillRecentMenu() {
   if (!recentMenu_) return;
   recentMenu_->clear();
@@ -214,7 +183,9 @@ void MainWindow::fillRecentMenu() {
 void MainWindow::refresh(const ProjectChanges& changes) {
   if (changes.anotherProject()) forgetOutlinePictures();
   if (changes.has(What::file)) showTitle();
-  if (changes.has(What::savedBadge)) savedBadge_->setPresented(manager_.showSavedBadge());
+  setWindowModified(manager_.hasUnsavedChanges());
+  if (!isWindowModified()) refused_->hide();
+  if (changes.has(What::savedBadge)) toolBar_->setSaved(manager_.showSavedBadge());
   showWorkArea();
   enableCommands();
   // Space would press a button that the user went to before the import, or that the focus fell to.
@@ -225,8 +196,11 @@ void MainWindow::showTitle() {
   const QString name = manager_.currentProjectURL()
                            ? QString::fromStdString(manager_.projectDisplayName())
                            : QStringLiteral("SVG Letterloom");
-  title_->setText(QStringLiteral("Quillery - ") + name);
-  setWindowTitle(title_->text());
+  const QString title = QStringLiteral("Quillery - ") + name;
+  toolBar_->setTitle(title);
+  // Where the asterisk goes is marked so; a name may look like the mark.
+  constexpr QLatin1StringView kMark("[*]");
+  setWindowTitle(QString(title).replace(kMark, QStringLiteral("[*][*]")) + kMark);
 }
 
 void MainWindow::showWorkArea() {
@@ -237,8 +211,7 @@ void MainWindow::showWorkArea() {
     pages.setCurrentIndex(page);
     turned = true;
   };
-  tabs_->setCurrent(manager_.selectedTab());
-  tabs_->setVisible(hasGlyphs);
+  toolBar_->showTabs(hasGlyphs, manager_.selectedTab());
   turnTo(*workAreas_, manager_.selectedTab() == kKerningTab ? kKerningTab : kGlyphsTab);
   turnTo(*pages_, hasGlyphs ? kWorkPage : kEmptyPage);
   // What is typed and chosen in the preview lasts as long as it is there.
@@ -252,7 +225,8 @@ QList<PaneFocus::Pane> MainWindow::panes() {
   QList<PaneFocus::Pane> panes{{toolBar_, nullptr, true},
                                {sidebar_},
                                {watchBar_, nullptr, true},
-                               {notedBar_, nullptr, true}};
+                               {notedBar_, nullptr, true},
+                               {refused_, nullptr, true}};
   if (pages_->currentIndex() == kEmptyPage) return panes << PaneFocus::Pane{empty_};
   if (workAreas_->currentIndex() == kGlyphsTab) {
     panes << PaneFocus::Pane{&grid(), &grid().cards()} << PaneFocus::Pane{&glyphs_->editor()};
@@ -288,13 +262,20 @@ void MainWindow::focusWorkArea() {
 void MainWindow::leaveButton() {
   const QWidget* const focused = focusWidget();
   if (!focused || !focused->isVisible() ||
-      (qobject_cast<const QAbstractButton*>(focused) && !tabs_->isAncestorOf(focused)))
+      (qobject_cast<const QAbstractButton*>(focused) && !toolBar_->tabs()->isAncestorOf(focused)))
     focusWorkArea();
+}
+
+void MainWindow::tellRefused(const QString& name) {
+  refused_->setNotice(
+      Symbol::exclamationTriangleFill, Role::warning,
+      tr("%1 was not opened: this project has changes that no file holds").arg(name));
+  refused_->show();
 }
 
 void MainWindow::togglePreview() {
   showPreview_ = !showPreview_;
-  previewSwitch_->setSymbol(showPreview_ ? Symbol::eye : Symbol::eyeOff);
+  toolBar_->showPreviewAs(showPreview_);
   showWorkArea();
 }
 
@@ -321,17 +302,6 @@ bool MainWindow::event(QEvent* event) {
   // A shortcut is about to be looked up among the commands that are enabled.
   if (event->type() == QEvent::ShortcutOverride) watch_.catchUp();
   return QMainWindow::event(event);
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (droppedProject(*event->mimeData())) event->acceptProposedAction();
-}
-
-void MainWindow::dropEvent(QDropEvent* event) {
-  const auto file = droppedProject(*event->mimeData());
-  if (!file) return;
-  event->acceptProposedAction();
-  manager_.openRecentProject(*file);
 }
 
 } // namespace quillery

@@ -12,15 +12,13 @@ class QStackedWidget;
 
 namespace quillery {
 
-class Badge;
-class ElidedLabel;
 class EmptyStateView;
 class GlyphGridView;
 class GlyphSplitView;
-class IconButton;
 class KerningEditorView;
+class NoticeBar;
+class ProjectToolBar;
 class ResizableSplitView;
-class SegmentedControl;
 class WatchBar;
 
 /// The one window: sidebar, work area, tool bar and menus.
@@ -37,17 +35,15 @@ public:
 protected:
   bool event(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
 
 private:
   void makeMenus();
-  void makeToolBar();
   QWidget* makeBody(ExportFlow& exportFlow);
   void fillRecentMenu();
   void refresh(const ProjectChanges& changes);
   void showTitle();
   void showWorkArea();
+  void tellRefused(const QString& name);
   void togglePreview();
   QList<PaneFocus::Pane> panes();
   void goToTab(int tab);
@@ -62,10 +58,7 @@ private:
   std::vector<Command> commands_;
   std::vector<std::pair<QAction*, std::size_t>> actions_; // with places in commands_
   QMenu* recentMenu_ = nullptr;
-  ElidedLabel* title_ = nullptr;
-  Badge* savedBadge_ = nullptr;
-  SegmentedControl* tabs_ = nullptr;
-  IconButton* previewSwitch_ = nullptr;
+  ProjectToolBar* toolBar_ = nullptr;
   bool showPreview_ = true;
   QStackedWidget* pages_ = nullptr;
   QStackedWidget* workAreas_ = nullptr;
@@ -73,8 +66,8 @@ private:
   ResizableSplitView* split_ = nullptr;
   WatchBar* watchBar_ = nullptr;
   QWidget* notedBar_ = nullptr;
+  NoticeBar* refused_ = nullptr; // a project that was dropped
   QWidget* sidebar_ = nullptr;
-  QWidget* toolBar_ = nullptr;
   EmptyStateView* empty_ = nullptr;
   KerningEditorView* kerning_ = nullptr;
   PaneFocus paneFocus_{[this] { return panes(); }};

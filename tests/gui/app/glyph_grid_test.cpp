@@ -1,7 +1,10 @@
 #include "base/unicode.h"
 #include "gui/app/program.h"
+#include "kerning/kerning_pairs.h"
 #include "support/projects.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
 #include <QSlider>
@@ -154,6 +157,56 @@ private Q_SLOTS:
     QCOMPARE(program.selected(), QString());
     program.manager.undo();
     QCOMPARE(program.selected(), QStringLiteral("AC"));
+  }
+
+  void aSearchShowsWhatItFindsAndHowMany() {
+    Program program{"A", "B", "a10", "exclam"};
+    const auto shown = [&] {
+      settle();
+      QStringList names;
+      for (std::size_t i = 0; i < program.cards().cardCount(); ++i)
+        names << QString::fromStdString(program.cards().glyphOfCard(i)->name());
+      return names.join(u' ');
+    };
+    auto* search = find<QLineEdit>("glyphSearch");
+    auto* count = find<QLabel>("foundGlyphs");
+    program.action("findGlyphs")->trigger();
+    QVERIFY(search->hasFocus());
+    QTest::keyClicks(search, QStringLiteral("a"));
+    QCOMPARE(shown(), QStringLiteral("exclam A a10"));
+    QCOMPARE(count->text(), QStringLiteral("3 of 4"));
+    // Down goes to what is found; the keys stay among it.
+    QTest::keyClick(search, Qt::Key_Down);
+    QVERIFY(program.cards().hasFocus());
+    QCOMPARE(program.selected(), QStringLiteral("exclam"));
+    QTest::keyClick(&program.cards(), Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(program.manager.selectedGlyphIds().size(), 3U);
+    // It follows what is edited.
+    search->setText(QStringLiteral("changed"));
+    QVERIFY(program.manager.saveProjectTo(program.folder / "x.fontproj").ok());
+    QCOMPARE(shown(), QString());
+    program.manager.editGlyph(program.manager.firstGlyphNamed("B")->id(),
+                              [](Glyph& glyph) { glyph.setAdvanceWidth(777); });
+    QCOMPARE(shown(), QStringLiteral("B"));
+    search->setText(QStringLiteral("unkerned"));
+    QCOMPARE(count->text(), QStringLiteral("4 of 4"));
+    addKerningPair(program.manager, utf8("A"), utf8("B"));
+    QCOMPARE(shown(), QStringLiteral("exclam a10"));
+    // A glyph selected elsewhere ends a search that hides it.
+    program.manager.selectGlyph(program.manager.firstGlyphNamed("B")->id());
+    QCOMPARE(shown(), QStringLiteral("exclam A a10 B"));
+    QVERIFY(search->text().isEmpty() && count->text().isEmpty());
+    search->setText(QStringLiteral("nothing like it"));
+    QCOMPARE(shown(), QString());
+    search->setFocus();
+    QTest::keyClick(search, Qt::Key_Escape);
+    QCOMPARE(program.cards().cardCount(), 4U);
+    // What is typed into the grid is shown as long as it counts.
+    QTest::keyClick(search, Qt::Key_Escape);
+    QTest::keyClicks(&program.cards(), QStringLiteral("a1"));
+    QCOMPARE(search->placeholderText(), QStringLiteral("a1"));
+    QCOMPARE(program.selected(), QStringLiteral("a10"));
+    QTRY_COMPARE(search->placeholderText(), QStringLiteral("Search"));
   }
 
   void theCardOfAnOpenMenuIsMarked() {

@@ -2,6 +2,7 @@
 #include "desktop/segmented_control.h"
 #include "gui/app/program.h"
 #include "kerning/kerning_pairs.h"
+#include "support/projects.h"
 
 #include <QAccessible>
 #include <QDropEvent>
@@ -22,36 +23,104 @@ using namespace quillery::test;
 
 class MainWindowTest : public QObject {
   Q_OBJECT
-private Q_SLOTS:
-  void dropsOfDrawingsAreImportedAndOthersRefused() {
-    Program program{"A"};
-    const auto drop = [&](const std::filesystem::path& file, QWidget* target) {
-      QMimeData data;
-      data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string())),
-                    QUrl(QStringLiteral("https://example.org/B.svg"))});
-      QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(target, &enter);
-      if (!enter.isAccepted()) return false;
-      QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(target, &event);
-      return event.isAccepted();
-    };
-    QWidget* cards = program.cards().viewport();
-    QVERIFY(!drop(program.folder.write("notes.txt", "x"), cards));
-    QVERIFY(drop(program.folder.write("C d.svg", "<path d=\"M0 0 L9 9\"/>"), cards));
-    program.desktop.runUntil([&] { return program.manager.currentProject().glyphs.size() == 2; });
-    QCOMPARE(program.selected(), QStringLiteral("C d"));
-    // The header above the cards takes them, too.
-    QVERIFY(drop(program.folder.write("E.svg", "<path d=\"M0 0 L9 9\"/>"),
-                 find<QToolButton>("sortMenu")));
+
+  // Drags files over a widget and drops them where they are taken.
+  static bool drop(const std::vector<std::filesystem::path>& files, QWidget* target) {
+    QMimeData data;
+    QList<QUrl> urls{QUrl(QStringLiteral("https://example.org/B.svg"))};
+    for (const auto& file : files)
+      urls.push_front(QUrl::fromLocalFile(QString::fromStdString(file.string())));
+    data.setUrls(urls);
+    data.setText(QStringLiteral("as text"));
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &event);
+    return event.isAccepted();
   }
 
+private Q_SLOTS:
   void init() { failOnWarnings(); }
+
+  void drawingsDroppedAnywhereAreImportedAndOtherFilesRefused() {
+    Program program{"A"};
+    program.click(0);
+    const char* kPath = "<path d=\"M0 0 L9 9\"/>";
+    QVERIFY(!drop({program.folder.write("notes.txt", "x")}, program.cards().viewport()));
+    std::filesystem::create_directory(program.folder / "empty.svg");
+    QVERIFY(!drop({program.folder / "empty.svg"}, program.cards().viewport()));
+    std::size_t count = 1;
+    const auto imports = [&](const char* name, QWidget* target) {
+      const bool taken = drop({program.folder.write(std::string(name) + ".svg", kPath)}, target);
+      program.desktop.runUntil([&] { return program.manager.imports().empty(); });
+      return taken && program.selected() == QLatin1String(name) &&
+             program.manager.currentProject().glyphs.size() == ++count;
+    };
+    QVERIFY(imports("C d", program.cards().viewport()));
+    QVERIFY(imports("E", find<QToolButton>("sortMenu")));
+    QVERIFY(imports("F", find<QWidget>("glyphCanvas")));
+    const QString designer = find<QLineEdit>("designer")->text();
+    QVERIFY(imports("G", find<QLineEdit>("designer")));
+    QCOMPARE(find<QLineEdit>("designer")->text(), designer);
+    const QString text = find<QPlainTextEdit>("previewText")->toPlainText();
+    QVERIFY(imports("H", find<QPlainTextEdit>("previewText")->viewport()));
+    QCOMPARE(find<QPlainTextEdit>("previewText")->toPlainText(), text);
+    // A folder stands for its drawings.
+    std::filesystem::create_directory(program.folder / "more");
+    for (const char* file : {"more/X.svg", "more/Y.SVG", "more/notes.txt"})
+      program.folder.write(file, kPath);
+    QVERIFY(drop({program.folder / "more"}, find<QWidget>("sidebar")));
+    program.desktop.runUntil([&] { return program.manager.imports().empty(); });
+    QCOMPARE(program.manager.currentProject().glyphs.size(), count + 2);
+  }
+
+  void aProjectIsOpenedByADropUnlessChangesWouldBeLost() {
+    Program program{"A", "B"};
+    const auto mine = program.folder / "Mine.fontproj";
+    const auto other = program.folder / "Other.fontproj";
+    QVERIFY(program.manager.saveProjectTo(other).ok());
+    program.manager.deleteSelectedGlyphs();
+    QVERIFY(program.manager.saveProjectTo(mine).ok());
+    program.manager.editFontInfo([](FontInfo& info) { info.ascender = test::finite(900); });
+    QVERIFY(!drop({other}, &program.cards()));
+    QCOMPARE(program.manager.currentProjectURL(), std::optional(mine));
+    auto* notice = find<QWidget>("projectRefused");
+    QVERIFY(notice && notice->accessibleName().contains("Other.fontproj"_L1));
+    QVERIFY(program.window.isWindowModified());
+    QTest::mouseClick(find<QPushButton>("saveFirst"), Qt::LeftButton);
+    QVERIFY(!find<QWidget>("projectRefused") && !program.window.isWindowModified());
+    QVERIFY(drop({other}, &program.cards()));
+    QCOMPARE(program.manager.currentProjectURL(), std::optional(other));
+    QVERIFY(program.desktop.alerts.empty());
+  }
+
+  void theTitleMarksChangesThatNoFileHolds() {
+    Program program{"A"};
+    QVERIFY(program.manager.saveProjectTo(program.folder / "A[*]B.fontproj").ok());
+    settle();
+    QVERIFY(!program.window.isWindowModified());
+    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - A[*][*]B[*]"));
+    QCOMPARE(find<QLabel>("projectTitle")->text(), QStringLiteral("Quillery - A[*]B"));
+    addKerningPair(program.manager, quillery::Utf8("A"), quillery::Utf8("A"));
+    settle();
+    QVERIFY(program.window.isWindowModified());
+    program.action("save")->trigger();
+    settle();
+    QVERIFY(!program.window.isWindowModified());
+    program.click(0);
+    program.action("deleteSelected")->trigger();
+    settle();
+    QVERIFY(program.window.isWindowModified());
+    program.action("undo")->trigger();
+    settle();
+    QVERIFY(!program.window.isWindowModified());
+  }
 
   void theEmptyStateAndTheGridTakeTurns() {
     Program program;
     QVERIFY(find<QWidget>("emptyState"));
-    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - SVG Letterloom"));
+    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - SVG Letterloom[*]"));
     program.desktop.openAnswer = {program.folder.write("A.svg", "<path d=\"M0 0 L9 9\"/>")};
     QTest::mouseClick(find<QPushButton>("importDrawings"), Qt::LeftButton);
     program.desktop.runUntil([&] { return !program.manager.currentProject().glyphs.empty(); });
@@ -161,7 +230,7 @@ private Q_SLOTS:
     const auto file = program.folder / "R&D, \"x\".fontproj";
     QVERIFY(program.manager.saveProjectTo(file).ok());
     settle();
-    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - R&D, \"x\""));
+    QCOMPARE(program.window.windowTitle(), QStringLiteral("Quillery - R&D, \"x\"[*]"));
     QCOMPARE(menu->actions().first()->text(), QStringLiteral("R&&D, \"x\""));
     program.action("newProject")->trigger();
     menu->actions().first()->trigger();
