@@ -88,17 +88,14 @@ std::vector<QString> GestureLine::fittingTexts(double width) const {
     }
     return needed <= width;
   };
-  std::vector<QString> all;
-  for (const GestureHint& hint : hints_) all.push_back(hint.text);
-  if (fits(all)) return all;
-  std::vector<QString> buttons;
-  for (const GestureHint& hint : hints_)
-    if (hint.button) buttons.push_back(hint.text);
-  if (fits(buttons)) return buttons;
-  for (std::size_t i = 0; i < buttons.size(); ++i) buttons[i] = hints_[i].shortText;
-  if (fits(buttons)) return buttons;
-  std::fill(buttons.begin(), buttons.end(), QString());
-  return buttons;
+  std::vector<QString> texts;
+  for (const GestureHint& hint : hints_) texts.push_back(hint.text);
+  while (!texts.empty() && !fits(texts) && !hints_[texts.size() - 1].button) texts.pop_back();
+  if (fits(texts)) return texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = hints_[i].shortText;
+  if (fits(texts)) return texts;
+  std::fill(texts.begin(), texts.end(), QString());
+  return texts;
 }
 
 void GestureLine::paintEvent(QPaintEvent*) {

@@ -17,8 +17,8 @@ struct GestureHint {
 };
 
 /// The quiet line below a canvas: what each button does, and while one does it, the values that it
-/// changes. It takes any width: where there is little, first the keys are left out, then words are
-/// short, then the buttons stand alone. Its tool tip says all of it.
+/// changes. It takes any width: where there is little, first the keys are left out, from the last
+/// on, then words are short, then the buttons stand alone. Its tool tip says all of it.
 class GestureLine : public QWidget {
   Q_OBJECT
 public:

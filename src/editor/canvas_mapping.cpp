@@ -25,6 +25,14 @@ CanvasMapping::CanvasMapping(const FontInfo& font, Size canvas)
       offsetX_((canvas.width - static_cast<double>(font.unitsPerEm) * pointsPerUnit_) / 2),
       centreY_(canvas.height / 2), middle_((font.ascender + font.descender) / 2) {}
 
+CanvasMapping::CanvasMapping(const FontInfo& font, Size canvas, const CanvasView& view)
+    : CanvasMapping(font, canvas) {
+  pointsPerUnit_ *= view.zoom();
+  if (!view.centre()) return;
+  offsetX_ = canvas.width / 2 - view.centre()->x * pointsPerUnit_;
+  middle_ = view.centre()->y;
+}
+
 Point CanvasMapping::toView(Point font) const {
   return {offsetX_ + font.x * pointsPerUnit_, centreY_ - (font.y - middle_) * pointsPerUnit_};
 }
@@ -33,8 +41,8 @@ Point CanvasMapping::toFont(Point view) const {
   return {(view.x - offsetX_) / pointsPerUnit_, (centreY_ - view.y) / pointsPerUnit_ + middle_};
 }
 
-std::vector<Guide> glyphGuides(const FontInfo& font, const Glyph& glyph, Size canvas) {
-  const CanvasMapping mapping(font, canvas);
+std::vector<Guide> glyphGuides(const FontInfo& font, const Glyph& glyph,
+                               const CanvasMapping& mapping) {
   const auto horizontal = [&](GuideRole role, double y, double width, bool dashed) {
     const double right = static_cast<double>(font.unitsPerEm) + kOverhang;
     return Guide{role, mapping.toView({-kOverhang, y}), mapping.toView({right, y}), width, dashed};
@@ -54,9 +62,9 @@ std::vector<Guide> glyphGuides(const FontInfo& font, const Glyph& glyph, Size ca
           vertical(GuideRole::advance, glyph.advanceWidth(), 1.5, false)};
 }
 
-std::vector<GuideLabel> guideLabels(const FontInfo& font, Size canvas) {
+std::vector<GuideLabel> guideLabels(const FontInfo& font, Size canvas,
+                                    const CanvasMapping& mapping) {
   if (canvas.width <= 2 * kMargin) return {}; // they would hide the letter
-  const CanvasMapping mapping(font, canvas);
   const auto label = [&](GuideRole role, const char* text, double y) {
     return GuideLabel{
         role, text, {canvas.width - kLabelInset, mapping.toView({0, y}).y - kLabelRise}};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "editor/canvas_view.h"
 #include "model/font_project.h"
 
 #include <string>
@@ -8,11 +9,12 @@
 
 namespace quillery {
 
-/// Places the em on an editing canvas: font units, y upwards, to view points, y downwards. The em
-/// is centred, with 40 points left free around it.
+/// Places the em on an editing canvas: font units, y upwards, to view points, y downwards. At the
+/// fit the em is centred, with 40 points left free around it.
 class CanvasMapping {
 public:
   CanvasMapping(const FontInfo& font, Size canvas);
+  CanvasMapping(const FontInfo& font, Size canvas, const CanvasView& view);
 
   /// View points in one font unit. Not positive for a canvas smaller than the free border.
   double pointsPerUnit() const { return pointsPerUnit_; }
@@ -52,7 +54,8 @@ struct Guide {
 };
 
 /// The guide lines of the canvas of one glyph, in the order in which they are drawn below it.
-std::vector<Guide> glyphGuides(const FontInfo& font, const Glyph& glyph, Size canvas);
+std::vector<Guide> glyphGuides(const FontInfo& font, const Glyph& glyph,
+                               const CanvasMapping& mapping);
 
 /// The name of a horizontal guide and the point that it is centred on, in view points.
 struct GuideLabel {
@@ -63,6 +66,7 @@ struct GuideLabel {
   friend bool operator==(const GuideLabel&, const GuideLabel&) = default;
 };
 
-std::vector<GuideLabel> guideLabels(const FontInfo& font, Size canvas);
+std::vector<GuideLabel> guideLabels(const FontInfo& font, Size canvas,
+                                    const CanvasMapping& mapping);
 
 } // namespace quillery

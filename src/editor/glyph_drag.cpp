@@ -90,10 +90,10 @@ void GlyphDrag::apply(const std::vector<double>& values) {
                           differs(GlyphMetric::verticalOffset)));
 }
 
-void GlyphDrag::drag(Point to, Size canvas) {
+void GlyphDrag::drag(Point to, Size canvas, const CanvasView& view) {
   if (!edit_.isOpen()) return;
   dragging_ = true;
-  const double scale = CanvasMapping(manager_.currentProject(), canvas).pointsPerUnit();
+  const double scale = CanvasMapping(manager_.currentProject(), canvas, view).pointsPerUnit();
   const double dx = (to.x - pressedAt_.x) / scale;
   const double dy = -(to.y - pressedAt_.y) / scale;
   if (!(scale > 0) || !std::isfinite(scale) || !std::isfinite(dx) || !std::isfinite(dy)) return;

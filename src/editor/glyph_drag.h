@@ -2,6 +2,7 @@
 
 #include "base/geometry.h"
 #include "base/mouse_button.h"
+#include "editor/canvas_view.h"
 #include "editor/metrics_edit.h"
 #include "project/step_pause.h"
 
@@ -39,8 +40,9 @@ public:
   /// A drag that is under way ends first.
   void press(Point at, MouseButton button);
   /// Side bearings stop at -100 and 300, the vertical offset at -500 and 500, the scale at 0.25 and
-  /// 2. Nothing changes on a canvas that shows nothing.
-  void drag(Point to, Size canvas);
+  /// 2. Nothing changes on a canvas that shows nothing. `view` is that of the canvas: what is
+  /// shown larger moves less.
+  void drag(Point to, Size canvas, const CanvasView& view = {});
   void release() { edit_.end(); }
   /// Puts the glyph back as it was at the press or before the first nudge; nothing is registered.
   void cancel() { edit_.cancel(); }

@@ -1,15 +1,17 @@
 #include "editor/ui/glyph_canvas.h"
 
 #include "desktop/canvas_layers.h"
-#include "desktop/outline_painting.h"
 #include "desktop/painting.h"
 #include "desktop/theme.h"
-#include "editor/ui/canvas_painting.h"
+#include "editor/ui/glyph_canvas_painting.h"
 #include "editor/ui/value_slider_row.h"
 
 #include <QKeyEvent>
+#include <QNativeGestureEvent>
 #include <QPainter>
+#include <QWheelEvent>
 #include <cmath>
+#include <utility>
 
 namespace quillery {
 namespace {
@@ -20,81 +22,10 @@ using What = ProjectChange::What;
 constexpr QSize kLeastSize(76, 240);
 constexpr double kNudge = 1; // font units
 constexpr double kLargeNudge = 10;
-
-struct Scene {
-  const FontInfo& font;
-  const Glyph& glyph;
-  Size canvas;
-  CanvasMapping mapping;
-
-  bool isShown() const {
-    return mapping.pointsPerUnit() > 0 && std::isfinite(mapping.pointsPerUnit());
-  }
-};
-
-QColor guideColor(GuideRole role) {
-  switch (role) {
-  case GuideRole::baseline:
-  case GuideRole::origin:
-    return themeColor(Role::blue);
-  case GuideRole::xHeight:
-    return themeColor(Role::green, 0.5);
-  case GuideRole::capHeight:
-    return themeColor(Role::orange, 0.5);
-  case GuideRole::descender:
-  case GuideRole::ascender:
-    return themeColor(Role::grey, 0.3);
-  case GuideRole::outlineLeftEdge:
-  case GuideRole::outlineRightEdge:
-    return themeColor(Role::purple, 0.5);
-  case GuideRole::advance:
-    return themeColor(Role::red, 0.5);
-  }
-  return {};
-}
-
-// Labels have the full colour of their line.
-QColor labelColor(GuideRole role) {
-  QColor color = guideColor(role);
-  color.setAlpha(255);
-  return color;
-}
-
-void paintBackground(QPainter& painter, const Scene& scene) {
-  painter.fillRect(QRectF(0, 0, scene.canvas.width, scene.canvas.height), themeColor(Role::canvas));
-}
-
-void paintGuideLines(QPainter& painter, const Scene& scene) {
-  if (!scene.isShown()) return;
-  paintGuides(painter, glyphGuides(scene.font, scene.glyph, scene.canvas), scene.canvas,
-              guideColor);
-}
-
-void paintOutline(QPainter& painter, const Scene& scene) {
-  if (!scene.isShown()) return;
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setTransform(toView(scene.mapping), true);
-  painter.fillPath(painterPath(scene.glyph.fontPath()), themeColor(Role::canvasInk));
-}
-
-void paintLabels(QPainter& painter, const Scene& scene) {
-  if (!scene.isShown()) return;
-  painter.setFont(Theme::current().font(TextStyle::caption2));
-  const QFontMetricsF metrics(painter.font());
-  for (const GuideLabel& label : guideLabels(scene.font, scene.canvas)) {
-    if (!std::isfinite(label.centre.y)) continue;
-    const QString text = QString::fromStdString(label.text);
-    QRectF place(0, 0, std::ceil(metrics.horizontalAdvance(text)) + 1, metrics.height());
-    place.moveCenter({label.centre.x, label.centre.y});
-    painter.setPen(labelColor(label.role));
-    painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, text);
-  }
-}
-
-constexpr CanvasLayer<Scene> kLayers[] = {{"background", paintBackground},
-                                          {"guides", paintGuideLines},
-                                          {"outline", paintOutline},
-                                          {"labels", paintLabels}};
+// What one notch of the wheel does.
+constexpr double kNotch = 120;
+constexpr double kZoomOfNotch = 1.2;
+constexpr double kScrollOfNotch = 48; // view points
 
 } // namespace
 
@@ -104,6 +35,7 @@ GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
              {{What::fontInfo, What::glyphs, What::glyphList, What::history},
               [this](const Uuid& glyph) { return glyph == drag_.glyph(); }},
              [this](const ProjectChanges& changes) {
+               if (changes.anotherProject()) view_.fit();
                if (changes.has(What::glyphList)) nameGlyph();
                tellGesture();
                update();
@@ -115,14 +47,14 @@ GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
   setMinimumSize(kLeastSize);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  onMouseDown = [this](Point at, MouseButton button) { drag_.press(at, button); };
-  onMouseDragged = [this](Point to) { drag_.drag(to, canvasSize(*this)); };
+  onMouseDown = [this](Point at, MouseButton button) { press(at, button); };
+  onMouseDragged = [this](Point to) { dragTo(to); };
   onMouseUp = [this] {
-    drag_.release();
+    if (!endPan()) drag_.release();
     tellGesture();
   };
   onMouseCancelled = [this] {
-    drag_.cancel();
+    if (!endPan()) drag_.cancel();
     tellGesture();
   };
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
@@ -141,11 +73,92 @@ void GlyphCanvas::nameGlyph() {
 }
 
 void GlyphCanvas::tellGesture() {
-  Q_EMIT gestureChanged(shownChanges(drag_.changes()));
+  Q_EMIT gestureChanged(shownChanges(drag_.changes(), QStringLiteral("    ")));
+}
+
+void GlyphCanvas::press(Point at, MouseButton button) {
+  pointer_ = at;
+  panning_ = spaceHeld_ && button == MouseButton::left;
+  if (panning_)
+    setCursor(Qt::ClosedHandCursor);
+  else
+    drag_.press(at, button);
+}
+
+void GlyphCanvas::dragTo(Point to) {
+  if (panning_)
+    scrollBy({to.x - pointer_.x, to.y - pointer_.y});
+  else
+    drag_.drag(to, canvasSize(*this), view_);
+  pointer_ = to;
+}
+
+bool GlyphCanvas::endPan() {
+  if (!std::exchange(panning_, false)) return false;
+  setCursor(Qt::OpenHandCursor);
+  return true;
+}
+
+void GlyphCanvas::zoomBy(double factor, QPointF around) {
+  // What is being dragged keeps its scale.
+  if (drag_.isDragging()) return;
+  view_.zoomBy(factor, {around.x(), around.y()}, manager_.currentProject(), canvasSize(*this));
+  update();
+}
+
+void GlyphCanvas::zoomIn() {
+  zoomBy(CanvasView::kStep, QRectF(rect()).center());
+}
+
+void GlyphCanvas::zoomOut() {
+  zoomBy(1 / CanvasView::kStep, QRectF(rect()).center());
+}
+
+void GlyphCanvas::zoomToFit() {
+  if (drag_.isDragging()) return;
+  view_.fit();
+  update();
+}
+
+void GlyphCanvas::scrollBy(Point by) {
+  if (drag_.isDragging()) return;
+  view_.scrollBy(by, manager_.currentProject(), canvasSize(*this));
+  update();
+}
+
+void GlyphCanvas::wheelEvent(QWheelEvent* event) {
+  event->accept();
+  const QPointF angle = event->angleDelta();
+  if (event->modifiers().testFlag(Qt::ControlModifier)) {
+    const double turned = angle.y() != 0 ? angle.y() : angle.x();
+    return zoomBy(std::pow(kZoomOfNotch, turned / kNotch), event->position());
+  }
+  QPointF by = event->pixelDelta();
+  if (by.isNull()) by = angle / kNotch * kScrollOfNotch;
+  if (event->modifiers().testFlag(Qt::ShiftModifier) && by.x() == 0) by = {by.y(), 0};
+  scrollBy({by.x(), by.y()});
+}
+
+bool GlyphCanvas::pinch(const QNativeGestureEvent& event) {
+  if (event.gestureType() != Qt::ZoomNativeGesture) return false;
+  zoomBy(1 + event.value(), event.position());
+  return true;
 }
 
 bool GlyphCanvas::event(QEvent* event) {
-  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
+  switch (event->type()) {
+  case QEvent::FocusOut:
+    spaceHeld_ = false;
+    [[fallthrough]];
+  case QEvent::FocusIn:
+    update();
+    break;
+  case QEvent::NativeGesture:
+    if (pinch(*static_cast<QNativeGestureEvent*>(event))) return true;
+    break;
+  default:
+    break;
+  }
   return MouseTrackingView::event(event);
 }
 
@@ -155,8 +168,31 @@ void GlyphCanvas::paintEvent(QPaintEvent*) {
   if (!glyph) return painter.fillRect(rect(), themeColor(Role::canvas));
   const FontInfo& font = manager_.currentProject();
   const Size size = canvasSize(*this);
-  paintLayers<Scene>(painter, kLayers, {font, *glyph, size, CanvasMapping(font, size)});
+  const QString values =
+      drag_.isDragging() ? shownChanges(drag_.changes(), QStringLiteral("\n")) : QString();
+  paintGlyphCanvas(painter, {font, *glyph, size, view_, CanvasMapping(font, size, view_), values,
+                             QPointF(pointer_.x, pointer_.y)});
   if (hasFocus()) painting::focusRing(painter, rect(), 0);
+}
+
+bool GlyphCanvas::zoomByKey(const QKeyEvent& event) {
+  const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+  const bool control = modifiers == Qt::ControlModifier;
+  if (modifiers && !control) return false;
+  switch (event.key()) {
+  case Qt::Key_Plus:
+  case Qt::Key_Equal: // the same key without Shift
+    zoomIn();
+    return true;
+  case Qt::Key_Minus:
+    zoomOut();
+    return true;
+  case Qt::Key_0:
+    if (control) zoomToFit();
+    return control;
+  default:
+    return false;
+  }
 }
 
 void GlyphCanvas::keyPressEvent(QKeyEvent* event) {
@@ -174,11 +210,20 @@ void GlyphCanvas::keyPressEvent(QKeyEvent* event) {
       return drag_.nudge({0, by});
     case Qt::Key_Down:
       return drag_.nudge({0, -by});
+    case Qt::Key_Space:
+      spaceHeld_ = true;
+      return;
     default:
       break;
     }
   }
+  if (zoomByKey(*event)) return;
   MouseTrackingView::keyPressEvent(event);
+}
+
+void GlyphCanvas::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Space) return MouseTrackingView::keyReleaseEvent(event);
+  if (!event->isAutoRepeat()) spaceHeld_ = false;
 }
 
 } // namespace quillery

@@ -4,11 +4,16 @@
 #include "editor/glyph_drag.h"
 #include "project/project_watch.h"
 
+class QNativeGestureEvent;
+
 namespace quillery {
 
 /// One glyph among the lines of its font, to be dragged: with the left button its place, with the
 /// right one its right side bearing, with the middle one its size. Arrow keys move it by one unit,
-/// with Shift by ten. Paints nothing that isn't finite.
+/// with Shift by ten.
+///
+/// Ctrl and the wheel, + and -, or a pinch zoom; the wheel alone, or a drag while the space bar is
+/// held, moves the view; Ctrl+0 goes back to the fit, and so does another project.
 class GlyphCanvas : public MouseTrackingView {
   Q_OBJECT
 public:
@@ -16,6 +21,11 @@ public:
 
   /// A drag of the glyph before ends.
   void setGlyph(const Uuid& glyph);
+
+  const CanvasView& view() const { return view_; }
+  void zoomIn();
+  void zoomOut();
+  void zoomToFit();
 
 Q_SIGNALS:
   /// The values that a gesture changes, in words; empty when it has ended.
@@ -26,13 +36,27 @@ protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
 private:
   void nameGlyph();
   void tellGesture();
+  void press(Point at, MouseButton button);
+  void dragTo(Point to);
+  /// False when it was not the view that was dragged.
+  bool endPan();
+  void zoomBy(double factor, QPointF around);
+  bool zoomByKey(const QKeyEvent& event);
+  void scrollBy(Point by);
+  bool pinch(const QNativeGestureEvent& event);
 
   ProjectManager& manager_;
   GlyphDrag drag_;
+  CanvasView view_;
+  Point pointer_; // where the mouse was last during a gesture
+  bool spaceHeld_ = false;
+  bool panning_ = false;
   ProjectWatch watch_;
 };
 

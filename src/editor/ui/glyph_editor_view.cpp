@@ -20,12 +20,13 @@ std::pair<QWidget*, QWidget*> GlyphEditorView::build(QWidget* parent) {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   canvas_ = new GlyphCanvas(manager_, work);
-  auto* const line =
-      new GestureLine({{MouseButton::left, tr("Move"), tr("Move")},
-                       {MouseButton::right, tr("Right sidebearing"), tr("Right")},
-                       {MouseButton::middle, tr("Scale"), tr("Scale")},
-                       {std::nullopt, tr("Arrow keys move by 1, with Shift by 10"), {}}},
-                      work);
+  auto* const line = new GestureLine(
+      {{MouseButton::left, tr("Move"), tr("Move")},
+       {MouseButton::right, tr("Right sidebearing"), tr("Right")},
+       {MouseButton::middle, tr("Scale"), tr("Scale")},
+       {std::nullopt, tr("Arrow keys move by 1, with Shift by 10"), {}},
+       {std::nullopt, tr("Ctrl+wheel zooms, Ctrl+0 fits, Space and drag pans"), {}}},
+      work);
   line->setContentsMargins(grid::gap, 0, grid::gap, 0);
   column->addWidget(canvas_, 1);
   column->addWidget(makeSeparator(Qt::Horizontal, work));

@@ -50,7 +50,7 @@ private:
 QString shownNumber(double value, int decimals = 0);
 
 /// The values that a gesture changes, each with its label and by how much: "Scale 125% (+25%)".
-QString shownChanges(const std::vector<MetricChange>& changes);
+QString shownChanges(const std::vector<MetricChange>& changes, const QString& between);
 
 /// A factor typed as per cent, with or without the sign.
 std::optional<double> parsePercent(const std::string& typed);

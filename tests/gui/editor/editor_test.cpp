@@ -14,6 +14,8 @@
 #include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
 #include <QShortcut>
 
 using namespace quillery;
@@ -128,6 +130,69 @@ private Q_SLOTS:
     editor.desktop.advance(2);
     settle();
     QCOMPARE(line->values(), QString());
+  }
+
+  void theViewZoomsAndMovesAndDragsFollowItsScale() {
+    Editor editor{"A"};
+    editor.select({0});
+    auto* canvas = find<GlyphCanvas>("glyphCanvas");
+    canvas->setFocus();
+    const QPointF at(300, 700);
+    const auto turn = [&](Qt::KeyboardModifiers modifiers) {
+      QWheelEvent wheel(at, canvas->mapToGlobal(at), {}, QPoint(0, 120), Qt::NoButton, modifiers,
+                        Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(canvas, &wheel);
+    };
+    const auto place = [&](Point font) {
+      const FontInfo& info = editor.manager.currentProject();
+      return CanvasMapping(info, {1080, 1080}, canvas->view()).toView(font);
+    };
+    const Point held{260, 140}; // under the pointer
+    for (int notch = 0; notch < 2; ++notch) turn(Qt::ControlModifier);
+    QVERIFY(std::abs(canvas->view().zoom() - 1.44) < 1e-9);
+    QVERIFY(std::abs(place(held).x - 300) < 1e-9 && std::abs(place(held).y - 700) < 1e-9);
+    const QPointingDevice* device = QPointingDevice::primaryPointingDevice();
+    QNativeGestureEvent pinch(Qt::ZoomNativeGesture, device, 2, at, at, canvas->mapToGlobal(at),
+                              2 / 1.44 - 1, {});
+    QCoreApplication::sendEvent(canvas, &pinch);
+    QVERIFY(std::abs(canvas->view().zoom() - 2) < 1e-9);
+    drag(canvas, Qt::LeftButton, {{30, -20}});
+    QCOMPARE(editor.glyph().leftSideBearing(), 65.0);
+    QCOMPARE(editor.glyph().verticalOffset(), 10.0);
+    const Point before = place(held);
+    turn({});
+    QCOMPARE(place(held).y - before.y, 48.0);
+    turn(Qt::ShiftModifier);
+    QCOMPARE(place(held).x - before.x, 48.0);
+    QTest::keyPress(canvas, Qt::Key_Space);
+    drag(canvas, Qt::LeftButton, {{-10, 0}, {-48, -48}});
+    QTest::keyRelease(canvas, Qt::Key_Space);
+    QVERIFY(std::abs(place(held).x - before.x) < 1e-9 && std::abs(place(held).y - before.y) < 1e-9);
+    QCOMPARE(editor.manager.undoManager().undoCount(), 1U);
+    QTest::keyClick(canvas, Qt::Key_Minus);
+    QTest::keyClick(canvas, Qt::Key_Plus, Qt::ControlModifier);
+    QVERIFY(std::abs(canvas->view().zoom() - 2) < 1e-9);
+    QTest::keyClick(canvas, Qt::Key_0, Qt::ControlModifier);
+    QVERIFY(canvas->view().isFit());
+    drag(canvas, Qt::LeftButton, {{10, 0}});
+    QCOMPARE(editor.glyph().leftSideBearing(), 75.0);
+  }
+
+  void whatIsLargeShowsItsPoints() {
+    Editor editor{"A"};
+    editor.select({0});
+    auto* canvas = find<GlyphCanvas>("glyphCanvas");
+    const auto markAt = [&](Point font) {
+      const CanvasMapping mapping(editor.manager.currentProject(), {1080, 1080}, canvas->view());
+      const Point at = mapping.toView(font);
+      settle();
+      const QImage picture = canvas->grab().toImage();
+      return picture.pixelColor(static_cast<int>(at.x), static_cast<int>(at.y)) ==
+             themeColor(Role::canvas);
+    };
+    QVERIFY(!markAt({399.5, 699}));
+    canvas->zoomIn();
+    QVERIFY(markAt({399.5, 699}) && !markAt({380, 600}));
   }
 
   // At a point to the unit: the baseline lies 240 points above the bottom, x = 0 at 40.
