@@ -213,6 +213,7 @@ void FilePanel::confirmReplacing(const QString& file, QWidget* parent,
                          .toStdString();
   question.style = Alert::Style::warning;
   question.buttons = {tr("Replace").toStdString(), tr("Cancel").toStdString()};
+  question.defaultButton = 1;
   auto* const sheet = new AlertSheet(question, parent);
   sheet->setAttribute(Qt::WA_DeleteOnClose);
   connect(sheet, &QDialog::finished, sheet,

@@ -2,7 +2,7 @@
 
 #include "desktop/desktop_scheme.h"
 #include "desktop/style.h"
-#include "desktop/text_field_keys.h"
+#include "desktop/focused_keys.h"
 #include "desktop/value_slider.h"
 
 #include <QApplication>
@@ -65,7 +65,7 @@ Theme::Theme(QApplication& application)
   connect(desktop_.get(), &DesktopScheme::changed, this, &Theme::apply);
   apply();
   application_.installEventFilter(this);
-  giveEditingKeysToTextFields(application_);
+  giveKeysToWhatHasTheFocus(application_);
   installSliderAccessibility();
 }
 

@@ -96,7 +96,6 @@ QWidget* AddKerningPairSheet::makePickers() {
 QLayout* AddKerningPairSheet::makeButtons() {
   auto* cancel = new QPushButton(tr("Cancel"), this);
   cancel->setObjectName(QStringLiteral("cancel"));
-  cancel->setAutoDefault(false);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   add_->setObjectName(QStringLiteral("addPair"));
   add_->setDefault(true);

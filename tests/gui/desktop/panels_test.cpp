@@ -157,7 +157,8 @@ private Q_SLOTS:
     type(*panel, path("Old")); // exists under the name with its extension
     press(*panel);
     QVERIFY(find<AlertSheet>("alert")->windowTitle().contains("Old.ttf"_L1));
-    QTest::keyClick(find<AlertSheet>("alert"), Qt::Key_Escape);
+    // A file is not overwritten by a key pressed in haste.
+    QTest::keyClick(find<AlertSheet>("alert")->focusWidget(), Qt::Key_Return);
     QTRY_VERIFY(!find<AlertSheet>("alert"));
     QVERIFY(panel->isVisible() && !answered_);
     press(*panel);
@@ -173,9 +174,10 @@ private Q_SLOTS:
       std::size_t answer;
     };
     for (const auto& [name, keys, answer] :
-         {Row{"Return presses the first", {Qt::Key_Return}, 0},
+         {Row{"Return presses the default", {Qt::Key_Return}, 0},
+          Row{"Return presses what has the focus", {Qt::Key_Backtab, Qt::Key_Return}, 1},
           Row{"Escape presses the last", {Qt::Key_Escape}, 2}, Row{"closing it is the last", {}, 2},
-          Row{"Tab", {Qt::Key_Tab, Qt::Key_Space}, 1}}) {
+          Row{"Tab", {Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Space}, 2}}) {
       std::vector<std::optional<std::size_t>> answers;
       desktop_->showAlert({"Title <b>", "Message", Alert::Style::warning, {"One", "Two", "Three"}},
                           [&](std::optional<std::size_t> button) { answers.push_back(button); });
@@ -185,6 +187,7 @@ private Q_SLOTS:
       QCOMPARE(alert->parentWidget(), window_.get());
       QCOMPARE(find<QLabel>("alertTitle")->text(), u"Title <b>"_s);
       QVERIFY(QTest::qWaitForWindowActive(alert));
+      QVERIFY(find<QPushButton>("alertButton2")->x() < find<QPushButton>("alertButton0")->x());
       for (const Qt::Key key : keys) QTest::keyClick(alert->focusWidget(), key);
       if (keys.isEmpty()) alert->close();
       QTRY_VERIFY2(answers.size() == 1 && answers[0] == answer, name);

@@ -1,10 +1,13 @@
-#include "desktop/text_field_keys.h"
+#include "desktop/focused_keys.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTextEdit>
+#include <QToolButton>
 #include <algorithm>
 #include <array>
 
@@ -42,24 +45,40 @@ bool editsText(const QKeyEvent& event) {
                      [&](QKeySequence::StandardKey key) { return event.matches(key); });
 }
 
-class TextFieldKeys : public QObject {
+bool pressesButton(const QKeyEvent& event) {
+  return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
+         !(event.modifiers() & ~Qt::KeypadModifier) && !event.isAutoRepeat();
+}
+
+QAbstractButton* buttonOf(QObject& object) {
+  if (auto* const button = qobject_cast<QPushButton*>(&object)) return button;
+  return qobject_cast<QToolButton*>(&object);
+}
+
+class FocusedKeys : public QObject {
 public:
   using QObject::QObject;
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() != QEvent::ShortcutOverride || !isTextField(*watched) ||
-        !editsText(*static_cast<QKeyEvent*>(event)))
+    if (event->type() == QEvent::ShortcutOverride) {
+      if (!isTextField(*watched) || !editsText(*static_cast<QKeyEvent*>(event))) return false;
+      event->accept();
+      return true;
+    }
+    if (event->type() != QEvent::KeyPress || !pressesButton(*static_cast<QKeyEvent*>(event)))
       return false;
-    event->accept();
+    auto* const button = buttonOf(*watched);
+    if (!button || !button->hasFocus()) return false;
+    button->click();
     return true;
   }
 };
 
 } // namespace
 
-void giveEditingKeysToTextFields(QApplication& application) {
-  application.installEventFilter(new TextFieldKeys(&application));
+void giveKeysToWhatHasTheFocus(QApplication& application) {
+  application.installEventFilter(new FocusedKeys(&application));
 }
 
 } // namespace quillery

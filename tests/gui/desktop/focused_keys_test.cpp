@@ -1,16 +1,18 @@
 #include "gui/desktop/gui_test.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace quillery;
 using namespace quillery::test;
 
-class TextFieldKeysTest : public QObject {
+class FocusedKeysTest : public QObject {
   Q_OBJECT
 private Q_SLOTS:
   void init() { failOnWarnings(); }
@@ -73,10 +75,37 @@ private Q_SLOTS:
     QTest::keyClick(button, Qt::Key_Backspace, Qt::ControlModifier);
     QCOMPARE(run, 3);
   }
+
+  void returnPressesTheFocusedButtonAndOtherwiseTheDefaultOne() {
+    QDialog dialog;
+    auto* const column = new QVBoxLayout(&dialog);
+    auto* const field = new QLineEdit;
+    auto* const action = new QPushButton;
+    auto* const other = new QPushButton;
+    auto* const tool = new QToolButton;
+    column->addWidget(field);
+    QString pressed;
+    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{action, other, tool}) {
+      column->addWidget(button);
+      connect(button, &QAbstractButton::clicked, this, [&, button] {
+        pressed += button == action ? u'a' : button == other ? u'o' : u't';
+      });
+    }
+    action->setDefault(true);
+    other->setAutoDefault(false); // which the toolkit takes for leave to press another
+    bringUp(dialog);
+    for (QWidget* focused : std::initializer_list<QWidget*>{field, other, tool, action, field}) {
+      focused->setFocus();
+      QTest::keyClick(focused, Qt::Key_Return);
+    }
+    other->setEnabled(false);
+    QTest::keyClick(other, Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(pressed, u"aotaaa"_s);
+  }
 };
 
 int main(int argc, char** argv) {
-  return runWithTheme<TextFieldKeysTest>(argc, argv);
+  return runWithTheme<FocusedKeysTest>(argc, argv);
 }
 
-#include "text_field_keys_test.moc"
+#include "focused_keys_test.moc"
