@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -14,6 +15,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextEdit>
+#include <QTreeView>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -117,12 +119,30 @@ private Q_SLOTS:
       showSavePanel(kProject);
       auto* const panel = find<FilePanel>("savePanel");
       QCOMPARE(nameField(*panel)->text(), u"My Font.fontproj"_s);
+      QCOMPARE(nameField(*panel)->selectedText(), u"My Font"_s);
       type(*panel, path(typed));
       press(*panel);
       QTRY_VERIFY(answered_);
       QCOMPARE(QString::fromStdString(chosen_->string()), path(saved));
       QTRY_VERIFY(!find<FilePanel>("savePanel"));
     }
+  }
+
+  void theListOfFilesShowsItsTextsAndNothingLiesOverTheField() {
+    QVERIFY(QDir(folder_.path()).mkpath(u"Projects"_s));
+    touch("Projects/A name of some length that is longer than the rest.fontproj");
+    showSavePanel(kProject);
+    auto* const panel = find<FilePanel>("savePanel");
+    panel->setDirectory(path("Projects"));
+    auto* const files = panel->findChild<QTreeView*>(u"treeView"_s);
+    QTRY_COMPARE(files->model()->rowCount(files->rootIndex()), 1);
+    const QModelIndex date = files->model()->index(0, 3, files->rootIndex());
+    const int dateWidth = files->fontMetrics().horizontalAdvance(date.data().toString());
+    QTRY_VERIFY(files->columnWidth(3) > dateWidth);
+    QVERIFY(files->header()->length() <= files->viewport()->width());
+    QTest::keyClicks(nameField(*panel), u"A"_s);
+    QVERIFY(!QApplication::activePopupWidget());
+    QCOMPARE(nameField(*panel)->text(), u"A.fontproj"_s); // the extension was not selected
   }
 
   void theFormatPopUpChangesTheNameAtOnceAndIsEnforced() {
