@@ -75,7 +75,7 @@ AddKerningPairSheet::AddKerningPairSheet(ProjectManager& manager,
   column->addWidget(preview_, 1);
   column->addWidget(makeNote());
   column->addLayout(makeButtons());
-  left_->setFocus();
+  left_->beginSearch();
 }
 
 QWidget* AddKerningPairSheet::makePickers() {

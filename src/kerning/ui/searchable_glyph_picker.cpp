@@ -106,7 +106,9 @@ SearchableGlyphPicker::SearchableGlyphPicker(const QString& objectName, const QS
       model_(new GlyphCandidatesModel(std::move(glyphs), this)),
       list_(new CandidateList(parent->window())) {
   setObjectName(objectName);
-  setFocusProxy(field_);
+  // Takes the focus that the field gives up after a choice: the Tab key goes on from here.
+  setFocusPolicy(Qt::ClickFocus);
+  setTabOrder(field_, this);
   auto* heading = new TextLabel(label, TextStyle::subheadline, Role::textSecondary, this);
   field_->setObjectName(objectName + QStringLiteral("Field"));
   field_->setAccessibleName(label);
@@ -171,7 +173,11 @@ void SearchableGlyphPicker::choose(int candidate) {
   const std::string name = model_->candidates()[static_cast<std::size_t>(candidate)].name;
   select(name);
   field_->setText(QString::fromStdString(name));
-  field_->clearFocus();
+  setFocus();
+}
+
+void SearchableGlyphPicker::beginSearch() {
+  field_->setFocus(Qt::TabFocusReason);
 }
 
 void SearchableGlyphPicker::takeMeant() {

@@ -23,6 +23,9 @@ public:
   SearchableGlyphPicker(const QString& objectName, const QString& label,
                         GlyphNameSearch::Glyphs glyphs, QWidget* parent);
 
+  /// Puts the focus into the field.
+  void beginSearch();
+
   /// The chosen name; empty when there is none.
   const std::string& selection() const { return selection_; }
 

@@ -222,7 +222,8 @@ private Q_SLOTS:
     QTest::keyClick(left, Qt::Key_Return);
     QCOMPARE(left->text(), u"a"_s);
     QVERIFY(!left->hasFocus() && !right->hasFocus() && !add->isEnabled());
-    right->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QVERIFY(right->hasFocus());
     auto* list = find<QListView>("rightGlyphList");
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualRect(list->model()->index(2, 0)).center());
