@@ -111,15 +111,16 @@ AlertSheet::AlertSheet(const Alert& alert, QWidget* parent)
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(grid::unit);
   buttons->addStretch();
-  for (int index = 0; index < buttonCount_; ++index) {
+  for (int index = buttonCount_ - 1; index >= 0; --index) { // as the eye goes, and the Tab key
     auto* const button = new QPushButton(
         QString::fromStdString(alert.buttons[static_cast<std::size_t>(index)]), this);
     button->setObjectName(QStringLiteral("alertButton%1").arg(index));
     button->setAccessibleName(button->text());
-    button->setDefault(index == 0);
     connect(button, &QPushButton::clicked, this, [this, index] { done(index); });
     buttons->addWidget(button);
-    if (index == 0) button->setFocus();
+    if (static_cast<std::size_t>(index) != alert.defaultButton) continue;
+    button->setDefault(true);
+    button->setFocus();
   }
 
   auto* const column = new QVBoxLayout(this);

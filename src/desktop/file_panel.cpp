@@ -5,11 +5,14 @@
 #include "desktop/theme.h"
 
 #include <QComboBox>
+#include <QCompleter>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSplitter>
+#include <QTreeView>
 #include <algorithm>
 
 namespace quillery {
@@ -19,6 +22,10 @@ namespace {
 constexpr QRect kAccessory(0, 0, 300, 32);
 constexpr QRect kFormatLabel(0, 6, 50, 20);
 constexpr QRect kFormatPopup(55, 2, 240, 28);
+
+// Of the toolkit's list of files.
+constexpr int kNameColumn = 0;
+constexpr int kKindColumn = 2;
 
 std::filesystem::path pathOf(const QString& file) {
   return QFile::encodeName(file).toStdString();
@@ -58,7 +65,7 @@ FilePanel::FilePanel(const SavePanelSettings& settings, const QString& folder, Q
   QString name = nameless ? QString() : usableFileName(proposed);
   if (name.isEmpty()) name = tr("Untitled");
   selectFile(withExtension(name, extension, {}));
-  if (nameField_) setExtension(extension);
+  selectStem();
 }
 
 void FilePanel::begin(const std::string& message, const QString& extension) {
@@ -70,18 +77,28 @@ void FilePanel::begin(const std::string& message, const QString& extension) {
     setDefaultSuffix(extension);
   }
   setOption(HideNameFilterDetails);
-  // The toolkit's own panel has a field whose label names it to the eye only.
-  if (auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
-    field->setAccessibleName(tr("File name"));
+  takeNameField();
   resize(720, 520);
   setAttribute(Qt::WA_DeleteOnClose);
   connect(this, &QDialog::finished, this, &FilePanel::finish);
 }
 
+void FilePanel::takeNameField() {
+  nameField_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  if (!nameField_) return;
+  // The toolkit's own panel has a field whose label names it to the eye only.
+  nameField_->setAccessibleName(tr("File name"));
+  // A list of completions would lie over the choice below and take the first click for itself.
+  // A file to save has a new name as a rule, which nothing should complete.
+  if (acceptMode() == AcceptSave)
+    nameField_->setCompleter(nullptr);
+  else if (QCompleter* const completer = nameField_->completer())
+    completer->setCompletionMode(QCompleter::InlineCompletion);
+}
+
 void FilePanel::askForFolder() {
   setLabelText(FileName, tr("Folder:"));
-  if (auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
-    field->setAccessibleName(tr("Folder"));
+  if (nameField_) nameField_->setAccessibleName(tr("Folder"));
   putAwayTypes();
 }
 
@@ -95,7 +112,7 @@ void FilePanel::addFormats(const FormatChooser& formats) {
   setOption(DontUseNativeDialog);
   for (const std::string& extension : formats.extensions)
     otherExtensions_ << QString::fromStdString(extension);
-  nameField_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  takeNameField();
 
   auto* const accessory = new QWidget(this);
   accessory->setFixedSize(kAccessory.size());
@@ -130,6 +147,17 @@ void FilePanel::arrange() {
     panes->setHandleWidth(grid::unit);
     panes->setSizes({160, width() - 160});
   }
+  // The toolkit remembers widths of columns whatever they were too narrow for.
+  if (auto* const files = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+    QHeaderView* const columns = files->header();
+    columns->setStretchLastSection(false);
+    columns->setResizeContentsPrecision(0); // what is seen
+    for (int column = 0; column < columns->count(); ++column)
+      columns->setSectionResizeMode(column, column == kNameColumn ? QHeaderView::Stretch
+                                                                  : QHeaderView::ResizeToContents);
+    // All files that a panel shows are of one kind.
+    columns->setSectionHidden(kKindColumn, !extension_.isEmpty());
+  }
 }
 
 void FilePanel::present() {
@@ -139,6 +167,7 @@ void FilePanel::present() {
   if (testAttribute(Qt::WA_DontShowOnScreen)) return;
   setOption(DontConfirmOverwrite);
   arrange();
+  selectStem(); // the toolkit has selected all of the name
 }
 
 void FilePanel::setExtension(const QString& extension) {
@@ -149,8 +178,14 @@ void FilePanel::setExtension(const QString& extension) {
   if (!nameField_ || name.isEmpty()) return;
   const QString renamed = withExtension(name, extension, otherExtensions_);
   nameField_->setText(renamed);
-  // What the user would type over is the name, not the extension.
-  nameField_->setSelection(0, static_cast<int>(renamed.size() - extension.size() - 1));
+  selectStem();
+}
+
+// What the user would type over is the name, not the extension.
+void FilePanel::selectStem() {
+  if (!nameField_ || acceptMode() != AcceptSave) return;
+  const qsizetype behind = hasExtension(nameField_->text(), extension_) ? extension_.size() + 1 : 0;
+  nameField_->setSelection(0, static_cast<int>(nameField_->text().size() - behind));
 }
 
 void FilePanel::accept() {
@@ -213,6 +248,7 @@ void FilePanel::confirmReplacing(const QString& file, QWidget* parent,
                          .toStdString();
   question.style = Alert::Style::warning;
   question.buttons = {tr("Replace").toStdString(), tr("Cancel").toStdString()};
+  question.defaultButton = 1;
   auto* const sheet = new AlertSheet(question, parent);
   sheet->setAttribute(Qt::WA_DeleteOnClose);
   connect(sheet, &QDialog::finished, sheet,

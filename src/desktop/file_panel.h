@@ -13,9 +13,8 @@ class QLineEdit;
 namespace quillery {
 
 /// A panel that asks for files, as a sheet of its window unless it is to stand freely. It is the
-/// desktop's own where there is
-/// one, but for a choice of formats, which those have no room for. Completes once, after it is off
-/// the screen.
+/// desktop's own where there is one, but for a choice of formats, which those have no room for.
+/// Completes once, after it is off the screen.
 class FilePanel : public QFileDialog {
   Q_OBJECT
 public:
@@ -37,7 +36,9 @@ protected:
 
 private:
   void begin(const std::string& message, const QString& extension);
+  void takeNameField();
   void arrange();
+  void selectStem();
   void askForFolder();
   void putAwayTypes();
   void addFormats(const FormatChooser& formats);

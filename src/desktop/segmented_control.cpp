@@ -12,6 +12,7 @@ namespace quillery {
 namespace {
 
 constexpr int kInset = 2; // of the segments in the track
+constexpr int kMarkHeight = 2;
 
 /// A radio button by nature, which gives it keys and accessibility; only its face is another.
 class Segment : public QRadioButton {
@@ -39,6 +40,8 @@ protected:
       painting::box(painter, rect(), radius::small,
                     themeColor(isDown() ? Role::pressed : Role::hover));
     painter.setFont(isChecked() ? boldFont() : font());
+    // Fills alone tell the segments apart too faintly, above all in the dark.
+    if (isChecked() && isEnabled()) paintMark(painter);
     painter.setPen(themeColor(!isEnabled()  ? Role::textDisabled
                               : isChecked() ? Role::text
                                             : Role::textSecondary));
@@ -48,6 +51,13 @@ protected:
   }
 
 private:
+  void paintMark(QPainter& painter) const {
+    QRectF mark(0, 0, QFontMetrics(painter.font()).horizontalAdvance(text()), kMarkHeight);
+    mark.moveCenter({rect().center().x() + 0.5, 0});
+    mark.moveBottom(height() - kInset - 1);
+    painting::box(painter, mark, kMarkHeight / 2.0, themeColor(Role::accentForeground));
+  }
+
   QFont boldFont() const {
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);
@@ -90,7 +100,7 @@ void SegmentedControl::setCurrent(int index) {
 
 void SegmentedControl::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painting::box(painter, rect(), radius::control, themeColor(Role::track, 0.55));
+  painting::box(painter, rect(), radius::control, themeColor(Role::controlPressed));
 }
 
 } // namespace quillery

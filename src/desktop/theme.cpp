@@ -2,6 +2,7 @@
 
 #include "desktop/desktop_scheme.h"
 #include "desktop/style.h"
+#include "desktop/focused_keys.h"
 #include "desktop/value_slider.h"
 
 #include <QApplication>
@@ -64,6 +65,7 @@ Theme::Theme(QApplication& application)
   connect(desktop_.get(), &DesktopScheme::changed, this, &Theme::apply);
   apply();
   application_.installEventFilter(this);
+  giveKeysToWhatHasTheFocus(application_);
   installSliderAccessibility();
 }
 

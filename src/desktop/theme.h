@@ -49,10 +49,11 @@ enum class Role {
   focusRing,
   // Meaning: text and icons on surfaces, and the fill of a badge with its text
   success,
-  warning,
+  warning, ///< icons only: an orange dark enough for text is a brown beside the red of danger
   danger,
   successFill,
-  // Canvases. The hues are for guides and overlays, mostly translucent.
+  // Canvases. The hues are for guides and overlays, mostly translucent. Grey, blue, green and orange
+  // also name guides in words and are readable on every surface.
   canvas,
   canvasInk, ///< outlines
   grey,

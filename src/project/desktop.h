@@ -61,8 +61,10 @@ struct Alert {
   std::string title;
   std::string message;
   Style style = Style::informational;
-  /// The first is the default.
+  /// What the alert is about comes first, what leaves everything as it is last.
   std::vector<std::string> buttons = {"OK"};
+  /// The one that Return presses: not one that destroys something.
+  std::size_t defaultButton = 0;
 
   friend bool operator==(const Alert&, const Alert&) = default;
 };

@@ -90,17 +90,19 @@ TEST(KerningText, IsWholeWithItsSign) {
   EXPECT_EQ(kerningText(-std::numeric_limits<double>::max()).size(), 310U);
 }
 
+GlyphNameSearch::Glyphs glyphsOf(const FontProject& project) {
+  return std::make_shared<const std::vector<NamedGlyph>>(sortedGlyphNames(project));
+}
+
 TEST(GlyphNameSearch, FindsNamesInTheirOrder) {
   FontProject project;
   for (const char* name : {"b", "Aring", "a", "V", "comma", "a"})
     project.glyphs.push_back(makeGlyph(name));
-  const auto names = std::make_shared<const std::vector<std::string>>(sortedGlyphNames(project));
-  EXPECT_THAT(*names, ElementsAre("Aring", "V", "a", "b", "comma"));
-  GlyphNameSearch search(names);
+  GlyphNameSearch search(glyphsOf(project));
   const auto found = [&](const char* text) {
     search.setText(text);
     std::string result;
-    for (std::size_t i = 0; i < search.size(); ++i) result += search[i] + " ";
+    for (std::size_t i = 0; i < search.size(); ++i) result += search[i].name + " ";
     return result;
   };
   EXPECT_EQ(search.size(), 5U);
@@ -109,6 +111,34 @@ TEST(GlyphNameSearch, FindsNamesInTheirOrder) {
   EXPECT_EQ(found("xyz"), "");
   EXPECT_EQ(found("om"), "comma ");
   EXPECT_EQ(found(""), "Aring V a b comma ");
+}
+
+TEST(GlyphNameSearch, FindsACharacterThatTheNameHides) {
+  FontProject project;
+  for (const auto& [name, character] : {std::pair{"uni0062", "b"},
+                                        {"uni0076", "v"},
+                                        {"uni00E9", "\u00E9"},
+                                        {"v.alt", "w"},
+                                        {"one", "1"},
+                                        {"eins", "1"}})
+    project.glyphs.push_back(makeGlyph(name, character));
+  GlyphNameSearch search(glyphsOf(project));
+  search.setText("v");
+  ASSERT_EQ(search.size(), 2U);
+  EXPECT_EQ(search[0].name, "uni0076"); // before the names
+  EXPECT_EQ(search[1].name, "v.alt");
+  search.setText("e\u0301"); // as some keyboards have it
+  ASSERT_EQ(search.size(), 1U);
+  EXPECT_EQ(search[0].name, "uni00E9");
+  const auto meant = [&](const char* text) {
+    const NamedGlyph* const glyph = search.meant(text);
+    return glyph ? glyph->name : "";
+  };
+  EXPECT_EQ(meant("v"), "uni0076");
+  EXPECT_EQ(meant("v.alt"), "v.alt");
+  EXPECT_EQ(meant("V.alt"), "");
+  EXPECT_EQ(meant("1"), ""); // one of two
+  EXPECT_EQ(meant(""), "");
 }
 
 } // namespace

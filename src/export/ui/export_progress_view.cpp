@@ -126,7 +126,6 @@ void ExportProgressView::addButton(const QString& title, const char* objectName,
   auto* button = new QPushButton(title, this);
   button->setObjectName(QString::fromLatin1(objectName));
   button->setDefault(isDefault);
-  button->setAutoDefault(false);
   connect(button, &QPushButton::clicked, this, press);
   buttons_->addWidget(button);
   button->show();

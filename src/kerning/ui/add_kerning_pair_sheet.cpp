@@ -1,7 +1,10 @@
 #include "kerning/ui/add_kerning_pair_sheet.h"
 
 #include "desktop/painting.h"
+#include "desktop/shown_text.h"
+#include "desktop/style.h"
 #include "desktop/widgets.h"
+#include "kerning/kerning_list.h"
 #include "kerning/kerning_pairs.h"
 #include "kerning/ui/kerning_painting.h"
 #include "kerning/ui/searchable_glyph_picker.h"
@@ -14,7 +17,7 @@ namespace quillery {
 namespace {
 
 constexpr int kPickerWidth = 240;
-constexpr int kPreviewHeight = 240; // as much as the lists of the pickers need
+constexpr int kPreviewHeight = 240; // as much as the lists of the pickers need, with the note
 
 /// The glyphs chosen so far, as they stand without kerning.
 class PairPreview : public QWidget {
@@ -48,9 +51,9 @@ private:
 } // namespace
 
 AddKerningPairSheet::AddKerningPairSheet(ProjectManager& manager,
-                                         std::function<void(const Uuid&)> onPairAdded,
+                                         std::function<void(const Uuid&)> onPairChosen,
                                          QWidget* parent)
-    : QDialog(parent, Qt::Sheet), manager_(manager), onPairAdded_(std::move(onPairAdded)),
+    : QDialog(parent, Qt::Sheet), manager_(manager), onPairChosen_(std::move(onPairChosen)),
       preview_(new PairPreview(
           [this]() -> KerningScene {
             return {manager_.firstGlyphNamed(left_->selection()),
@@ -70,8 +73,9 @@ AddKerningPairSheet::AddKerningPairSheet(ProjectManager& manager,
   column->addWidget(new TextLabel(windowTitle(), TextStyle::title, Role::text, this));
   column->addWidget(makePickers());
   column->addWidget(preview_, 1);
+  column->addWidget(makeNote());
   column->addLayout(makeButtons());
-  left_->setFocus();
+  left_->beginSearch();
 }
 
 QWidget* AddKerningPairSheet::makePickers() {
@@ -80,11 +84,12 @@ QWidget* AddKerningPairSheet::makePickers() {
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(grid::margin);
   const auto names =
-      std::make_shared<const std::vector<std::string>>(sortedGlyphNames(manager_.currentProject()));
+      std::make_shared<const std::vector<NamedGlyph>>(sortedGlyphNames(manager_.currentProject()));
   const auto picker = [&](const QString& objectName, const QString& label) {
     auto* result = new SearchableGlyphPicker(objectName, label, names, pickers);
     result->setMinimumWidth(kPickerWidth);
-    connect(result, &SearchableGlyphPicker::chosen, this, &AddKerningPairSheet::namesChanged);
+    connect(result, &SearchableGlyphPicker::selectionChanged, this,
+            &AddKerningPairSheet::namesChanged);
     row->addWidget(result, 1);
     return result;
   };
@@ -96,7 +101,6 @@ QWidget* AddKerningPairSheet::makePickers() {
 QLayout* AddKerningPairSheet::makeButtons() {
   auto* cancel = new QPushButton(tr("Cancel"), this);
   cancel->setObjectName(QStringLiteral("cancel"));
-  cancel->setAutoDefault(false);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   add_->setObjectName(QStringLiteral("addPair"));
   add_->setDefault(true);
@@ -111,15 +115,56 @@ QLayout* AddKerningPairSheet::makeButtons() {
   return row;
 }
 
+QWidget* AddKerningPairSheet::makeNote() {
+  note_ = new QWidget(this);
+  note_->setObjectName(QStringLiteral("pairExists"));
+  noteText_ = new ElidedLabel({}, TextStyle::body, Qt::ElideMiddle, Role::textSecondary, note_);
+  auto* show = new QPushButton(tr("Show It"), note_);
+  show->setObjectName(QStringLiteral("showExisting"));
+  show->setAccessibleName(tr("Show the existing pair"));
+  setButtonKind(*show, ButtonKind::link);
+  connect(show, &QPushButton::clicked, this, &AddKerningPairSheet::showExisting);
+  auto* row = new QHBoxLayout(note_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(grid::unit);
+  row->addWidget(
+      new SymbolLabel(Symbol::infoCircleFill, grid::iconSize, Role::accentForeground, note_));
+  row->addWidget(noteText_, 1);
+  row->addWidget(show);
+  // It takes its room also while there is nothing to say, so that nothing moves under the pointer.
+  QSizePolicy kept = note_->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);
+  note_->setSizePolicy(kept);
+  note_->hide();
+  return note_;
+}
+
+const KerningPair* AddKerningPairSheet::existing() const {
+  return manager_.firstKerningPair(left_->selection(), right_->selection());
+}
+
 void AddKerningPairSheet::namesChanged() {
   preview_->update();
   add_->setEnabled(!left_->selection().empty() && !right_->selection().empty());
+  const KerningPair* const pair = existing();
+  note_->setVisible(pair != nullptr);
+  if (pair)
+    noteText_->setText(tr("%1 %2 is in the list already, with the value %3.")
+                           .arg(shownText(pair->leftGlyph), shownText(pair->rightGlyph),
+                                shownText(kerningText(pair->value))));
 }
 
 void AddKerningPairSheet::addPair() {
   const Uuid pair =
       addKerningPair(manager_, Utf8::mended(left_->selection()), Utf8::mended(right_->selection()));
-  onPairAdded_(pair);
+  onPairChosen_(pair);
+  accept();
+}
+
+void AddKerningPairSheet::showExisting() {
+  const KerningPair* const pair = existing();
+  if (!pair) return;
+  onPairChosen_(Uuid(pair->id)); // which may change the list that holds it
   accept();
 }
 

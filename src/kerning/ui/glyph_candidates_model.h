@@ -6,12 +6,12 @@
 
 namespace quillery {
 
-/// The names that a picker offers.
+/// The glyphs that a picker offers, by name.
 class GlyphCandidatesModel : public QAbstractListModel {
   Q_OBJECT
 public:
-  GlyphCandidatesModel(GlyphNameSearch::Names names, QObject* parent)
-      : QAbstractListModel(parent), search_(std::move(names)) {}
+  GlyphCandidatesModel(GlyphNameSearch::Glyphs glyphs, QObject* parent)
+      : QAbstractListModel(parent), search_(std::move(glyphs)) {}
 
   const GlyphNameSearch& candidates() const { return search_; }
 
@@ -27,7 +27,7 @@ public:
 
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-    return QString::fromStdString(search_[static_cast<std::size_t>(index.row())]);
+    return QString::fromStdString(search_[static_cast<std::size_t>(index.row())].name);
   }
 
 private:

@@ -1,6 +1,7 @@
 #include "kerning/ui/kerning_editor_view.h"
 
 #include "desktop/placeholder.h"
+#include "desktop/search_field.h"
 #include "desktop/style.h"
 #include "desktop/widgets.h"
 #include "kerning/kerning_pairs.h"
@@ -11,7 +12,6 @@
 
 #include <QBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -69,9 +69,11 @@ KerningEditorView::KerningEditorView(ProjectManager& manager, QWidget* parent)
     : QWidget(parent), manager_(manager), model_(new KerningListModel(this)),
       add_(new IconButton(Symbol::plus, tr("Add Kerning Pair"), this)),
       generate_(new QPushButton(icon(Symbol::wandStars), tr("Generate Common"), this)),
-      delete_(new QPushButton(this)), search_(new QLineEdit(this)), list_(new PairListView(this)),
-      listPages_(new QStackedWidget(this)), detailPages_(new QStackedWidget(this)),
-      adjustment_(new KerningAdjustmentView(manager, this)),
+      delete_(new QPushButton(this)),
+      search_(new SearchField(QStringLiteral("pairSearch"), tr("Search pairs"),
+                              tr("Search pairs..."), this)),
+      list_(new PairListView(this)), listPages_(new QStackedWidget(this)),
+      detailPages_(new QStackedWidget(this)), adjustment_(new KerningAdjustmentView(manager, this)),
       watch_(manager, {{What::glyphList, What::kerningList, What::kerningPair, What::selectedPair}},
              [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("kerningEditor"));
@@ -95,12 +97,8 @@ QWidget* KerningEditorView::makeColumn() {
   connect(add_, &QAbstractButton::clicked, this, &KerningEditorView::showAddPairSheet);
   header->addTrailing(add_);
 
-  search_->setObjectName(QStringLiteral("pairSearch"));
-  search_->setAccessibleName(tr("Search pairs"));
-  search_->setPlaceholderText(tr("Search pairs..."));
-  search_->addAction(icon(Symbol::search, Role::textSecondary), QLineEdit::LeadingPosition);
-  search_->setClearButtonEnabled(true);
   connect(search_, &QLineEdit::textChanged, this, &KerningEditorView::showFilter);
+  connect(search_, &SearchField::left, this, &KerningEditorView::enterList);
 
   auto* controls = new QVBoxLayout;
   controls->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::gap);
@@ -185,6 +183,13 @@ void KerningEditorView::showFilter(const QString& text) {
   const QScopedValueRollback following(following_, true);
   model_->setFilter(text);
   showSelection();
+}
+
+void KerningEditorView::enterList() {
+  if (model_->rowCount() == 0) return;
+  list_->setFocus(Qt::TabFocusReason);
+  if (list_->selectionModel()->selectedIndexes().isEmpty())
+    list_->setCurrentIndex(model_->index(0));
 }
 
 void KerningEditorView::showPairs() {

@@ -4,7 +4,6 @@
 
 #include <QWidget>
 
-class QLineEdit;
 class QListView;
 class QPushButton;
 class QStackedWidget;
@@ -14,6 +13,7 @@ namespace quillery {
 class IconButton;
 class KerningAdjustmentView;
 class KerningListModel;
+class SearchField;
 
 /// The kerning tab: the list of pairs, and beside it the selected pair's adjustment.
 class KerningEditorView : public QWidget {
@@ -31,6 +31,7 @@ private:
   QWidget* makeDetail();
   void refresh(const ProjectChanges& changes);
   void showFilter(const QString& text);
+  void enterList();
   void showPairs();
   void showGlyphCount();
   void showSelection();
@@ -42,7 +43,7 @@ private:
   IconButton* add_;
   QPushButton* generate_;
   QPushButton* delete_;
-  QLineEdit* search_;
+  SearchField* search_;
   QListView* list_;
   QStackedWidget* listPages_;
   QStackedWidget* detailPages_;

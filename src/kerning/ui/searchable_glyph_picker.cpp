@@ -1,11 +1,13 @@
 #include "kerning/ui/searchable_glyph_picker.h"
 
 #include "desktop/painting.h"
+#include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 #include "kerning/ui/glyph_candidates_model.h"
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -18,7 +20,7 @@ namespace {
 constexpr int kMostRows = 8;
 constexpr int kListBorder = 4; // around the rows
 
-/// A name, with a check mark on the one that is chosen.
+/// A name with its character, and a check mark on the one that is chosen.
 class CandidateRow : public QStyledItemDelegate {
 public:
   CandidateRow(const GlyphCandidatesModel& model, const std::string& selection, QObject* parent)
@@ -33,8 +35,8 @@ public:
     const QStyle* style = option.widget ? option.widget->style() : QApplication::style();
     style->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
     QRect room = option.rect.adjusted(grid::unit, 0, -grid::unit, 0);
-    const std::string& name = model_.candidates()[static_cast<std::size_t>(index.row())];
-    if (name == selection_) {
+    const NamedGlyph& glyph = model_.candidates()[static_cast<std::size_t>(index.row())];
+    if (glyph.name == selection_) {
       const QRect mark(room.right() - grid::iconSize + 1, room.top(), grid::iconSize,
                        room.height());
       paintSymbol(*painter, Symbol::check, mark, themeColor(Role::accentForeground));
@@ -42,10 +44,15 @@ public:
     room.setRight(room.right() - grid::iconSize - grid::unit);
     painter->save();
     painter->setFont(option.font);
+    const QString name = QString::fromStdString(glyph.name);
+    if (const QString character = shownText(glyph.character); character != name) {
+      painter->setPen(themeColor(Role::textSecondary));
+      painter->drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, character);
+      room.setRight(room.right() - option.fontMetrics.horizontalAdvance(character) - grid::unit);
+    }
     painter->setPen(themeColor(Role::text));
-    painter->drawText(
-        room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(QString::fromStdString(name), Qt::ElideMiddle, room.width()));
+    painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(name, Qt::ElideMiddle, room.width()));
     painter->restore();
   }
 
@@ -54,8 +61,9 @@ private:
   const std::string& selection_;
 };
 
-/// Lies over its neighbours as a card.
+/// Lies over its neighbours as a card, and says so when it has nothing to offer.
 class CandidateList : public QListView {
+  Q_DECLARE_TR_FUNCTIONS(quillery::SearchableGlyphPicker)
 public:
   explicit CandidateList(QWidget* parent) : QListView(parent) {
     setFrameShape(QFrame::NoFrame);
@@ -79,17 +87,28 @@ protected:
     }
     return QListView::event(event);
   }
+
+  void paintEvent(QPaintEvent* event) override {
+    QListView::paintEvent(event);
+    if (model()->rowCount() > 0) return;
+    QPainter painter(viewport());
+    painter.setPen(themeColor(Role::textSecondary));
+    painter.drawText(viewport()->rect().adjusted(grid::unit, 0, -grid::unit, 0),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, tr("No matches"));
+  }
 };
 
 } // namespace
 
 SearchableGlyphPicker::SearchableGlyphPicker(const QString& objectName, const QString& label,
-                                             GlyphNameSearch::Names glyphs, QWidget* parent)
+                                             GlyphNameSearch::Glyphs glyphs, QWidget* parent)
     : QWidget(parent), field_(new QLineEdit(this)),
       model_(new GlyphCandidatesModel(std::move(glyphs), this)),
       list_(new CandidateList(parent->window())) {
   setObjectName(objectName);
-  setFocusProxy(field_);
+  // Takes the focus that the field gives up after a choice: the Tab key goes on from here.
+  setFocusPolicy(Qt::ClickFocus);
+  setTabOrder(field_, this);
   auto* heading = new TextLabel(label, TextStyle::subheadline, Role::textSecondary, this);
   field_->setObjectName(objectName + QStringLiteral("Field"));
   field_->setAccessibleName(label);
@@ -106,7 +125,11 @@ SearchableGlyphPicker::SearchableGlyphPicker(const QString& objectName, const QS
   list_->setItemDelegate(new CandidateRow(*model_, selection_, list_));
   list_->setModel(model_);
   list_->hide();
-  connect(field_, &QLineEdit::textEdited, this, &SearchableGlyphPicker::find);
+  connect(field_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    // What stands there no longer means what was chosen.
+    select({});
+    find(text);
+  });
   connect(list_, &QAbstractItemView::clicked, this,
           [this](const QModelIndex& index) { choose(index.row()); });
 }
@@ -116,20 +139,21 @@ void SearchableGlyphPicker::find(const QString& text) {
   // What Return takes is marked.
   list_->setCurrentIndex(model_->index(0));
   list_->scrollToTop();
+  list_->setAccessibleDescription(model_->rowCount() > 0 ? QString() : tr("No matches"));
   showList();
 }
 
 void SearchableGlyphPicker::showList() {
-  const bool any = model_->rowCount() > 0;
-  if (any) placeList();
-  list_->setVisible(any);
-  if (any) list_->raise();
+  placeList();
+  list_->show();
+  list_->raise();
 }
 
 void SearchableGlyphPicker::placeList() {
   const QWidget* sheet = list_->parentWidget();
   const QPoint corner = field_->mapTo(sheet, QPoint(0, field_->height() + grid::half));
-  const int wanted = std::min(model_->rowCount(), kMostRows) * grid::rowHeight + 2 * kListBorder;
+  const int wanted =
+      std::clamp(model_->rowCount(), 1, kMostRows) * grid::rowHeight + 2 * kListBorder;
   const int room = sheet->height() - corner.y() - grid::unit;
   list_->setGeometry(QRect(corner, QSize(field_->width(), std::min(wanted, room))));
 }
@@ -146,10 +170,27 @@ void SearchableGlyphPicker::resizeEvent(QResizeEvent* event) {
 
 void SearchableGlyphPicker::choose(int candidate) {
   if (candidate < 0 || candidate >= model_->rowCount()) return;
-  selection_ = model_->candidates()[static_cast<std::size_t>(candidate)];
-  field_->setText(QString::fromStdString(selection_));
-  field_->clearFocus();
-  Q_EMIT chosen();
+  const std::string name = model_->candidates()[static_cast<std::size_t>(candidate)].name;
+  select(name);
+  field_->setText(QString::fromStdString(name));
+  setFocus();
+}
+
+void SearchableGlyphPicker::beginSearch() {
+  field_->setFocus(Qt::TabFocusReason);
+}
+
+void SearchableGlyphPicker::takeMeant() {
+  const NamedGlyph* const glyph = model_->candidates().meant(field_->text().toStdString());
+  if (!glyph) return;
+  select(glyph->name);
+  field_->setText(QString::fromStdString(glyph->name));
+}
+
+void SearchableGlyphPicker::select(const std::string& name) {
+  if (selection_ == name) return;
+  selection_ = name;
+  Q_EMIT selectionChanged();
 }
 
 void SearchableGlyphPicker::moveInList(int key) {
@@ -190,7 +231,9 @@ bool SearchableGlyphPicker::eventFilter(QObject* watched, QEvent* event) {
       if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) find(field_->text());
       break;
     case QEvent::FocusOut:
-      if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) list_->hide();
+      if (static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason) break;
+      list_->hide();
+      takeMeant();
       break;
     case QEvent::KeyPress:
       if (handleKey(static_cast<QKeyEvent*>(event)->key())) return true;

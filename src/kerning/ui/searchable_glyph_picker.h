@@ -11,23 +11,26 @@ namespace quillery {
 
 class GlyphCandidatesModel;
 
-/// A field that finds a glyph by its name. While it has the focus, a list of the names that contain
-/// what is typed lies under it, over its neighbours. A click, or Return, chooses one; typing alone
-/// does not change the selection.
+/// A field that finds a glyph by its name, or by its character. While it has the focus, a list of
+/// what is found lies under it, over its neighbours. A click, or Return, chooses one, and so does
+/// leaving the field with the whole of a name in it, or with a character that one glyph has. What
+/// was chosen is no longer when something else is typed over it.
 ///
 /// The object names of field and list are the picker's with "Field" and "List" behind.
 class SearchableGlyphPicker : public QWidget {
   Q_OBJECT
 public:
   SearchableGlyphPicker(const QString& objectName, const QString& label,
-                        GlyphNameSearch::Names glyphs, QWidget* parent);
+                        GlyphNameSearch::Glyphs glyphs, QWidget* parent);
 
-  /// The chosen name; empty at first.
+  /// Puts the focus into the field.
+  void beginSearch();
+
+  /// The chosen name; empty when there is none.
   const std::string& selection() const { return selection_; }
 
 Q_SIGNALS:
-  /// A name was chosen, and the focus given up.
-  void chosen();
+  void selectionChanged();
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,6 +44,8 @@ private:
   bool handleKey(int key);
   void moveInList(int key);
   void choose(int candidate);
+  void takeMeant();
+  void select(const std::string& name);
 
   QLineEdit* field_;
   GlyphCandidatesModel* model_;

@@ -4,6 +4,16 @@
 #include <algorithm>
 
 namespace quillery {
+namespace {
+
+// A change of the margin would be a step that undo takes back.
+void setMargin(QTextDocument& document, int margin) {
+  document.setUndoRedoEnabled(false);
+  document.setDocumentMargin(margin);
+  document.setUndoRedoEnabled(true);
+}
+
+} // namespace
 
 MacTextEditor::MacTextEditor(QWidget* parent) : QPlainTextEdit(parent) {
   setFrameShape(QFrame::NoFrame);
@@ -12,7 +22,7 @@ MacTextEditor::MacTextEditor(QWidget* parent) : QPlainTextEdit(parent) {
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setLineWrapMode(WidgetWidth);
   setTabChangesFocus(true);
-  document()->setDocumentMargin(0);
+  setMargin(*document(), 0);
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
     if (!setting_) Q_EMIT textEdited(text());
   });
@@ -26,9 +36,12 @@ QString MacTextEditor::text() const {
 void MacTextEditor::setText(const QString& text) {
   if (text == this->text()) return;
   setting_ = true;
+  // What stands there first is where the history begins, or undo would empty the field.
+  const bool isFirst = document()->isEmpty() && !document()->isUndoAvailable();
   QTextCursor all(document());
   all.select(QTextCursor::Document);
   all.insertText(text);
+  if (isFirst) document()->clearUndoRedoStacks();
   setting_ = false;
   moveCursor(QTextCursor::Start);
 }
@@ -42,7 +55,7 @@ void MacTextEditor::setInsets(QSize insets) {
   insets_ = insets;
   // The margin of a document is the same all around, and scrolls with the text.
   const int margin = std::min(insets.width(), insets.height());
-  document()->setDocumentMargin(margin);
+  setMargin(*document(), margin);
   const int across = insets.width() - margin;
   const int down = insets.height() - margin;
   setViewportMargins(across, down, across, down);

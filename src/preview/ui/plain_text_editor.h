@@ -14,10 +14,10 @@ public:
 
   /// Lines are parted by line feeds; no-break spaces stay what they are.
   QString text() const;
-  /// Emits nothing. The text before can be had back by undo.
+  /// Emits nothing. The text before can be had back by undo, unless there was none yet.
   void setText(const QString& text);
   void setTextFont(const QFont& font);
-  /// Free space at the sides, and above and below the text.
+  /// Free space at the sides, and above and below the text. Begins the history anew.
   void setInsets(QSize insets);
 
 Q_SIGNALS:

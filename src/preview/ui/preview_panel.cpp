@@ -57,8 +57,10 @@ PreviewPanel::PreviewPanel(ProjectManager& manager, QWidget* parent)
   const auto setFont = [this] { editor_->setTextFont(Theme::current().font(TextStyle::body)); };
   setFont();
   connect(&Theme::current(), &Theme::changed, this, setFont);
-  connect(editor_, &MacTextEditor::textEdited, this,
-          [this](const QString& text) { preview_->setText(text.toStdString()); });
+  connect(editor_, &MacTextEditor::textEdited, this, [this](const QString& text) {
+    preview_->setText(text.toStdString());
+    showPresetOf(preview_->scene().text());
+  });
   preview_->onGlyphClicked = [this](const auto& name) { selectGlyphNamed(name); };
   preview_->onPairClicked = [this](const auto& left, const auto& right) {
     selectPair(left, right);
@@ -152,10 +154,20 @@ QWidget* PreviewPanel::makeCharacters() {
 
 void PreviewPanel::choosePreset(std::size_t preset) {
   const TextPreset& chosen = textPresets()[preset];
-  presets_->menu()->actions().at(static_cast<qsizetype>(preset))->setChecked(true);
-  presets_->setText(withoutMnemonic(shownText(chosen.name)));
+  namePreset(preset);
   editor_->setText(shownText(chosen.text));
   preview_->setText(chosen.text);
+}
+
+void PreviewPanel::namePreset(std::size_t preset) {
+  presets_->menu()->actions().at(static_cast<qsizetype>(preset))->setChecked(true);
+  presets_->setText(withoutMnemonic(shownText(textPresets()[preset].name)));
+}
+
+// Undo brings back the text of the preset before, whose name must come with it.
+void PreviewPanel::showPresetOf(const std::string& text) {
+  for (std::size_t i = 0; i < textPresets().size(); ++i)
+    if (textPresets()[i].text == text) return namePreset(i);
 }
 
 void PreviewPanel::setSize(double points) {

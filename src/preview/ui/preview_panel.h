@@ -32,6 +32,8 @@ private:
   QWidget* makeHeader();
   QWidget* makeCharacters();
   void choosePreset(std::size_t preset);
+  void namePreset(std::size_t preset);
+  void showPresetOf(const std::string& text);
   void setSize(double points);
   void followTab();
   void selectGlyphNamed(const std::string& name);

@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -14,6 +15,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextEdit>
+#include <QTreeView>
 
 using namespace quillery;
 using namespace quillery::test;
@@ -117,12 +119,30 @@ private Q_SLOTS:
       showSavePanel(kProject);
       auto* const panel = find<FilePanel>("savePanel");
       QCOMPARE(nameField(*panel)->text(), u"My Font.fontproj"_s);
+      QCOMPARE(nameField(*panel)->selectedText(), u"My Font"_s);
       type(*panel, path(typed));
       press(*panel);
       QTRY_VERIFY(answered_);
       QCOMPARE(QString::fromStdString(chosen_->string()), path(saved));
       QTRY_VERIFY(!find<FilePanel>("savePanel"));
     }
+  }
+
+  void theListOfFilesShowsItsTextsAndNothingLiesOverTheField() {
+    QVERIFY(QDir(folder_.path()).mkpath(u"Projects"_s));
+    touch("Projects/A name of some length that is longer than the rest.fontproj");
+    showSavePanel(kProject);
+    auto* const panel = find<FilePanel>("savePanel");
+    panel->setDirectory(path("Projects"));
+    auto* const files = panel->findChild<QTreeView*>(u"treeView"_s);
+    QTRY_COMPARE(files->model()->rowCount(files->rootIndex()), 1);
+    const QModelIndex date = files->model()->index(0, 3, files->rootIndex());
+    const int dateWidth = files->fontMetrics().horizontalAdvance(date.data().toString());
+    QTRY_VERIFY(files->columnWidth(3) > dateWidth);
+    QVERIFY(files->header()->length() <= files->viewport()->width());
+    QTest::keyClicks(nameField(*panel), u"A"_s);
+    QVERIFY(!QApplication::activePopupWidget());
+    QCOMPARE(nameField(*panel)->text(), u"A.fontproj"_s); // the extension was not selected
   }
 
   void theFormatPopUpChangesTheNameAtOnceAndIsEnforced() {
@@ -157,7 +177,8 @@ private Q_SLOTS:
     type(*panel, path("Old")); // exists under the name with its extension
     press(*panel);
     QVERIFY(find<AlertSheet>("alert")->windowTitle().contains("Old.ttf"_L1));
-    QTest::keyClick(find<AlertSheet>("alert"), Qt::Key_Escape);
+    // A file is not overwritten by a key pressed in haste.
+    QTest::keyClick(find<AlertSheet>("alert")->focusWidget(), Qt::Key_Return);
     QTRY_VERIFY(!find<AlertSheet>("alert"));
     QVERIFY(panel->isVisible() && !answered_);
     press(*panel);
@@ -173,9 +194,10 @@ private Q_SLOTS:
       std::size_t answer;
     };
     for (const auto& [name, keys, answer] :
-         {Row{"Return presses the first", {Qt::Key_Return}, 0},
+         {Row{"Return presses the default", {Qt::Key_Return}, 0},
+          Row{"Return presses what has the focus", {Qt::Key_Backtab, Qt::Key_Return}, 1},
           Row{"Escape presses the last", {Qt::Key_Escape}, 2}, Row{"closing it is the last", {}, 2},
-          Row{"Tab", {Qt::Key_Tab, Qt::Key_Space}, 1}}) {
+          Row{"Tab", {Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Space}, 2}}) {
       std::vector<std::optional<std::size_t>> answers;
       desktop_->showAlert({"Title <b>", "Message", Alert::Style::warning, {"One", "Two", "Three"}},
                           [&](std::optional<std::size_t> button) { answers.push_back(button); });
@@ -185,6 +207,7 @@ private Q_SLOTS:
       QCOMPARE(alert->parentWidget(), window_.get());
       QCOMPARE(find<QLabel>("alertTitle")->text(), u"Title <b>"_s);
       QVERIFY(QTest::qWaitForWindowActive(alert));
+      QVERIFY(find<QPushButton>("alertButton2")->x() < find<QPushButton>("alertButton0")->x());
       for (const Qt::Key key : keys) QTest::keyClick(alert->focusWidget(), key);
       if (keys.isEmpty()) alert->close();
       QTRY_VERIFY2(answers.size() == 1 && answers[0] == answer, name);

@@ -22,30 +22,50 @@ private Q_SLOTS:
   void init() { failOnWarnings(); }
   void cleanup() { Theme::current().setOverride(ColorScheme::light); }
 
-  void textAndLinesStandOutFromEverySurface() {
+  // What is painted on what, in every pair of roles that a view uses.
+  void textAndMarksStandOutFromEverySurface() {
     using R = Role;
-    std::vector<std::tuple<R, R, double>> pairs;
-    for (const R surface : {R::window, R::sidebar, R::card, R::field}) {
-      for (const R text : {R::text, R::textSecondary, R::textPlaceholder, R::accentForeground,
-                           R::success, R::warning, R::danger})
-        pairs.emplace_back(text, surface, 4.5);
-      for (const R line : {R::fieldBorder, R::focusRing, R::accent})
-        pairs.emplace_back(line, surface, 2.9);
-    }
-    for (const R surface : {R::control, R::controlHover, R::controlPressed, R::selection})
-      pairs.emplace_back(R::text, surface, 4.5);
-    for (const R surface : {R::accent, R::accentHover, R::accentPressed})
-      pairs.emplace_back(R::accentText, surface, 4.5);
-    for (const auto& [text, surface] : {std::pair{R::danger, R::control},
-                                        {R::textSecondary, R::selection},
-                                        {R::success, R::successFill},
-                                        {R::tooltipText, R::tooltip},
-                                        {R::canvasInk, R::canvas}})
-      pairs.emplace_back(text, surface, 4.5);
+    constexpr double kText = 4.5;
+    constexpr double kMark = 3; // and large text
+    struct Row {
+      std::vector<Role> marks;
+      std::vector<Role> surfaces;
+      double least;
+    };
+    const std::vector<Role> surfaces = {R::window, R::sidebar, R::card, R::field, R::canvas};
+    const Row rows[] = {
+        {{R::text, R::textSecondary, R::textPlaceholder, R::accentForeground, R::success,
+          R::danger},
+         surfaces,
+         kText},
+        {{R::grey, R::blue, R::green, R::orange}, surfaces, kText}, // names of guides, "Multiple"
+        {{R::warning, R::fieldBorder, R::focusRing, R::accent}, surfaces, kMark},
+        {{R::red, R::purple, R::pink, R::cyan, R::yellow, R::canvasInk},
+         {R::canvas, R::window},
+         kMark},
+        {{R::text}, {R::control, R::controlHover, R::controlPressed, R::selection}, kText},
+        {{R::textSecondary, R::danger, R::accentForeground}, {R::control, R::selection}, kText},
+        {{R::textSecondary}, {R::controlPressed, R::controlHover}, kText}, // a segment not chosen
+        {{R::accentForeground}, {R::control, R::controlPressed}, kMark},   // under the one that is
+        {{R::accentText}, {R::accent, R::accentHover, R::accentPressed}, kText},
+        {{R::success}, {R::successFill}, kText},
+        {{R::tooltipText}, {R::tooltip}, kText}};
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark})
-      for (const auto& [text, surface, least] : pairs)
-        QVERIFY2(contrast(Theme::color(text, scheme), Theme::color(surface, scheme)) >= least,
-                 pairName(int(text), int(surface), scheme));
+      for (const auto& [marks, grounds, least] : rows)
+        for (const Role mark : marks)
+          for (const Role ground : grounds) {
+            const double found = contrast(Theme::color(mark, scheme), Theme::color(ground, scheme));
+            QVERIFY2(found >= least,
+                     pairName(int(mark), int(ground), scheme) + ": " + QByteArray::number(found));
+          }
+  }
+
+  void whatWarnsIsNotTakenForWhatIsCritical() {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+      const int apart = std::abs(Theme::color(Role::warning, scheme).hslHue() -
+                                 Theme::color(Role::danger, scheme).hslHue());
+      QVERIFY2(std::min(apart, 360 - apart) >= 25, QByteArray::number(apart));
+    }
   }
 
   void widgetsAndIconsFollowASwitchAtOnce() {

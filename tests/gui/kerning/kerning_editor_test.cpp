@@ -146,13 +146,19 @@ private Q_SLOTS:
     program.clickRow(0);
     const auto selected = program.manager.selectedKerningPairId();
     auto* search = find<QLineEdit>("pairSearch");
+    search->setFocus();
     QTest::keyClicks(search, u"x"_s);
     QCOMPARE(program.rows(), QStringList());
     QVERIFY(!find<QWidget>("noKerningPairs"));
     QCOMPARE(program.manager.selectedKerningPairId(), selected);
     QCOMPARE(program.title(), u"Adjust Kerning: A + V"_s);
-    search->clear();
+    QTest::keyClick(search, Qt::Key_Down); // into a list of nothing
+    QVERIFY(search->hasFocus());
+    QTest::keyClick(search, Qt::Key_Escape);
+    QCOMPARE(search->text(), QString());
     QCOMPARE(program.selectedRow(), u"A V, -80"_s);
+    QTest::keyClick(search, Qt::Key_Down);
+    QVERIFY(program.list()->hasFocus());
   }
 
   void deletingThePairClearsTheDetail() {
@@ -216,7 +222,8 @@ private Q_SLOTS:
     auto* add = find<QPushButton>("addPair");
     QVERIFY(left->hasFocus());
     QTest::keyClicks(left, u"x\r"_s);
-    QVERIFY(left->hasFocus() && !find<QListView>("leftGlyphList"));
+    QVERIFY(left->hasFocus());
+    QCOMPARE(find<QListView>("leftGlyphList")->model()->rowCount(), 0); // which it says
     QTest::keyClick(left, Qt::Key_Backspace);
     QTest::keyClicks(left, u"a"_s);
     QCOMPARE(find<QListView>("leftGlyphList")->model()->rowCount(), 2);
@@ -224,21 +231,43 @@ private Q_SLOTS:
     QTest::keyClick(left, Qt::Key_Return);
     QCOMPARE(left->text(), u"a"_s);
     QVERIFY(!left->hasFocus() && !right->hasFocus() && !add->isEnabled());
-    right->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QVERIFY(right->hasFocus());
     auto* list = find<QListView>("rightGlyphList");
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualRect(list->model()->index(2, 0)).center());
     QCOMPARE(right->text(), u"V"_s);
-    // Typing chooses nothing, and Return in the list adds nothing.
+    // Typing over it gives up what was chosen, and leaving the field takes a whole name.
+    QVERIFY(add->isEnabled());
     left->setFocus();
     left->selectAll();
-    QTest::keyClicks(left, u"T\t"_s);
-    QVERIFY(right->hasFocus());
+    QTest::keyClicks(left, u"T"_s);
+    QVERIFY(!add->isEnabled());
+    QTest::keyClicks(left, u"x\t"_s);
+    QVERIFY(right->hasFocus() && !add->isEnabled());
+    left->setFocus();
+    QTest::keyClick(left, Qt::Key_Backspace);
+    QTest::keyClicks(left, u"\t"_s);
+    QVERIFY(add->isEnabled());
+    // Return in the list adds nothing.
     QTest::keyClick(right, Qt::Key_Return);
     QCOMPARE(program.rows().size(), 0);
     QTest::keyClick(find<QWidget>("addKerningPairSheet"), Qt::Key_Return);
     QVERIFY(!find<QWidget>("addKerningPairSheet"));
-    QCOMPARE(program.selectedRow(), u"a V, +0"_s);
+    QCOMPARE(program.selectedRow(), u"T V, +0"_s);
+  }
+
+  void aPairThatIsThereAlreadyIsOfferedInsteadOfASecondOne() {
+    Program program;
+    program.openSheet();
+    QTest::keyClicks(find<QLineEdit>("leftGlyphField"), u"V\t"_s);
+    QVERIFY(!find<QWidget>("pairExists"));
+    QTest::keyClicks(find<QLineEdit>("rightGlyphField"), u"A\t"_s);
+    QVERIFY(find<QWidget>("pairExists") && find<QPushButton>("addPair")->isEnabled());
+    QTest::mouseClick(find<QPushButton>("showExisting"), Qt::LeftButton);
+    QVERIFY(!find<QWidget>("addKerningPairSheet"));
+    QCOMPARE(program.rows().size(), 3);
+    QCOMPARE(program.selectedRow(), u"V A, +25"_s);
   }
 };
 

@@ -1,6 +1,8 @@
+#include "desktop/shown_text.h"
 #include "desktop/value_slider.h"
 #include "gui/desktop/gui_test.h"
 #include "gui/desktop/window_desktop.h"
+#include "preview/text_presets.h"
 #include "preview/ui/available_characters_view.h"
 #include "preview/ui/plain_text_editor.h"
 #include "preview/ui/preview_panel.h"
@@ -8,6 +10,8 @@
 #include "support/projects.h"
 
 #include <QLabel>
+#include <QMenu>
+#include <QToolButton>
 #include <cmath>
 
 using namespace quillery;
@@ -104,6 +108,18 @@ private Q_SLOTS:
     QCOMPARE(preview.editor().textCursor().position(), 2);
     QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(preview.view().scene().text(), std::string("AVB"));
+    // Back to the text that was there first, and no further.
+    for (int i = 0; i < 3; ++i) QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(preview.editor().text(), shownText(textPresets()[0].text));
+    auto* const presets = find<QToolButton>("presetMenu");
+    preview.type("AVB");
+    presets->menu()->actions().at(7)->trigger();
+    QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(preview.view().scene().text(), std::string("AVB")); // what was typed is not lost
+    presets->menu()->actions().at(1)->trigger();
+    presets->menu()->actions().at(7)->trigger();
+    QTest::keyClick(&preview.editor(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(presets->text(), shownText(textPresets()[1].name));
   }
 
   void aClickPicksAsTheTabSays() {
