@@ -270,6 +270,27 @@ def _(stage):
     return window
 
 
+@scene("kern-look-alikes")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click("Kerning")
+    window.click(window.find("Search pairs"))
+    window.type("A")
+    window.key("Tab", "Home", "Down", "Down")
+    window.click("Look-Alikes...")
+    window.find("Kern Look-Alikes")
+    return window
+
+
+@scene("metrics-table")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click(window.list_items("Glyphs")[0])
+    window.type("g")
+    window.click("Table")
+    return window
+
+
 @scene("kerning-empty")
 def _(stage):
     window = stage.open(stage.twelve())

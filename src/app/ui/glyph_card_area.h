@@ -27,6 +27,8 @@ public:
   /// Shows only the glyphs that this finds; all when it is empty.
   void setSearch(const QString& text);
   std::size_t cardCount() const { return displayed_.count(); }
+  /// In display order.
+  std::span<const Uuid> displayedGlyphs() const { return displayed_.ids(); }
   std::size_t glyphCount() const { return displayed_.countOfAll(); }
   /// The glyph of a card; null while the project is changing.
   const Glyph* glyphOfCard(std::size_t index) const;

@@ -33,8 +33,9 @@ GlyphGridHeader::GlyphGridHeader(GlyphSortOrder order, int cardSize, QWidget* pa
     : QWidget(parent), order_(order),
       found_(new ElidedLabel({}, TextStyle::caption, Qt::ElideRight, Role::textSecondary, this)),
       sortButton_(new QToolButton(this)), search_(new QLineEdit(this)),
-      sizeSlider_(new QSlider(Qt::Horizontal, this)), orderRow_(makeOrderRow()),
-      sizeRow_(makeSizeRow(cardSize)) {
+      sizeSlider_(new QSlider(Qt::Horizontal, this)),
+      tableSwitch_(new IconButton(Symbol::listDetails, tr("Table"), this)),
+      orderRow_(makeOrderRow()), sizeRow_(makeSizeRow(cardSize)) {
   rows_ = new QBoxLayout(QBoxLayout::LeftToRight, this);
   rows_->setContentsMargins(grid::margin, grid::gap, grid::margin, grid::gap);
   rows_->setSpacing(grid::unit);
@@ -71,6 +72,12 @@ QWidget* GlyphGridHeader::makeOrderRow() {
   }
   sortButton_->setMenu(menu);
   row->addWidget(sortButton_);
+  tableSwitch_->setObjectName(QStringLiteral("tableSwitch"));
+  tableSwitch_->setToolTip(tr("Show the metrics of all glyphs as a table"));
+  tableSwitch_->setCheckable(true);
+  tableSwitch_->setFocusPolicy(Qt::TabFocus);
+  connect(tableSwitch_, &QToolButton::toggled, this, &GlyphGridHeader::tableChosen);
+  row->addWidget(tableSwitch_);
   return part;
 }
 
@@ -110,6 +117,11 @@ void GlyphGridHeader::setSortOrder(GlyphSortOrder order) {
   const auto place = std::find(kGlyphSortOrders.begin(), kGlyphSortOrders.end(), order);
   sortButton_->menu()->actions().at(place - kGlyphSortOrders.begin())->setChecked(true);
   arrange();
+}
+
+void GlyphGridHeader::setTableShown(bool shown) {
+  tableSwitch_->setChecked(shown);
+  sizeSlider_->setEnabled(!shown);
 }
 
 void GlyphGridHeader::setCardSize(int points) {

@@ -12,6 +12,7 @@ class QToolButton;
 namespace quillery {
 
 class ElidedLabel;
+class IconButton;
 
 /// The row above the glyph grid: its title, the choice of order, the search and the card size. Two
 /// rows where it is narrow; where even these are, the name of the order gives way.
@@ -29,6 +30,8 @@ public:
   void showFound(std::size_t found, std::size_t all);
   /// What is typed into the grid to find a glyph, and whether there is one.
   void showTyped(const QString& text, bool found);
+  /// Whether the glyphs are shown as a table, which has no cards to size.
+  void setTableShown(bool shown);
 
   /// That of the narrowest arrangement.
   QSize minimumSizeHint() const override;
@@ -37,6 +40,7 @@ Q_SIGNALS:
   void sortOrderChosen(GlyphSortOrder order);
   void cardSizeChosen(int points);
   void searched(const QString& text);
+  void tableChosen(bool shown);
   /// The user is done with the search field.
   void searchLeft();
 
@@ -55,6 +59,7 @@ private:
   QToolButton* sortButton_;
   QLineEdit* search_;
   QSlider* sizeSlider_;
+  IconButton* tableSwitch_;
   QWidget* orderRow_;
   QWidget* sizeRow_;
   QBoxLayout* rows_ = nullptr;

@@ -229,7 +229,7 @@ QList<PaneFocus::Pane> MainWindow::panes() {
                                {refused_, nullptr, true}};
   if (pages_->currentIndex() == kEmptyPage) return panes << PaneFocus::Pane{empty_};
   if (workAreas_->currentIndex() == kGlyphsTab) {
-    panes << PaneFocus::Pane{&grid(), &grid().cards()} << PaneFocus::Pane{&glyphs_->editor()};
+    panes << PaneFocus::Pane{&grid(), grid().entry()} << PaneFocus::Pane{&glyphs_->editor()};
     for (GlyphFormPanel* panel : glyphs_->editor().findChildren<GlyphFormPanel*>())
       if (panel->isVisible()) panes << PaneFocus::Pane{panel};
   } else {

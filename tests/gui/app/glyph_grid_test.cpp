@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QSlider>
+#include <QTableView>
 #include <QToolButton>
 
 using namespace quillery;
@@ -44,6 +45,24 @@ class GlyphGridTest : public QObject {
 
 private Q_SLOTS:
   void init() { failOnWarnings(); }
+
+  void theTableShowsWhatTheCardsShow() {
+    Program program{"A"};
+    addMany(program);
+    program.manager.selectGlyph(program.cards().glyphOfCard(cardNamed(program, "g03"))->id());
+    find<QToolButton>("tableSwitch")->click();
+    settle();
+    auto* table = find<QTableView>("metricsTable");
+    QVERIFY(table && !program.cards().isVisible());
+    QCOMPARE(table->model()->rowCount(), 40);
+    QCOMPARE(table->currentIndex().siblingAtColumn(0).data().toString(), u"g03"_s);
+    find<QLineEdit>("glyphSearch")->setText(u"g2"_s);
+    settle();
+    QCOMPARE(table->model()->rowCount(), 10);
+    find<QToolButton>("tableSwitch")->click();
+    settle();
+    QVERIFY(program.cards().isVisible());
+  }
 
   void thePlaceIsKeptWhateverMovesTheCards() {
     Program program{"A"};

@@ -345,7 +345,7 @@ private Q_SLOTS:
     // The preview's text takes the Tab key for itself.
     QCOMPARE(walk(Qt::Key_Tab, {}, 8), QStringLiteral("glyphCanvas metricsPanel previewPanel"));
     program.cards().setFocus();
-    QCOMPARE(walk(Qt::Key_Backtab, Qt::ShiftModifier, 15),
+    QCOMPARE(walk(Qt::Key_Backtab, Qt::ShiftModifier, 16),
              QStringLiteral("glyphGrid sidebar toolBar"));
     program.cards().setFocus();
     QCOMPARE(walk(Qt::Key_F6, {}, 5),
