@@ -149,6 +149,13 @@ std::string sheetText(const ProjectManager& manager, const Glyph& glyph, SheetCo
   }
 }
 
+std::string shownSheetText(const ProjectManager& manager, const Glyph& glyph, SheetColumn column) {
+  const auto metric = metricOf(column);
+  if (!metric) return sheetText(manager, glyph, column);
+  const auto rounded = parseDecimal(formatFixed(glyph.metric(*metric), 3));
+  return rounded ? formatShortest(*rounded + 0.0) : sheetText(manager, glyph, column);
+}
+
 Result<double, Problem> readSheetCell(const ProjectManager& manager, std::string_view typed,
                                       GlyphMetric metric) {
   const std::string_view text = trimSpaces(typed);

@@ -33,6 +33,9 @@ std::optional<GlyphMetric> metricOf(SheetColumn column);
 /// The text of a cell. Numbers are the shortest that read back as they are.
 std::string sheetText(const ProjectManager& manager, const Glyph& glyph, SheetColumn column);
 
+/// The same to be looked at: numbers with three decimals at most.
+std::string shownSheetText(const ProjectManager& manager, const Glyph& glyph, SheetColumn column);
+
 /// What a font made now would lack of this glyph, or do otherwise than one might think; empty when
 /// all is well.
 std::string sheetFindings(const ProjectManager& manager, const Glyph& glyph);

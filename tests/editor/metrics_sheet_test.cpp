@@ -93,6 +93,9 @@ TEST_F(MetricsSheetTest, SortsByAColumnAndSaysWhatIsOdd) {
   EXPECT_EQ(sortedRows(d.manager, rows, scale, true), rows) << "equal ones keep their order";
   EXPECT_EQ(text(0, findings), "Same character as copy");
   EXPECT_EQ(text(1, findings), "");
+  EXPECT_EQ(pasted("0.1004999"), "5") << "fills the rows";
+  EXPECT_EQ(text(0, leftSideBearing), "0.1004999");
+  EXPECT_EQ(shownSheetText(d.manager, d.project().glyphs[0], leftSideBearing), "0.1");
 }
 
 } // namespace

@@ -89,10 +89,10 @@ MetricsTable::MetricsTable(ProjectManager& manager, QWidget* parent)
   cells_->setModel(model_);
   QHeaderView* const header = cells_->horizontalHeader();
   header->setStretchLastSection(true);
-  const int digits = fontMetrics().horizontalAdvance(QStringLiteral("0000000000"));
+  const int digits = fontMetrics().horizontalAdvance(QStringLiteral("-0000.000"));
   for (int column = 0; column < kSheetColumns; ++column)
     header->resizeSection(column,
-                          metricOf(static_cast<SheetColumn>(column)) ? digits : digits * 3 / 2);
+                          metricOf(static_cast<SheetColumn>(column)) ? digits : digits * 4 / 3);
   connect(header, &QHeaderView::sortIndicatorChanged, model_, &MetricsTableModel::sort);
   connect(cells_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &MetricsTable::selectGlyphs);
@@ -103,7 +103,7 @@ MetricsTable::MetricsTable(ProjectManager& manager, QWidget* parent)
     note_->setVisible(!problem.isEmpty());
   });
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins(grid::unit, 0, 0, 0); // the first column stands below the title
   column->setSpacing(grid::half);
   column->addWidget(cells_, 1);
   column->addWidget(note_);

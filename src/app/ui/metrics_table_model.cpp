@@ -120,8 +120,8 @@ QVariant MetricsTableModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole) return {};
   const Glyph* const glyph = manager_.glyphWithId(rows_[static_cast<std::size_t>(index.row())]);
   if (!glyph || (role == Qt::ToolTipRole && metricOf(column))) return {};
-  const std::string text = sheetText(manager_, *glyph, column);
-  return role == Qt::EditRole ? QString::fromStdString(text) : shownText(text);
+  return role == Qt::EditRole ? QString::fromStdString(sheetText(manager_, *glyph, column))
+                              : shownText(shownSheetText(manager_, *glyph, column));
 }
 
 QVariant MetricsTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
