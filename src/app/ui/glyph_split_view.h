@@ -17,6 +17,7 @@ public:
   GlyphSplitView(ProjectManager& manager, QWidget* parent);
 
   GlyphGridView& grid() { return *grid_; }
+  EditorArea& editor() { return *editor_; }
 
 protected:
   void resizeEvent(QResizeEvent* event) override;

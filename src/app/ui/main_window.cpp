@@ -9,6 +9,7 @@
 #include "desktop/segmented_control.h"
 #include "desktop/widgets.h"
 #include "drawing/ui/sheet_import_view.h"
+#include "editor/ui/editor_area.h"
 #include "export/ui/export_progress_view.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "preview/ui/preview_panel.h"
@@ -102,6 +103,10 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   workAreas_->addWidget(glyphs_);
   workAreas_->addWidget(new KerningEditorView(manager_, workAreas_));
   split_ = new ResizableSplitView(workAreas_, kLeastWorkArea, kLeastPreview, pages_);
+  glyphs_->editor().setPreviewText([this] {
+    const auto* preview = qobject_cast<const PreviewPanel*>(split_->bottom());
+    return preview ? preview->text() : QString();
+  });
   pages_->addWidget(new EmptyStateView(manager_, pages_));
   pages_->addWidget(split_);
   auto* column = new QVBoxLayout;
