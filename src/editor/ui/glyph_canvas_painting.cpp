@@ -69,6 +69,8 @@ void paintLabels(QPainter& painter, const Scene& scene) {
     const QString text = QString::fromStdString(label.text);
     QRectF place(0, 0, std::ceil(metrics.horizontalAdvance(text)) + 1, metrics.height());
     place.moveCenter({label.centre.x, label.centre.y});
+    // Readable on the ink of a neighbour, too.
+    if (!scene.neighbours.empty()) painter.fillRect(place, themeColor(Role::canvas, 0.75));
     painter.setPen(labelColor(label.role));
     painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, text);
   }
