@@ -53,7 +53,9 @@ CanvasFooter::CanvasFooter(QWidget* parent)
   connect(field_, &QLineEdit::returnPressed, this, &CanvasFooter::left);
 
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(grid::gap, grid::half, grid::half, grid::half);
+  // As high as with the field, also without; the line takes all of it.
+  setFixedHeight(grid::controlHeight + 2 * grid::half);
+  row->setContentsMargins(grid::gap, 0, grid::half, 0);
   row->setSpacing(grid::unit);
   row->addWidget(gestures_, 1);
   row->addWidget(field_);

@@ -113,7 +113,7 @@ void GlyphCanvas::nameGlyph() {
 }
 
 void GlyphCanvas::tellGesture() {
-  Q_EMIT gestureChanged(shownChanges(drag_.changes(), QStringLiteral("    ")));
+  Q_EMIT gestureChanged(shownChanges(drag_.changes()));
 }
 
 void GlyphCanvas::press(Point at, MouseButton button) {
@@ -209,8 +209,7 @@ void GlyphCanvas::paintEvent(QPaintEvent*) {
   if (!glyph) return painter.fillRect(rect(), themeColor(Role::canvas));
   const FontInfo& font = manager_.currentProject();
   const Size size = canvasSize(*this);
-  const QString values =
-      drag_.isDragging() ? shownChanges(drag_.changes(), QStringLiteral("\n")) : QString();
+  const QString values = drag_.isDragging() ? shownChanges(drag_.changes()) : QString();
   std::vector<NeighbourOutline> neighbours;
   for (const Neighbour& neighbour : spacing_.neighbours())
     neighbours.push_back({manager_.glyphWithId(neighbour.glyph), neighbour.origin});

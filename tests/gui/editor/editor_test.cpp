@@ -127,7 +127,7 @@ private Q_SLOTS:
     QTest::keyClick(canvas, Qt::Key_Left, Qt::ShiftModifier);
     QCOMPARE(editor.glyph().leftSideBearing(), 70.0);
     settle();
-    QCOMPARE(line->values(), u"Left Sidebearing 70 (-10)    Vertical Offset 20 (+0)"_s);
+    QCOMPARE(line->values(), u"Left Sidebearing 70 (-10)\nVertical Offset 20 (+0)"_s);
     editor.desktop.advance(2);
     settle();
     QCOMPARE(line->values(), QString());
