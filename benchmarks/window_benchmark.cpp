@@ -4,6 +4,7 @@
 #include "app/ui/glyph_grid_view.h"
 #include "app/ui/main_window.h"
 #include "desktop/theme.h"
+#include "editor/ui/glyph_canvas.h"
 #include "made_projects.h"
 #include "project/headless_desktop.h"
 
@@ -16,6 +17,7 @@
 #include <QPaintEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <fstream>
 #include <unistd.h>
 
@@ -199,12 +201,26 @@ QPlainTextEdit& previewText() {
   return *program().window.findChild<QPlainTextEdit*>(QStringLiteral("previewText"));
 }
 
+GlyphCanvas& glyphCanvas() {
+  return static_cast<GlyphCanvas&>(named("glyphCanvas"));
+}
+
+// The canvas of a glyph as it is judged: so many steps larger or smaller than at the fit, between
+// so many other glyphs.
+void showOnTheCanvas(int steps, int neighbours) {
+  GlyphCanvas& canvas = glyphCanvas();
+  canvas.zoomToFit();
+  for (int i = 0; i < std::abs(steps); ++i) steps > 0 ? canvas.zoomIn() : canvas.zoomOut();
+  canvas.setSpacingText(sampleText(neighbours, neighbours));
+  Program::settle();
+}
+
 // One event of a drag to the end of the repaint of the canvas, its panel, the card and the preview.
 void dragOnTheCanvas(benchmark::State& state) {
   selectGlyphs(1, 0);
   previewText().setPlainText(sampleText(200, 60));
-  Program::settle();
-  QWidget& canvas = named("glyphCanvas");
+  showOnTheCanvas(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+  QWidget& canvas = glyphCanvas();
   const QPointF start = canvas.rect().center();
   mouse(canvas, QEvent::MouseButtonPress, start);
   int step = 0;
@@ -215,7 +231,56 @@ void dragOnTheCanvas(benchmark::State& state) {
   }
   escape(canvas); // so that the next drag starts where this one did
 }
-BENCHMARK(dragOnTheCanvas)->Unit(benchmark::kMillisecond);
+BENCHMARK(dragOnTheCanvas)
+    ->ArgNames({"steps", "neighbours"})
+    ->Args({0, 0})
+    ->Args({0, 20})
+    ->Args({-5, 20}) // all in sight
+    ->Args({6, 20})  // with its points
+    ->Args({15, 20})
+    ->Unit(benchmark::kMillisecond);
+
+// A notch of the wheel, in and out, with Ctrl or alone.
+void turnTheWheelOnTheCanvas(benchmark::State& state, Qt::KeyboardModifiers modifiers) {
+  selectGlyphs(1, 0);
+  showOnTheCanvas(static_cast<int>(state.range(0)), 20);
+  QWidget& canvas = glyphCanvas();
+  const QPointF at = canvas.rect().center();
+  int turn = 120;
+  for (auto _ : state) {
+    turn = -turn;
+    QWheelEvent wheel(at, canvas.mapToGlobal(at), {}, QPoint(0, turn), Qt::NoButton, modifiers,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&canvas, &wheel);
+    Program::settle();
+  }
+  showOnTheCanvas(0, 0);
+}
+BENCHMARK_CAPTURE(turnTheWheelOnTheCanvas, zoom, Qt::ControlModifier)
+    ->Arg(-5)
+    ->Arg(6)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(turnTheWheelOnTheCanvas, scroll, Qt::NoModifier)
+    ->Arg(-5)
+    ->Arg(6)
+    ->Unit(benchmark::kMillisecond);
+
+// A key into the text that the glyph is judged in.
+void typeTheNeighbours(benchmark::State& state) {
+  selectGlyphs(1, 0);
+  showOnTheCanvas(-5, 20);
+  QWidget& field = named("spacingText");
+  bool typed = false;
+  for (auto _ : state) {
+    QKeyEvent key(QEvent::KeyPress, typed ? Qt::Key_Backspace : Qt::Key_A, Qt::NoModifier,
+                  typed ? QString() : QString(QChar(0x4E05)));
+    typed = !typed;
+    QCoreApplication::sendEvent(&field, &key);
+    Program::settle();
+  }
+  showOnTheCanvas(0, 0);
+}
+BENCHMARK(typeTheNeighbours)->Unit(benchmark::kMillisecond);
 
 void dragOnTheKerningCanvas(benchmark::State& state) {
   selectGlyphs(0, 1);

@@ -243,11 +243,61 @@ def _(stage):
     return window
 
 
+def select_in_grid(window, glyph):
+    window.click(window.list_items("Glyphs")[0])
+    window.type(glyph)
+    window.find(f"Outline of {glyph}")
+
+
 @scene("editor-single")
 def _(stage):
     window = stage.open(SAMPLE)
-    window.click(window.list_items("Glyphs")[0])
-    window.type("g")
+    select_in_grid(window, "g")
+    return window
+
+
+@scene("editor-drag")
+def _(stage):
+    window = stage.open(SAMPLE)
+    select_in_grid(window, "g")
+    x, y = window.find("Outline of g").middle
+    window.move((x, y))
+    stage.screen.xdotool("mousedown", 1)
+    window.move((x + 10, y))
+    window.move((x + 20, y - 10))
+    stage.shot = settled(stage.screen)
+    stage.screen.xdotool("mouseup", 1)
+    return window
+
+
+@scene("editor-zoomed")
+def _(stage):
+    window = stage.open(SAMPLE)
+    select_in_grid(window, "g")
+    x, y, width, height = window.find("Outline of g").rect
+    window.click((x + width // 3, y + height // 2))
+    stage.screen.xdotool("keydown", "ctrl", "click", "--repeat", 4, "--delay", 40, 4, "keyup", "ctrl")
+    return window
+
+
+@scene("editor-neighbours")
+def _(stage):
+    window = stage.open(SAMPLE)
+    select_in_grid(window, "g")
+    window.click(window.find("Neighbours", "text"))
+    window.key("ctrl+a")
+    window.type("HOgnaAVn")
+    window.key("Return", "minus", "minus", "minus")
+    return window
+
+
+@scene("kerning-descender")
+def _(stage):
+    window = stage.open(SAMPLE)
+    window.click("Kerning")
+    window.click(window.find("Search pairs"))
+    window.type("y")
+    window.key("Tab", "End")
     return window
 
 

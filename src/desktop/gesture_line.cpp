@@ -49,7 +49,7 @@ void paintMouse(QPainter& painter, const QRectF& area, MouseButton button) {
 GestureLine::GestureLine(std::vector<GestureHint> hints, QWidget* parent)
     : QWidget(parent), hints_(std::move(hints)) {
   setObjectName(QStringLiteral("gestureLine"));
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
   QStringList all;
   for (const GestureHint& hint : hints_) {
     const QString button = !hint.button                         ? QString()
@@ -105,8 +105,11 @@ void GestureLine::paintEvent(QPaintEvent*) {
   const QRectF room = contentsRect();
   if (!values_.isEmpty()) {
     painter.setPen(themeColor(Role::text));
-    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                     metrics.elidedText(values_, Qt::ElideRight, room.width()));
+    QStringList lines(QString(values_).replace(u'\n', QStringLiteral("    ")));
+    const bool fits = metrics.horizontalAdvance(lines.front()) <= room.width();
+    if (!fits && 2 * metrics.height() <= room.height()) lines = values_.split(u'\n');
+    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, room.width());
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, lines.join(u'\n'));
     return;
   }
   painter.setPen(themeColor(Role::textSecondary));

@@ -24,7 +24,7 @@ class GestureLine : public QWidget {
 public:
   GestureLine(std::vector<GestureHint> hints, QWidget* parent);
 
-  /// Empty for the hints.
+  /// A line each, which stand beside each other where there is room. Empty for the hints.
   void setValues(const QString& values);
   const QString& values() const { return values_; }
 

@@ -110,6 +110,10 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   kerning_ = new KerningEditorView(manager_, workAreas_);
   workAreas_->addWidget(kerning_);
   split_ = new ResizableSplitView(workAreas_, kLeastWorkArea, kLeastPreview, pages_);
+  glyphs_->editor().setPreviewText([this] {
+    const auto* preview = qobject_cast<const PreviewPanel*>(split_->bottom());
+    return preview ? preview->text() : QString();
+  });
   empty_ = new EmptyStateView(manager_, pages_);
   pages_->addWidget(empty_);
   pages_->addWidget(split_);

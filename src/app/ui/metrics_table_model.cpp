@@ -128,7 +128,9 @@ QVariant MetricsTableModel::headerData(int section, Qt::Orientation orientation,
   if (orientation != Qt::Horizontal) return {};
   if (role == Qt::TextAlignmentRole)
     return static_cast<int>(Qt::AlignVCenter |
-                            (metricOf(columnOf(section)) ? Qt::AlignRight : Qt::AlignLeft));
+                            (metricOf(columnOf(section))                   ? Qt::AlignRight
+                             : columnOf(section) == SheetColumn::character ? Qt::AlignHCenter
+                                                                           : Qt::AlignLeft));
   if (role != Qt::DisplayRole) return {};
   switch (columnOf(section)) {
   case SheetColumn::name:

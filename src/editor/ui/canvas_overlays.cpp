@@ -20,11 +20,11 @@ constexpr std::size_t kMostPoints = 3000; // in sight
 constexpr double kOnCurve = 3;            // half the edge
 constexpr double kOffCurve = 2.5;         // radius
 constexpr double kTopRuler = 24;          // thickness
-constexpr double kLeftRuler = 38;
+constexpr double kLeftRuler = 39;
 constexpr Size kLeastForRulers{260, 200};
 constexpr double kTick = 4;
 constexpr double kLongTick = 6;
-constexpr double kNumberGap = 2; // to the ticks, at the left edge
+constexpr double kNumberGap = 1; // to the ticks, at the left edge
 constexpr double kTagMargin = 8; // to the edges of the canvas
 
 struct Handle {
@@ -85,11 +85,11 @@ void paintRuler(QPainter& painter, RulerEdge edge, std::span<const RulerMark> ma
   painter.fillRect(strip, themeColor(Role::sidebar));
   const QColor quiet = themeColor(Role::textSecondary);
   const QFontMetricsF metrics(painter.font());
+  // Hundreds of them: filled, not drawn as lines.
   const auto tick = [&](double at, double length, double width, const QColor& color) {
-    if (across)
-      painting::guide(painter, {at, inner - length}, {at, inner}, width, color);
-    else
-      painting::guide(painter, {inner - length, at}, {inner, at}, width, color);
+    const QRectF area = across ? QRectF(at - width / 2, inner - length, width, length)
+                               : QRectF(inner - length, at - width / 2, length, width);
+    painter.fillRect(painting::snapped(painter, area), color);
   };
   for (const RulerMark& mark : marks) {
     // The corner belongs to neither.

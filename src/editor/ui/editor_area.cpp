@@ -39,7 +39,9 @@ void EditorArea::followSelection() {
     return setCurrentWidget(multi_);
   }
   if (glyphs.empty()) return setCurrentWidget(empty_);
-  if (!single_) addWidget(single_ = new GlyphEditorView(manager_, this));
+  if (!single_)
+    addWidget(single_ = new GlyphEditorView(
+                  manager_, [this] { return previewText_ ? previewText_() : QString(); }, this));
   if (currentWidget() != single_ || glyphs.front() != single_->glyph())
     single_->setGlyph(glyphs.front());
   setCurrentWidget(single_);

@@ -3,6 +3,8 @@
 #include "project/project_watch.h"
 
 #include <QStackedWidget>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace quillery {
@@ -20,12 +22,15 @@ public:
 
   /// Gives the editor shown the keyboard's focus.
   void focusEditor();
+  /// Where the text of the preview comes from, to judge a glyph in.
+  void setPreviewText(std::function<QString()> text) { previewText_ = std::move(text); }
 
 private:
   void followSelection();
 
   ProjectManager& manager_;
   std::vector<Uuid> glyphs_; // shown, where several are
+  std::function<QString()> previewText_;
   QWidget* empty_;
   GlyphEditorView* single_ = nullptr;
   MultiGlyphEditorView* multi_ = nullptr;

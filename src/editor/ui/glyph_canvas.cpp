@@ -1,11 +1,13 @@
 #include "editor/ui/glyph_canvas.h"
 
+#include "base/unicode.h"
 #include "desktop/canvas_layers.h"
 #include "desktop/painting.h"
 #include "desktop/theme.h"
 #include "editor/ui/glyph_canvas_painting.h"
 #include "editor/ui/value_slider_row.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
@@ -22,6 +24,7 @@ using What = ProjectChange::What;
 constexpr QSize kLeastSize(76, 240);
 constexpr double kNudge = 1; // font units
 constexpr double kLargeNudge = 10;
+constexpr const char* kStoredText = "spacingText";
 // What one notch of the wheel does.
 constexpr double kNotch = 120;
 constexpr double kZoomOfNotch = 1.2;
@@ -30,10 +33,11 @@ constexpr double kScrollOfNotch = 48; // view points
 } // namespace
 
 GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
-    : MouseTrackingView(parent), manager_(manager), drag_(manager),
+    : MouseTrackingView(parent), manager_(manager), drag_(manager), spacing_(manager),
       watch_(manager,
-             {{What::fontInfo, What::glyphs, What::glyphList, What::history},
-              [this](const Uuid& glyph) { return glyph == drag_.glyph(); }},
+             {{What::fontInfo, What::glyphs, What::glyphList, What::kerningList, What::kerningPair,
+               What::history},
+              [this](const Uuid& glyph) { return showsValuesOf(glyph); }},
              [this](const ProjectChanges& changes) {
                if (changes.anotherProject()) view_.fit();
                if (changes.has(What::glyphList)) nameGlyph();
@@ -50,7 +54,10 @@ GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
   onMouseDown = [this](Point at, MouseButton button) { press(at, button); };
   onMouseDragged = [this](Point to) { dragTo(to); };
   onMouseUp = [this] {
-    if (!endPan()) drag_.release();
+    const bool clicked = !drag_.isDragging();
+    const bool panned = endPan();
+    if (!panned) drag_.release();
+    if (clicked && !panned) clickNeighbour();
     tellGesture();
   };
   onMouseCancelled = [this] {
@@ -58,10 +65,43 @@ GlyphCanvas::GlyphCanvas(ProjectManager& manager, QWidget* parent)
     tellGesture();
   };
   connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
+  const auto stored = manager.desktop().storedList(kStoredText);
+  if (stored && stored->size() == 1) spacing_.setText(replaceInvalidUtf8(stored->front()));
+}
+
+bool GlyphCanvas::showsValuesOf(const Uuid& glyph) const {
+  if (glyph == drag_.glyph()) return true;
+  const Glyph* const found = manager_.glyphWithId(glyph);
+  // One that has lost its character may still be shown.
+  return isVisible() && (!found || !found->unicode() || spacing_.concerns(*found));
+}
+
+void GlyphCanvas::setSpacingText(const QString& text) {
+  spacing_.setText(text.toStdString());
+  manager_.desktop().storeList(kStoredText, {spacing_.text()});
+  update();
+}
+
+void GlyphCanvas::clickNeighbour() {
+  // A gesture that ends while the button is down was taken away, and is no click.
+  const bool isHeld = QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
+  if (pressed_ != MouseButton::left || isHeld) return;
+  const FontInfo& font = manager_.currentProject();
+  const CanvasMapping mapping(font, canvasSize(*this), view_);
+  const Point at = mapping.toFont(pointer_);
+  if (!(at.y >= font.descender && at.y <= font.ascender)) return;
+  const auto neighbour = spacing_.neighbourAt(at.x);
+  if (!neighbour) return;
+  spacing_.setPlace(neighbour->place);
+  // What was clicked stays under the pointer; at the fit it comes to the middle.
+  if (!view_.isFit()) scrollBy({neighbour->origin * mapping.pointsPerUnit(), 0});
+  update();
+  manager_.selectGlyph(neighbour->glyph);
 }
 
 void GlyphCanvas::setGlyph(const Uuid& glyph) {
   drag_.setGlyph(glyph);
+  spacing_.setGlyph(glyph);
   nameGlyph();
   update();
 }
@@ -73,11 +113,12 @@ void GlyphCanvas::nameGlyph() {
 }
 
 void GlyphCanvas::tellGesture() {
-  Q_EMIT gestureChanged(shownChanges(drag_.changes(), QStringLiteral("    ")));
+  Q_EMIT gestureChanged(shownChanges(drag_.changes()));
 }
 
 void GlyphCanvas::press(Point at, MouseButton button) {
   pointer_ = at;
+  pressed_ = button;
   panning_ = spaceHeld_ && button == MouseButton::left;
   if (panning_)
     setCursor(Qt::ClosedHandCursor);
@@ -168,10 +209,12 @@ void GlyphCanvas::paintEvent(QPaintEvent*) {
   if (!glyph) return painter.fillRect(rect(), themeColor(Role::canvas));
   const FontInfo& font = manager_.currentProject();
   const Size size = canvasSize(*this);
-  const QString values =
-      drag_.isDragging() ? shownChanges(drag_.changes(), QStringLiteral("\n")) : QString();
-  paintGlyphCanvas(painter, {font, *glyph, size, view_, CanvasMapping(font, size, view_), values,
-                             QPointF(pointer_.x, pointer_.y)});
+  const QString values = drag_.isDragging() ? shownChanges(drag_.changes()) : QString();
+  std::vector<NeighbourOutline> neighbours;
+  for (const Neighbour& neighbour : spacing_.neighbours())
+    neighbours.push_back({manager_.glyphWithId(neighbour.glyph), neighbour.origin});
+  paintGlyphCanvas(painter, {font, *glyph, size, view_, CanvasMapping(font, size, view_),
+                             std::move(neighbours), values, QPointF(pointer_.x, pointer_.y)});
   if (hasFocus()) painting::focusRing(painter, rect(), 0);
 }
 

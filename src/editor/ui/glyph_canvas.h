@@ -2,6 +2,7 @@
 
 #include "desktop/mouse_tracking_view.h"
 #include "editor/glyph_drag.h"
+#include "editor/spacing_text.h"
 #include "project/project_watch.h"
 
 class QNativeGestureEvent;
@@ -14,6 +15,9 @@ namespace quillery {
 ///
 /// Ctrl and the wheel, + and -, or a pinch zoom; the wheel alone, or a drag while the space bar is
 /// held, moves the view; Ctrl+0 goes back to the fit, and so does another project.
+///
+/// Beside the glyph stand its neighbours in a text, pale, which lasts from one start of the program
+/// to the next. A click on one of them, a press that drags nothing, selects it.
 class GlyphCanvas : public MouseTrackingView {
   Q_OBJECT
 public:
@@ -26,6 +30,9 @@ public:
   void zoomIn();
   void zoomOut();
   void zoomToFit();
+
+  const SpacingText& spacing() const { return spacing_; }
+  void setSpacingText(const QString& text);
 
 Q_SIGNALS:
   /// The values that a gesture changes, in words; empty when it has ended.
@@ -49,12 +56,16 @@ private:
   void zoomBy(double factor, QPointF around);
   bool zoomByKey(const QKeyEvent& event);
   void scrollBy(Point by);
+  void clickNeighbour();
+  bool showsValuesOf(const Uuid& glyph) const;
   bool pinch(const QNativeGestureEvent& event);
 
   ProjectManager& manager_;
   GlyphDrag drag_;
   CanvasView view_;
+  SpacingText spacing_;
   Point pointer_; // where the mouse was last during a gesture
+  MouseButton pressed_ = MouseButton::left;
   bool spaceHeld_ = false;
   bool panning_ = false;
   ProjectWatch watch_;

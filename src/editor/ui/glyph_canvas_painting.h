@@ -5,10 +5,17 @@
 
 #include <QPointF>
 #include <QString>
+#include <vector>
 
 class QPainter;
 
 namespace quillery {
+
+/// A glyph beside the one that is edited, with its origin in font units from that of the other.
+struct NeighbourOutline {
+  const Glyph* glyph;
+  double origin;
+};
 
 /// What the canvas of one glyph shows.
 struct GlyphCanvasScene {
@@ -17,6 +24,8 @@ struct GlyphCanvasScene {
   Size canvas;
   CanvasView view;
   CanvasMapping mapping;
+  /// Those beside the glyph, pale.
+  std::vector<NeighbourOutline> neighbours;
   /// What a drag changes, shown beside the pointer. Empty when there is none.
   QString values;
   QPointF pointer;

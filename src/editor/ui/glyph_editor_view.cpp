@@ -2,6 +2,7 @@
 
 #include "desktop/gesture_line.h"
 #include "desktop/widgets.h"
+#include "editor/ui/canvas_footer.h"
 #include "editor/ui/glyph_canvas.h"
 #include "editor/ui/metrics_panel.h"
 
@@ -9,8 +10,9 @@
 
 namespace quillery {
 
-GlyphEditorView::GlyphEditorView(ProjectManager& manager, QWidget* parent)
-    : LoadingEditor(manager, parent), manager_(manager) {
+GlyphEditorView::GlyphEditorView(ProjectManager& manager, std::function<QString()> previewText,
+                                 QWidget* parent)
+    : LoadingEditor(manager, parent), manager_(manager), previewText_(std::move(previewText)) {
   setObjectName(QStringLiteral("glyphEditor"));
 }
 
@@ -20,20 +22,24 @@ std::pair<QWidget*, QWidget*> GlyphEditorView::build(QWidget* parent) {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   canvas_ = new GlyphCanvas(manager_, work);
-  auto* const line = new GestureLine(
-      {{MouseButton::left, tr("Move"), tr("Move")},
-       {MouseButton::right, tr("Right sidebearing"), tr("Right")},
-       {MouseButton::middle, tr("Scale"), tr("Scale")},
-       {std::nullopt, tr("Arrow keys move by 1, with Shift by 10"), {}},
-       {std::nullopt, tr("Ctrl+wheel zooms, Ctrl+0 fits, Space and drag pans"), {}}},
-      work);
-  line->setContentsMargins(grid::gap, 0, grid::gap, 0);
+  auto* const footer = new CanvasFooter(work);
   column->addWidget(canvas_, 1);
   column->addWidget(makeSeparator(Qt::Horizontal, work));
-  column->addWidget(line);
-  connect(canvas_, &GlyphCanvas::gestureChanged, line, &GestureLine::setValues);
+  column->addWidget(footer);
+  footer->setText(QString::fromStdString(canvas_->spacing().text()));
+  footer->setPreviewLine([this] { return previewLine(); });
+  connect(canvas_, &GlyphCanvas::gestureChanged, &footer->gestures(), &GestureLine::setValues);
+  connect(footer, &CanvasFooter::textChosen, canvas_, &GlyphCanvas::setSpacingText);
+  connect(footer, &CanvasFooter::left, canvas_, [this] { takeFocus(); });
   panel_ = new MetricsPanel(manager_, parent);
   return {work, panel_};
+}
+
+QString GlyphEditorView::previewLine() const {
+  const std::string text = previewText_().toStdString();
+  const Glyph* const glyph = manager_.glyphWithId(glyph_);
+  const std::string character = glyph && glyph->unicode() ? std::string(*glyph->unicode()) : "";
+  return QString::fromStdString(std::string(lineFor(text, character)));
 }
 
 void GlyphEditorView::setGlyph(const Uuid& glyph) {

@@ -3,6 +3,9 @@
 #include "base/uuid.h"
 #include "editor/ui/loading_editor.h"
 
+#include <QString>
+#include <functional>
+
 namespace quillery {
 
 class GlyphCanvas;
@@ -12,7 +15,8 @@ class MetricsPanel;
 class GlyphEditorView : public LoadingEditor {
   Q_OBJECT
 public:
-  GlyphEditorView(ProjectManager& manager, QWidget* parent);
+  /// `previewText` gives the text of the preview.
+  GlyphEditorView(ProjectManager& manager, std::function<QString()> previewText, QWidget* parent);
 
   const Uuid& glyph() const { return glyph_; }
   void setGlyph(const Uuid& glyph);
@@ -23,7 +27,10 @@ protected:
   void takeFocus() override;
 
 private:
+  QString previewLine() const;
+
   ProjectManager& manager_;
+  std::function<QString()> previewText_;
   Uuid glyph_;
   GlyphCanvas* canvas_ = nullptr;
   MetricsPanel* panel_ = nullptr;

@@ -28,7 +28,7 @@ QString shownNumber(double value, int decimals) {
   return text == QStringLiteral("-0") ? QStringLiteral("0") : text;
 }
 
-QString shownChanges(const std::vector<MetricChange>& changes, const QString& between) {
+QString shownChanges(const std::vector<MetricChange>& changes) {
   QStringList shown;
   for (const auto& [metric, from, to] : changes) {
     const bool isFactor = metric == GlyphMetric::scale;
@@ -40,7 +40,7 @@ QString shownChanges(const std::vector<MetricChange>& changes, const QString& be
                  .arg(metricLabel(infoOf(metric)), shownNumber(to * unit),
                       by.startsWith(u'-') ? by : u'+' + by, sign);
   }
-  return shown.join(between);
+  return shown.join(u'\n');
 }
 
 std::optional<double> parsePercent(const std::string& typed) {

@@ -49,8 +49,9 @@ private:
 /// A number without fraction ("%.0f") or with `decimals`; one too long to read in short form.
 QString shownNumber(double value, int decimals = 0);
 
-/// The values that a gesture changes, each with its label and by how much: "Scale 125% (+25%)".
-QString shownChanges(const std::vector<MetricChange>& changes, const QString& between);
+/// The values that a gesture changes, each on a line with its label and by how much: "Scale 125%
+/// (+25%)".
+QString shownChanges(const std::vector<MetricChange>& changes);
 
 /// A factor typed as per cent, with or without the sign.
 std::optional<double> parsePercent(const std::string& typed);

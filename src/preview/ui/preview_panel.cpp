@@ -195,6 +195,10 @@ void PreviewPanel::selectPair(const std::string& leftGlyph, const std::string& r
            : addKerningPair(manager_, Utf8::mended(leftGlyph), Utf8::mended(rightGlyph)));
 }
 
+QString PreviewPanel::text() const {
+  return editor_->text();
+}
+
 QSize PreviewPanel::minimumSizeHint() const {
   const QSize header = header_->minimumSizeHint();
   return {header.width(), header.height() + 2 + kEditorHeight};

@@ -23,6 +23,8 @@ public:
   PreviewPanel(ProjectManager& manager, QWidget* parent);
 
   QSize minimumSizeHint() const override;
+  /// The text to set.
+  QString text() const;
 
 protected:
   void resizeEvent(QResizeEvent* event) override;

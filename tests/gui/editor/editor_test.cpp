@@ -14,6 +14,7 @@
 #include <QBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QShortcut>
@@ -126,7 +127,7 @@ private Q_SLOTS:
     QTest::keyClick(canvas, Qt::Key_Left, Qt::ShiftModifier);
     QCOMPARE(editor.glyph().leftSideBearing(), 70.0);
     settle();
-    QCOMPARE(line->values(), u"Left Sidebearing 70 (-10)    Vertical Offset 20 (+0)"_s);
+    QCOMPARE(line->values(), u"Left Sidebearing 70 (-10)\nVertical Offset 20 (+0)"_s);
     editor.desktop.advance(2);
     settle();
     QCOMPARE(line->values(), QString());
@@ -176,6 +177,56 @@ private Q_SLOTS:
     QVERIFY(canvas->view().isFit());
     drag(canvas, Qt::LeftButton, {{10, 0}});
     QCOMPARE(editor.glyph().leftSideBearing(), 75.0);
+  }
+
+  void neighboursStandBesideTheGlyphAndAreSelectedByAClick() {
+    Editor editor{"n", "H", "V"};
+    editor.manager.editKerningList([](auto& pairs) { pairs = {makePair("H", "n", -60)}; });
+    editor.select({1});
+    auto* canvas = find<GlyphCanvas>("glyphCanvas");
+    canvas->zoomOut();
+    const auto place = [&](Point font) {
+      const FontInfo& info = editor.manager.currentProject();
+      const Point at = CanvasMapping(info, {1080, 1080}, canvas->view()).toView(font);
+      return QPointF(at.x, at.y).toPoint();
+    };
+    // The outlines reach from the origin to 400, the advances to 450.
+    const auto inkAt = [&](Point font) {
+      settle();
+      return canvas->grab().toImage().pixelColor(place(font));
+    };
+    QCOMPARE(inkAt({385, 100}), themeColor(Role::canvasInk));
+    const QColor pale = inkAt({390 + 380, 100});
+    QVERIFY(pale != themeColor(Role::canvas) && pale.lightness() > 150);
+    QCOMPARE(inkAt({390 + 415, 100}), themeColor(Role::canvas));
+    editor.manager.setKerningValue(editor.manager.currentProject().kerningPairs[0].id, Finite());
+    QCOMPARE(inkAt({450 + 380, 100}), pale);
+
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, place({450 + 200, 100}));
+    QVERIFY(editor.manager.selectedGlyphIds().contains(editor.ids[0]));
+    QCOMPARE(canvas->spacing().place(), std::size_t(3));
+    QVERIFY(!editor.manager.canUndo());
+    QTest::mouseClick(canvas, Qt::RightButton, {}, place({-450 + 200, 100}));
+    QVERIFY(editor.manager.selectedGlyphIds().contains(editor.ids[0]));
+
+    canvas->zoomToFit();
+    canvas->zoomOut();
+    auto* field = find<QLineEdit>("spacingText");
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, u"HVn"_s);
+    QCOMPARE(inkAt({-450 + 380, 100}), pale); // the V
+    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY(canvas->hasFocus());
+    QCOMPARE(editor.desktop.stored["spacingText"], std::vector<std::string>{"HVn"});
+    editor.area->setPreviewText([] { return u"first\nnV"_s; });
+    QTest::keyClick(field, Qt::Key_Down);
+    auto* menu = find<QMenu>("spacingTexts");
+    for (QAction* action : menu->actions())
+      if (action->text() == u"Line of the Preview"_s) action->trigger();
+    menu->close();
+    QCOMPARE(field->text(), u"nV"_s);
+    QCOMPARE(inkAt({450 + 380, 100}), pale);
   }
 
   void whatIsLargeShowsItsPoints() {
