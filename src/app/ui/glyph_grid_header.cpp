@@ -1,5 +1,6 @@
 #include "app/ui/glyph_grid_header.h"
 
+#include "app/view_state.h"
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 
@@ -16,9 +17,6 @@
 namespace quillery {
 namespace {
 
-constexpr int kLeastCard = 80;
-constexpr int kGreatestCard = 200;
-constexpr int kCardStep = 10;
 constexpr int kSliderWidth = 120;
 constexpr int kLeastSearch = 88;
 constexpr int kMostSearch = 240;

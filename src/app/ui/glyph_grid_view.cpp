@@ -34,6 +34,19 @@ GlyphGridView::GlyphGridView(ProjectManager& manager, QWidget* parent)
   connect(cards_, &GlyphCardArea::selectedIsHidden, &header_->search(), &QLineEdit::clear);
 }
 
+void GlyphGridView::setSortOrder(GlyphSortOrder order) {
+  header_->setSortOrder(order);
+  cards_->setSortOrder(order);
+}
+
+int GlyphGridView::cardSize() const {
+  return header_->cardSize();
+}
+
+void GlyphGridView::setCardSize(int points) {
+  header_->setCardSize(points);
+}
+
 void GlyphGridView::startSearch() {
   header_->search().setFocus(Qt::ShortcutFocusReason);
   header_->search().selectAll();

@@ -14,6 +14,10 @@ public:
   GlyphGridView(ProjectManager& manager, QWidget* parent);
 
   GlyphCardArea& cards() { return *cards_; }
+  GlyphSortOrder sortOrder() const { return cards_->sortOrder(); }
+  void setSortOrder(GlyphSortOrder order);
+  int cardSize() const;
+  void setCardSize(int points);
   /// Gives the search field the focus.
   void startSearch();
 
