@@ -117,9 +117,9 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
     add(Menu::view, id, title, {}, always, [set = targets.setScheme, scheme] { set(scheme); });
     table.back().isOn = [current = targets.scheme, scheme] { return current() == scheme; };
   };
-  addScheme("systemTheme", tr("Light or Dark as the System"), Scheme::system);
-  addScheme("lightTheme", tr("Light"), Scheme::light);
-  addScheme("darkTheme", tr("Dark"), Scheme::dark);
+  addScheme("systemTheme", tr("System Theme"), Scheme::system);
+  addScheme("lightTheme", tr("Light Theme"), Scheme::light);
+  addScheme("darkTheme", tr("Dark Theme"), Scheme::dark);
   divider(Menu::view);
   add(Menu::view, "nextPane", tr("Next Pane"), Qt::Key_F6, always,
       [goToPane = targets.goToPane] { goToPane(true); });

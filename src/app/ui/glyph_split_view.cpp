@@ -37,9 +37,10 @@ int GlyphSplitView::gridWidth() const {
 
 void GlyphSplitView::resizeEvent(QResizeEvent* event) {
   QSplitter::resizeEvent(event);
-  if (laidOut_ || !isVisible()) return;
+  if (!isVisible() || (gridWidth_ > 0 && laidOut_)) return;
   laidOut_ = true;
-  // As much grid as canvas; what is beyond the ideal grid goes to the canvas.
+  // As much grid as canvas, until somebody moves the divider; what is beyond the ideal grid goes to
+  // the canvas.
   const int room = width() - handleWidth();
   const int grid = gridWidth_ > 0 ? std::max(gridWidth_, kLeastGrid)
                                   : std::clamp((room - kPanel) / 2, kLeastGrid, kIdealGrid);

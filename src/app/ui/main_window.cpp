@@ -80,7 +80,8 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   row->setSpacing(0);
   sidebar_ = new ProjectSidebar(manager_, exportFlow, body);
   row->addWidget(sidebar_);
-  row->addWidget(makeSeparator(Qt::Vertical, body));
+  sidebarEdge_ = makeSeparator(Qt::Vertical, body);
+  row->addWidget(sidebarEdge_);
 
   pages_ = new QStackedWidget(body);
   workAreas_ = new QStackedWidget(pages_);

@@ -79,6 +79,7 @@ private:
   QWidget* notedBar_ = nullptr;
   NoticeBar* refused_ = nullptr; // a project that was dropped
   QWidget* sidebar_ = nullptr;
+  QWidget* sidebarEdge_ = nullptr;
   EmptyStateView* empty_ = nullptr;
   KerningEditorView* kerning_ = nullptr;
   PaneFocus paneFocus_{[this] { return panes(); }};

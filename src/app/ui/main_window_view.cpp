@@ -95,6 +95,7 @@ void MainWindow::togglePart(ViewPart part) {
   }
   QWidget& widget = part == ViewPart::sidebar ? *sidebar_ : static_cast<QWidget&>(grid());
   widget.setVisible(widget.isHidden());
+  sidebarEdge_->setVisible(isPartShown(ViewPart::sidebar));
 }
 
 void MainWindow::restoreView() {
