@@ -124,6 +124,7 @@ public:
 
   /// Shows this scheme whatever the desktop says; nothing goes back to following the desktop.
   void setOverride(std::optional<ColorScheme> scheme);
+  std::optional<ColorScheme> overridden() const { return override_; }
 
 Q_SIGNALS:
   /// Colours or fonts have changed. Widgets that paint with the palette get it with their next

@@ -37,10 +37,10 @@ def use(screen, drawings, folder):
     window.type("Session")
     window.key("Return")
     window.click(next(card for card in cards if card.name == "A"))
-    drag(window, "Outline of A", 90, -200)  # to the greatest left side bearing and offset
-    drag(window, "Outline of A", -90, 0, button=3)
+    drag(window, "Outline of A", 250, -300)  # to the greatest left side bearing and offset
+    drag(window, "Outline of A", -250, 0, button=3)
     window.key("ctrl+z")
-    drag(window, "Outline of A", 90, 0, button=3)
+    drag(window, "Outline of A", 250, 0, button=3)
     window.key("Left", "Down")
     enter(window, "Scale", "150")
     window.click(window.find("Glyphs", "list"))  # below the cards

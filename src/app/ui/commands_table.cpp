@@ -99,6 +99,28 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
   add(Menu::view, "findGlyphs", tr("Search Glyphs"), Qt::CTRL | Qt::Key_F, hasGlyphs,
       targets.findGlyphs);
   divider(Menu::view);
+  const auto addPart = [&](const char* id, const QString& title, Qt::Key key, ViewPart part) {
+    add(Menu::view, id, title, key, always, [toggle = targets.toggle, part] { toggle(part); });
+    table.back().isOn = [isShown = targets.isShown, part] { return isShown(part); };
+  };
+  addPart("showGrid", tr("Glyph Grid"), Qt::Key_F7, ViewPart::grid);
+  addPart("showPreview", tr("Font Preview"), Qt::Key_F8, ViewPart::preview);
+  addPart("showSidebar", tr("Sidebar"), Qt::Key_F9, ViewPart::sidebar);
+  divider(Menu::view);
+  add(Menu::view, "largerCards", tr("Larger Cards"), Qt::ALT | Qt::Key_Plus, hasGlyphs,
+      [resize = targets.resizeCards] { resize(1); });
+  add(Menu::view, "smallerCards", tr("Smaller Cards"), Qt::ALT | Qt::Key_Minus, hasGlyphs,
+      [resize = targets.resizeCards] { resize(-1); });
+  divider(Menu::view);
+  using Scheme = ViewState::Scheme;
+  const auto addScheme = [&](const char* id, const QString& title, Scheme scheme) {
+    add(Menu::view, id, title, {}, always, [set = targets.setScheme, scheme] { set(scheme); });
+    table.back().isOn = [current = targets.scheme, scheme] { return current() == scheme; };
+  };
+  addScheme("systemTheme", tr("System Theme"), Scheme::system);
+  addScheme("lightTheme", tr("Light Theme"), Scheme::light);
+  addScheme("darkTheme", tr("Dark Theme"), Scheme::dark);
+  divider(Menu::view);
   add(Menu::view, "nextPane", tr("Next Pane"), Qt::Key_F6, always,
       [goToPane = targets.goToPane] { goToPane(true); });
   add(Menu::view, "previousPane", tr("Previous Pane"), Qt::SHIFT | Qt::Key_F6, always,

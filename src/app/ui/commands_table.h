@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/view_state.h"
 #include "export/export_flow.h"
 #include "project/project_manager.h"
 
@@ -24,6 +25,8 @@ struct Command {
   std::function<bool()> isOn = nullptr; ///< of a switch, which `run` turns over
 };
 
+enum class ViewPart { sidebar, grid, preview };
+
 /// What commands reach that is neither the project nor the export.
 struct CommandTargets {
   std::function<void()> showLicenses;
@@ -35,6 +38,11 @@ struct CommandTargets {
   std::function<void(int tab)> goToTab;
   std::function<void()> findGlyphs;
   std::function<void(bool forward)> goToPane;
+  std::function<bool(ViewPart part)> isShown;
+  std::function<void(ViewPart part)> toggle;
+  std::function<void(int steps)> resizeCards;
+  std::function<ViewState::Scheme()> scheme;
+  std::function<void(ViewState::Scheme scheme)> setScheme;
 };
 
 /// Every command, menu by menu in their order.

@@ -1,5 +1,6 @@
 #include "app/ui/glyph_grid_header.h"
 
+#include "app/view_state.h"
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 
@@ -16,9 +17,6 @@
 namespace quillery {
 namespace {
 
-constexpr int kLeastCard = 80;
-constexpr int kGreatestCard = 200;
-constexpr int kCardStep = 10;
 constexpr int kSliderWidth = 120;
 constexpr int kLeastSearch = 88;
 constexpr int kMostSearch = 240;
@@ -59,12 +57,12 @@ QWidget* GlyphGridHeader::makeOrderRow() {
   sortButton_->setPopupMode(QToolButton::InstantPopup);
   sortButton_->setAutoRaise(true);
   auto* menu = new QMenu(sortButton_);
-  auto* group = new QActionGroup(menu);
+  orders_ = new QActionGroup(menu);
   for (const GlyphSortOrder choice : kGlyphSortOrders) {
     QAction* action = menu->addAction(title(choice));
     action->setCheckable(true);
     action->setChecked(choice == order_);
-    group->addAction(action);
+    orders_->addAction(action);
     connect(action, &QAction::triggered, this, [this, choice] {
       setSortOrder(choice);
       Q_EMIT sortOrderChosen(choice);
@@ -115,7 +113,7 @@ QWidget* GlyphGridHeader::makeSizeRow(int cardSize) {
 void GlyphGridHeader::setSortOrder(GlyphSortOrder order) {
   order_ = order;
   const auto place = std::find(kGlyphSortOrders.begin(), kGlyphSortOrders.end(), order);
-  sortButton_->menu()->actions().at(place - kGlyphSortOrders.begin())->setChecked(true);
+  orders_->actions().at(place - kGlyphSortOrders.begin())->setChecked(true);
   arrange();
 }
 
@@ -162,13 +160,18 @@ bool GlyphGridHeader::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
+int GlyphGridHeader::neededHeight() const {
+  const QMargins margins = rows_->contentsMargins();
+  const int order = orderRow_->sizeHint().height();
+  const int size = sizeRow_->sizeHint().height();
+  const bool stacked = rows_->direction() == QBoxLayout::TopToBottom;
+  return margins.top() + margins.bottom() +
+         (stacked ? order + rows_->spacing() + size : std::max(order, size));
+}
+
 QSize GlyphGridHeader::minimumSizeHint() const {
   const QMargins margins = rows_->contentsMargins();
-  const int inside = orderRow_->sizeHint().height();
-  const bool stacked = rows_->direction() == QBoxLayout::TopToBottom;
-  return {sizeRow_->minimumSizeHint().width() + margins.left() + margins.right(),
-          margins.top() + margins.bottom() +
-              (stacked ? inside + rows_->spacing() + sizeRow_->sizeHint().height() : inside)};
+  return {sizeRow_->minimumSizeHint().width() + margins.left() + margins.right(), neededHeight()};
 }
 
 void GlyphGridHeader::arrange() {
@@ -181,7 +184,7 @@ void GlyphGridHeader::arrange() {
   const int wanted = orderRow_->sizeHint().width() - found_->sizeHint().width();
   const bool beside = wanted + rows_->spacing() + sizeRow_->sizeHint().width() <= room;
   rows_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-  setFixedHeight(minimumSizeHint().height());
+  setFixedHeight(neededHeight());
   const int lacking = beside ? 0 : wanted - room;
   if (lacking <= 0) return;
   const QFontMetrics metrics(sortButton_->font());

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QActionGroup;
 class QBoxLayout;
 class QLineEdit;
 class QSlider;
@@ -52,11 +53,13 @@ protected:
 private:
   QWidget* makeOrderRow();
   QWidget* makeSizeRow(int cardSize);
+  int neededHeight() const;
   void arrange();
 
   GlyphSortOrder order_;
   ElidedLabel* found_;
   QToolButton* sortButton_;
+  QActionGroup* orders_ = nullptr;
   QLineEdit* search_;
   QSlider* sizeSlider_;
   IconButton* tableSwitch_;

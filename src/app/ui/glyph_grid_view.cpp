@@ -62,6 +62,19 @@ void GlyphGridView::fillTable() {
   table_->showGlyphs({shown.begin(), shown.end()});
 }
 
+void GlyphGridView::setSortOrder(GlyphSortOrder order) {
+  header_->setSortOrder(order);
+  cards_->setSortOrder(order);
+}
+
+int GlyphGridView::cardSize() const {
+  return header_->cardSize();
+}
+
+void GlyphGridView::setCardSize(int points) {
+  header_->setCardSize(points);
+}
+
 void GlyphGridView::startSearch() {
   header_->search().setFocus(Qt::ShortcutFocusReason);
   header_->search().selectAll();

@@ -22,6 +22,10 @@ public:
   void setTableShown(bool shown);
   /// What takes the keyboard of the pane: the cards or the table.
   QWidget* entry() const;
+  GlyphSortOrder sortOrder() const { return cards_->sortOrder(); }
+  void setSortOrder(GlyphSortOrder order);
+  int cardSize() const;
+  void setCardSize(int points);
   /// Gives the search field the focus.
   void startSearch();
 

@@ -27,16 +27,23 @@ GlyphSplitView::GlyphSplitView(ProjectManager& manager, QWidget* parent)
   addWidget(editor_);
   setStretchFactor(0, 1);
   setStretchFactor(1, 1);
+  connect(this, &QSplitter::splitterMoved, this, [this] { gridWidth_ = sizes().front(); });
   connect(&grid_->cards(), &GlyphCardArea::editRequested, editor_, &EditorArea::focusEditor);
+}
+
+int GlyphSplitView::gridWidth() const {
+  return gridWidth_;
 }
 
 void GlyphSplitView::resizeEvent(QResizeEvent* event) {
   QSplitter::resizeEvent(event);
-  if (laidOut_ || !isVisible()) return;
+  if (!isVisible() || (gridWidth_ > 0 && laidOut_)) return;
   laidOut_ = true;
-  // As much grid as canvas; what is beyond the ideal grid goes to the canvas.
+  // As much grid as canvas, until somebody moves the divider; what is beyond the ideal grid goes to
+  // the canvas.
   const int room = width() - handleWidth();
-  const int grid = std::clamp((room - kPanel) / 2, kLeastGrid, kIdealGrid);
+  const int grid = gridWidth_ > 0 ? std::max(gridWidth_, kLeastGrid)
+                                  : std::clamp((room - kPanel) / 2, kLeastGrid, kIdealGrid);
   setSizes({grid, room - grid});
 }
 

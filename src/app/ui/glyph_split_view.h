@@ -19,12 +19,18 @@ public:
   GlyphGridView& grid() { return *grid_; }
   EditorArea& editor() { return *editor_; }
 
+  /// Where the user put the divider, for the next start; 0 while it is where it was at first.
+  int gridWidth() const;
+  /// At first. 0 lets the room decide.
+  void setGridWidth(int points) { gridWidth_ = points; }
+
 protected:
   void resizeEvent(QResizeEvent* event) override;
 
 private:
   GlyphGridView* grid_;
   EditorArea* editor_;
+  int gridWidth_ = 0;
   bool laidOut_ = false;
 };
 

@@ -13,21 +13,16 @@
 #include "desktop/widgets.h"
 #include "drawing/ui/sheet_import_view.h"
 #include "editor/ui/editor_area.h"
-#include "editor/ui/glyph_form_panel.h"
 #include "export/ui/export_progress_view.h"
-#include "kerning/ui/kerning_adjustment_view.h"
 #include "kerning/ui/kerning_editor_view.h"
 #include "preview/ui/preview_panel.h"
 #include "svg/ui/import_progress_view.h"
 #include "svg/ui/noted_drawings_bar.h"
 #include "svg/ui/watch_bar.h"
 
-#include <QApplication>
 #include <QBoxLayout>
-#include <QListView>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QScreen>
 #include <QStackedWidget>
 
 namespace quillery {
@@ -37,31 +32,15 @@ using What = ProjectChange::What;
 namespace fs = std::filesystem;
 
 constexpr QSize kLeastSize(900, 600);
-constexpr QSize kFirstSize(1440, 960); // where the screen has room for it
-constexpr double kMostOfScreen = 0.92;
-
 constexpr int kLeastWorkArea = 300;
 constexpr int kLeastPreview = 150;
-
-enum Page { kEmptyPage, kWorkPage };
-enum Tab { kGlyphsTab, kKerningTab };
 
 } // namespace
 
 MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentProjects,
                        ExportFlow& exportFlow)
     : manager_(manager), recentProjects_(recentProjects),
-      commands_(commandTable(
-          manager, exportFlow,
-          {[this] { showLicenses(); }, [this] { openHelp(); }, [this] { close(); },
-           [this] { importSheet(manager_, this); },
-           [this] { watchBar_->isWatching() ? watchBar_->stop() : watchBar_->chooseFolder(); },
-           [this] { return watchBar_->isWatching(); }, [this](int tab) { goToTab(tab); },
-           [this] {
-             goToTab(kGlyphsTab);
-             grid().startSearch();
-           },
-           [this](bool forward) { paneFocus_.goToPane(focusWidget(), forward); }})),
+      commands_(commandTable(manager, exportFlow, commandTargets())),
       recentConnection_(recentProjects.changed.connect([this] { fillRecentMenu(); })),
       // Values are here for the edit that is being typed or dragged, which can be undone.
       watch_(manager,
@@ -71,20 +50,21 @@ MainWindow::MainWindow(ProjectManager& manager, RecentProjectsManager& recentPro
              [this](const ProjectChanges& changes) { refresh(changes); }) {
   setObjectName(QStringLiteral("mainWindow"));
   setMinimumSize(kLeastSize);
-  resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
   setContextMenuPolicy(Qt::NoContextMenu);
 
   // In reading order, which is the order of the Tab key.
   makeMenus();
   toolBar_ = new ProjectToolBar(manager, this);
   toolBar_->setSaved(manager.showSavedBadge());
-  connect(toolBar_, &ProjectToolBar::previewToggled, this, &MainWindow::togglePreview);
+  connect(toolBar_, &ProjectToolBar::previewToggled, this,
+          [this] { togglePart(ViewPart::preview); });
   addToolBar(toolBar_);
   setCentralWidget(makeBody(exportFlow));
   new ExportProgressView(manager, exportFlow, this);
   new ImportProgressView(manager, this);
   connect(new FileDrops(manager, *this), &FileDrops::projectRefused, this,
           &MainWindow::tellRefused);
+  restoreView();
   showTitle();
   showWorkArea();
   enableCommands();
@@ -101,7 +81,8 @@ QWidget* MainWindow::makeBody(ExportFlow& exportFlow) {
   row->setSpacing(0);
   sidebar_ = new ProjectSidebar(manager_, exportFlow, body);
   row->addWidget(sidebar_);
-  row->addWidget(makeSeparator(Qt::Vertical, body));
+  sidebarEdge_ = makeSeparator(Qt::Vertical, body);
+  row->addWidget(sidebarEdge_);
 
   pages_ = new QStackedWidget(body);
   workAreas_ = new QStackedWidget(pages_);
@@ -225,62 +206,11 @@ void MainWindow::showWorkArea() {
   if (turned) leaveButton();
 }
 
-QList<PaneFocus::Pane> MainWindow::panes() {
-  QList<PaneFocus::Pane> panes{{toolBar_, nullptr, true},
-                               {sidebar_},
-                               {watchBar_, nullptr, true},
-                               {notedBar_, nullptr, true},
-                               {refused_, nullptr, true}};
-  if (pages_->currentIndex() == kEmptyPage) return panes << PaneFocus::Pane{empty_};
-  if (workAreas_->currentIndex() == kGlyphsTab) {
-    panes << PaneFocus::Pane{&grid(), grid().entry()} << PaneFocus::Pane{&glyphs_->editor()};
-    for (GlyphFormPanel* panel : glyphs_->editor().findChildren<GlyphFormPanel*>())
-      if (panel->isVisible()) panes << PaneFocus::Pane{panel};
-  } else {
-    panes << PaneFocus::Pane{kerning_, kerning_->findChild<QListView*>()}
-          << PaneFocus::Pane{kerning_->findChild<KerningAdjustmentView*>()};
-  }
-  if (split_->bottom()) panes << PaneFocus::Pane{split_->bottom()};
-  return panes;
-}
-
-bool MainWindow::focusNextPrevChild(bool next) {
-  QWidget* const target = paneFocus_.nextControl(focusWidget(), next);
-  if (target) target->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-  return target != nullptr;
-}
-
-void MainWindow::goToTab(int tab) {
-  manager_.setSelectedTab(tab);
-  watch_.catchUp();
-  focusWorkArea();
-}
-
-void MainWindow::focusWorkArea() {
-  paneFocus_.enter(pages_->currentIndex() == kEmptyPage       ? static_cast<QWidget*>(empty_)
-                   : workAreas_->currentIndex() == kGlyphsTab ? &grid()
-                                                              : static_cast<QWidget*>(kerning_));
-}
-
-// Unless it is a choice of what the window shows, which the arrow keys go on with.
-void MainWindow::leaveButton() {
-  const QWidget* const focused = focusWidget();
-  if (!focused || !focused->isVisible() ||
-      (qobject_cast<const QAbstractButton*>(focused) && !toolBar_->tabs()->isAncestorOf(focused)))
-    focusWorkArea();
-}
-
 void MainWindow::tellRefused(const QString& name) {
   refused_->setNotice(
       Symbol::exclamationTriangleFill, Role::warning,
       tr("%1 was not opened: this project has changes that no file holds").arg(name));
   refused_->show();
-}
-
-void MainWindow::togglePreview() {
-  showPreview_ = !showPreview_;
-  toolBar_->showPreviewAs(showPreview_);
-  showWorkArea();
 }
 
 void MainWindow::enableCommands() {

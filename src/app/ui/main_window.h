@@ -35,8 +35,12 @@ public:
 protected:
   bool event(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
+  void closeEvent(QCloseEvent* event) override;
 
 private:
+  enum Page { kEmptyPage, kWorkPage };
+  enum Tab { kGlyphsTab, kKerningTab };
+
   void makeMenus();
   QWidget* makeBody(ExportFlow& exportFlow);
   void fillRecentMenu();
@@ -44,7 +48,13 @@ private:
   void showTitle();
   void showWorkArea();
   void tellRefused(const QString& name);
-  void togglePreview();
+  CommandTargets commandTargets();
+  bool isPartShown(ViewPart part) const;
+  void togglePart(ViewPart part);
+  static ViewState::Scheme shownScheme();
+  static void showScheme(ViewState::Scheme scheme);
+  void restoreView();
+  void storeView();
   QList<PaneFocus::Pane> panes();
   void goToTab(int tab);
   void focusWorkArea();
@@ -60,6 +70,7 @@ private:
   QMenu* recentMenu_ = nullptr;
   ProjectToolBar* toolBar_ = nullptr;
   bool showPreview_ = true;
+  ViewState::Scheme scheme_ = ViewState::Scheme::system; // the user's choice
   QStackedWidget* pages_ = nullptr;
   QStackedWidget* workAreas_ = nullptr;
   GlyphSplitView* glyphs_ = nullptr;
@@ -68,6 +79,7 @@ private:
   QWidget* notedBar_ = nullptr;
   NoticeBar* refused_ = nullptr; // a project that was dropped
   QWidget* sidebar_ = nullptr;
+  QWidget* sidebarEdge_ = nullptr;
   EmptyStateView* empty_ = nullptr;
   KerningEditorView* kerning_ = nullptr;
   PaneFocus paneFocus_{[this] { return panes(); }};

@@ -320,6 +320,44 @@ private Q_SLOTS:
     QVERIFY(find<QPlainTextEdit>("previewText")->toPlainText().startsWith("ABC"_L1));
   }
 
+  void partsAreShownByTheViewMenuAndTheViewComesBack() {
+    Program program{"A", "V"};
+    const auto isOn = [&](const char* name) { return program.action(name)->isChecked(); };
+    for (const auto& [action, widget] : {std::pair("showSidebar", "sidebar"),
+                                         {"showGrid", "glyphGrid"},
+                                         {"showPreview", "previewPanel"}}) {
+      QVERIFY2(isOn(action) && find<QWidget>(widget), action);
+      program.action(action)->trigger();
+      QVERIFY2(!isOn(action) && !find<QWidget>(widget), action);
+    }
+    // The room goes to the canvas.
+    program.click(0);
+    settle();
+    QVERIFY(find<QWidget>("glyphCanvas")->width() > program.window.width() - 300);
+    program.action("findGlyphs")->trigger();
+    QVERIFY(find<QLineEdit>("glyphSearch")->hasFocus() && isOn("showGrid"));
+    program.action("largerCards")->trigger();
+    program.action("darkTheme")->trigger();
+    QVERIFY(Theme::current().isDark() && isOn("darkTheme") && !isOn("systemTheme"));
+    program.window.resize(900, 777);
+    program.window.close();
+
+    Theme::current().setOverride(std::nullopt);
+    {
+      const MainWindow again(program.manager, program.recent, program.exportFlow);
+      QCOMPARE(again.size(), QSize(900, 777));
+      QVERIFY(Theme::current().isDark() && !again.showPreview());
+      QCOMPARE(again.findChild<QSlider*>(QStringLiteral("cardSize"))->value(), 13);
+      QVERIFY(!again.findChild<QWidget*>(QStringLiteral("sidebar"))->isHidden());
+    }
+    // Without its settings the window is as it was at first.
+    Theme::current().setOverride(std::nullopt);
+    program.desktop.stored.clear();
+    const MainWindow fresh(program.manager, program.recent, program.exportFlow);
+    QVERIFY(fresh.showPreview() && fresh.height() != 777);
+    QCOMPARE(fresh.findChild<QSlider*>(QStringLiteral("cardSize"))->value(), 12);
+  }
+
   void theKeyboardWalksThePanesAsTheEyeDoes() {
     Program program{"A", "V"};
     QVERIFY(program.cards().hasFocus());
