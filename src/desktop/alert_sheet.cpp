@@ -2,6 +2,7 @@
 
 #include "desktop/icons.h"
 #include "desktop/message_text.h"
+#include "desktop/sheet_heading.h"
 #include "desktop/theme.h"
 #include "desktop/widgets.h"
 
@@ -84,14 +85,12 @@ AlertSheet::AlertSheet(const Alert& alert, QWidget* parent)
     : QDialog(parent), buttonCount_(static_cast<int>(alert.buttons.size())) {
   const QString title = QString::fromStdString(alert.title);
   setObjectName(QStringLiteral("alert"));
-  setWindowTitle(title);
-  setAccessibleName(title);
   // A sheet has one size: nothing to enlarge or to minimize.
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
 
   const auto [symbol, role] = symbolOf(alert.style);
-  auto* const titleLabel = new TextLabel(title, TextStyle::headline, Role::text, this);
+  auto* const titleLabel = makeSheetHeading(title, *this, TextStyle::headline);
   titleLabel->setObjectName(QStringLiteral("alertTitle"));
   titleLabel->setWordWrap(true);
   titleLabel->setFixedWidth(kTextWidth);

@@ -12,26 +12,28 @@
 namespace quillery {
 namespace {
 
-void openFolder(const std::filesystem::path& file) {
+void openFolder(const std::filesystem::path& file, const std::function<void()>& failed) {
   const std::string url = fileUrl(std::filesystem::absolute(file).parent_path());
-  QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)));
+  if (!QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(url)))) failed();
 }
 
 } // namespace
 
-void showInFileManager(const std::filesystem::path& file, QObject& owner) {
+void showInFileManager(const std::filesystem::path& file, QObject& owner,
+                       std::function<void()> failed) {
   const auto bus = sessionBus();
-  if (!bus) return openFolder(file);
+  if (!bus) return openFolder(file, failed);
   QDBusMessage request = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.FileManager1"),
       QStringLiteral("/org/freedesktop/FileManager1"),
       QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
   request << QStringList{QString::fromStdString(fileUrl(file))} << QString();
   auto* const watcher = new QDBusPendingCallWatcher(bus->asyncCall(request), &owner);
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &owner, [watcher, file] {
-    watcher->deleteLater();
-    if (QDBusPendingReply<>(*watcher).isError()) openFolder(file);
-  });
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &owner,
+                   [watcher, file, failed = std::move(failed)] {
+                     watcher->deleteLater();
+                     if (QDBusPendingReply<>(*watcher).isError()) openFolder(file, failed);
+                   });
 }
 
 } // namespace quillery

@@ -55,6 +55,14 @@ QAbstractButton* buttonOf(QObject& object) {
   return qobject_cast<QToolButton*>(&object);
 }
 
+// Once the Tab key was used, the toolkit takes every focus for one of the keyboard's.
+void forgetKeys(const QWidget& clicked) {
+  QWidget* const window = clicked.window();
+  if (!window->testAttribute(Qt::WA_KeyboardFocusChange)) return;
+  window->setAttribute(Qt::WA_KeyboardFocusChange, false);
+  if (QWidget* const focused = window->focusWidget()) focused->update();
+}
+
 class FocusedKeys : public QObject {
 public:
   using QObject::QObject;
@@ -66,6 +74,8 @@ protected:
       event->accept();
       return true;
     }
+    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType())
+      forgetKeys(*static_cast<QWidget*>(watched));
     if (event->type() != QEvent::KeyPress || !pressesButton(*static_cast<QKeyEvent*>(event)))
       return false;
     auto* const button = buttonOf(*watched);

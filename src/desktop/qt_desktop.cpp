@@ -3,6 +3,7 @@
 #include "desktop/alert_sheet.h"
 #include "desktop/file_manager.h"
 #include "desktop/file_panel.h"
+#include "desktop/page_window.h"
 #include "desktop/stored_lists.h"
 
 #include <QApplication>
@@ -161,12 +162,22 @@ fs::path QtDesktop::executablePath() const {
 }
 
 void QtDesktop::revealFile(const fs::path& file) {
-  showInFileManager(file, main_);
+  showInFileManager(file, main_, lifetime_.guard([this, file] {
+    Alert alert;
+    const auto tell = [](const char* text) { return QCoreApplication::translate("Desktop", text); };
+    alert.title = tell("No File Manager Found").toStdString();
+    alert.message = tell("“%1” is in the folder\n%2")
+                        .arg(QFile::decodeName(file.filename().c_str()),
+                             QFile::decodeName(fs::absolute(file).parent_path().c_str()))
+                        .toStdString();
+    showAlert(alert, [](auto) {});
+  }));
 }
 
 bool QtDesktop::openWebPage(const std::string& url) {
   const QUrl page(QString::fromStdString(url), QUrl::StrictMode);
-  return page.isValid() && !page.scheme().isEmpty() && QDesktopServices::openUrl(page);
+  if (!page.isValid() || page.scheme().isEmpty()) return false;
+  return QDesktopServices::openUrl(page) || showPage(page, sheetParent());
 }
 
 } // namespace quillery

@@ -48,7 +48,9 @@ public:
   std::shared_ptr<DrawingFlattener> drawingFlattener() override { return flattener_; }
   std::optional<std::filesystem::path> resourceFolder() const override;
   std::filesystem::path executablePath() const override;
+  /// Where nothing shows folders, an alert says where the file is.
   void revealFile(const std::filesystem::path& file) override;
+  /// Where nothing shows pages, a window of ours shows those that are files.
   bool openWebPage(const std::string& url) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "desktop/style.h"
 
+#include "desktop/form_width.h"
 #include "desktop/icons.h"
 #include "desktop/painting.h"
 #include "desktop/theme.h"
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStyleOption>
 
 namespace quillery {
@@ -118,6 +120,7 @@ void Style::polish(QWidget* widget) {
   // Rows answer to the pointer like every other control.
   if (auto* const view = qobject_cast<QAbstractItemView*>(widget))
     view->viewport()->setAttribute(Qt::WA_Hover);
+  if (auto* const area = qobject_cast<QScrollArea*>(widget)) keepFormWidth(*area);
 }
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -23,6 +23,7 @@ inline constexpr const char* kDragRightSideBearing = "Drag Right Sidebearing";
 inline constexpr const char* kDragVerticalOffset = "Drag Vertical Offset";
 inline constexpr const char* kDragScale = "Drag Scale";
 
+inline constexpr const char* kRenameGlyph = "Rename Glyph";
 inline constexpr const char* kChangeUnicode = "Change Unicode";
 inline constexpr const char* kChangeLeftSideBearing = "Change Left Sidebearing";
 inline constexpr const char* kChangeRightSideBearing = "Change Right Sidebearing";

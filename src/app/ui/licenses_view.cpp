@@ -1,6 +1,7 @@
 #include "app/ui/licenses_view.h"
 
 #include "base/file.h"
+#include "desktop/sheet_heading.h"
 #include "desktop/widgets.h"
 
 #include <QBoxLayout>
@@ -34,12 +35,10 @@ LicensesView::LicensesView(const std::optional<std::filesystem::path>& resourceF
     : QDialog(parent, Qt::Sheet) {
   setObjectName(QStringLiteral("licenses"));
   setWindowModality(Qt::WindowModal);
-  setWindowTitle(tr("Third-Party Software Licenses"));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
   column->setSpacing(grid::unit);
-  column->addWidget(
-      new TextLabel(tr("Third-Party Software Licenses"), TextStyle::title, Role::text, this));
+  column->addWidget(makeSheetHeading(tr("Third-Party Software Licenses"), *this));
   column->addWidget(new TextLabel(tr("Quillery includes the following open-source components"),
                                   TextStyle::body, Role::textSecondary, this));
   column->addSpacing(grid::unit);

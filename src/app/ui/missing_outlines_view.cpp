@@ -1,8 +1,7 @@
 #include "app/ui/missing_outlines_view.h"
 
+#include "desktop/shown_text.h"
 #include "svg/window_import.h"
-
-#include <QLocale>
 
 namespace quillery {
 
@@ -46,7 +45,7 @@ void MissingOutlinesView::refresh() {
       glyphs_.size() == 1
           ? tr("1 glyph has no outline: the project can't be saved while it is there")
           : tr("%1 glyphs have no outline: the project can't be saved while they are there")
-                .arg(QLocale().toString(qulonglong(glyphs_.size()))),
+                .arg(shownCount(glyphs_.size())),
       links);
 }
 

@@ -1,6 +1,7 @@
 #include "app/ui/project_sidebar.h"
 
 #include "app/ui/missing_outlines_view.h"
+#include "desktop/shown_text.h"
 #include "desktop/style.h"
 #include "desktop/widgets.h"
 #include "editor/ui/undoable_line_edit.h"
@@ -124,7 +125,7 @@ void ProjectSidebar::addField(QFormLayout& rows, const QString& label, const cha
 void ProjectSidebar::refresh() {
   for (const auto& refresh : refreshers_) refresh();
   const std::size_t count = manager_.currentProject().glyphs.size();
-  glyphCount_->setText(QString::number(count) + tr(" glyphs"));
+  glyphCount_->setText(shownCount(count) + tr(" glyphs"));
   exportButton_->setEnabled(count > 0);
 }
 

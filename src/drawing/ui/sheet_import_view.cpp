@@ -1,6 +1,7 @@
 #include "drawing/ui/sheet_import_view.h"
 
 #include "base/file.h"
+#include "desktop/sheet_heading.h"
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 #include "drawing/sheet_placement.h"
@@ -11,7 +12,6 @@
 #include <QBoxLayout>
 #include <QLineEdit>
 #include <QListView>
-#include <QLocale>
 #include <QPushButton>
 #include <QStackedWidget>
 
@@ -31,7 +31,7 @@ ReadSheet readSheet(DrawingFlattener& flattener, const std::filesystem::path& fi
 }
 
 QString counted(std::size_t count, const QString& one, const QString& many) {
-  return count == 1 ? one : many.arg(QLocale().toString(qulonglong(count)));
+  return count == 1 ? one : many.arg(shownCount(count));
 }
 
 } // namespace
@@ -41,14 +41,12 @@ SheetImportView::SheetImportView(ProjectManager& manager, std::filesystem::path 
     : QDialog(parent, Qt::Sheet), manager_(manager), file_(std::move(sheet)),
       pages_(new QStackedWidget(this)) {
   setObjectName(QStringLiteral("sheetImport"));
-  setWindowTitle(tr("Import Sheet"));
-  setAccessibleName(windowTitle());
   setWindowModality(Qt::WindowModal);
   resize(kSize);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
   column->setSpacing(grid::margin);
-  column->addWidget(new TextLabel(windowTitle(), TextStyle::title, Role::text, this));
+  column->addWidget(makeSheetHeading(tr("Import Sheet"), *this));
   pages_->insertWidget(kReadingPage, makeReadingPage());
   pages_->insertWidget(kLettersPage, makeLettersPage());
   column->addWidget(pages_, 1);

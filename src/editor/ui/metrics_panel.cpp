@@ -1,6 +1,9 @@
 #include "editor/ui/metrics_panel.h"
 
+#include "editor/ui/rename_glyph_sheet.h"
 #include "project/action_names.h"
+
+#include <QBoxLayout>
 
 namespace quillery {
 namespace {
@@ -21,7 +24,19 @@ MetricsPanel::MetricsPanel(ProjectManager& manager, QWidget* parent)
   addSection(tr("Character"));
   name_->setObjectName(QStringLiteral("glyphName"));
   name_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  addRow(tr("Name"), name_, 1);
+  auto* const naming = new QWidget(this);
+  auto* const row = new QHBoxLayout(naming);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(grid::half);
+  row->addWidget(name_, 1);
+  auto* const rename = new IconButton(Symbol::pencilScribble, tr("Rename Glyph"), naming);
+  rename->setObjectName(QStringLiteral("renameGlyphButton"));
+  rename->setIconSize({grid::iconSize, grid::iconSize});
+  rename->setFixedSize(grid::section, grid::section); // a row of text stays as high as it is
+  connect(rename, &QToolButton::clicked, this,
+          [this] { (new RenameGlyphSheet(manager_, glyph_, window()))->open(); });
+  row->addWidget(rename);
+  addRow(tr("Name"), naming, 1);
   unicode_->setObjectName(QStringLiteral("unicode"));
   unicode_->setAccessibleName(tr("Unicode"));
   unicode_->setFixedWidth(kCharacterWidth);

@@ -1,6 +1,7 @@
 #include "kerning/ui/add_kerning_pair_sheet.h"
 
 #include "desktop/painting.h"
+#include "desktop/sheet_heading.h"
 #include "desktop/shown_text.h"
 #include "desktop/style.h"
 #include "desktop/widgets.h"
@@ -62,15 +63,13 @@ AddKerningPairSheet::AddKerningPairSheet(ProjectManager& manager,
           this)),
       add_(new QPushButton(tr("Add Pair"), this)) {
   setObjectName(QStringLiteral("addKerningPairSheet"));
-  setWindowTitle(tr("Add Kerning Pair"));
-  setAccessibleName(windowTitle());
   setWindowModality(Qt::WindowModal);
   // A click beside the pickers takes the focus from them, and so closes their lists.
   setFocusPolicy(Qt::ClickFocus);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
   column->setSpacing(grid::margin);
-  column->addWidget(new TextLabel(windowTitle(), TextStyle::title, Role::text, this));
+  column->addWidget(makeSheetHeading(tr("Add Kerning Pair"), *this));
   column->addWidget(makePickers());
   column->addWidget(preview_, 1);
   column->addWidget(makeNote());

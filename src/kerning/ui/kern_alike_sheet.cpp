@@ -1,5 +1,6 @@
 #include "kerning/ui/kern_alike_sheet.h"
 
+#include "desktop/sheet_heading.h"
 #include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 #include "kerning/kerning_list.h"
@@ -38,13 +39,11 @@ KernAlikeSheet::KernAlikeSheet(ProjectManager& manager, const Uuid& pair, QWidge
   const KerningPair& model = *manager.kerningPairWithId(pair);
   value_ = model.value;
   setObjectName(QStringLiteral("kernAlikeSheet"));
-  setWindowTitle(tr("Kern Look-Alikes"));
-  setAccessibleName(windowTitle());
   setWindowModality(Qt::WindowModal);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
   column->setSpacing(grid::margin);
-  column->addWidget(new TextLabel(windowTitle(), TextStyle::title, Role::text, this));
+  column->addWidget(makeSheetHeading(tr("Kern Look-Alikes"), *this));
   auto* lists = new QHBoxLayout;
   lists->setSpacing(grid::margin);
   const auto add = [&](const char* objectName, const QString& title, const Utf8& name,

@@ -1,9 +1,9 @@
 #include "svg/ui/import_progress_view.h"
 
+#include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 
 #include <QBoxLayout>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -59,7 +59,7 @@ void ImportProgressView::refresh() {
     drawings += import->drawingCount();
     done += import->progress() * static_cast<double>(import->drawingCount());
   }
-  title_->setText(tr("Importing %1 drawings...").arg(QLocale().toString(qulonglong(drawings))));
+  title_->setText(tr("Importing %1 drawings...").arg(shownCount(drawings)));
   bar_->setValue(static_cast<int>(done / static_cast<double>(drawings) * kBarSteps));
   if (!isVisible() && !patience_.isActive()) patience_.start();
 }

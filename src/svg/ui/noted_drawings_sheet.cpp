@@ -1,5 +1,7 @@
 #include "svg/ui/noted_drawings_sheet.h"
 
+#include "desktop/sheet_heading.h"
+#include "desktop/shown_text.h"
 #include "desktop/widgets.h"
 #include "svg/ui/noted_drawing_row.h"
 #include "svg/window_import.h"
@@ -7,7 +9,6 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QListView>
-#include <QLocale>
 #include <QPainter>
 #include <QPushButton>
 
@@ -52,14 +53,13 @@ NotedDrawingsSheet::NotedDrawingsSheet(ProjectManager& manager, std::vector<Note
       placeByArtboard_(new QCheckBox(tr("Place by artboard"), this)),
       convert_(new QPushButton(this)) {
   setObjectName(QStringLiteral("notedDrawingsSheet"));
-  setWindowTitle(model_->canConvert() ? tr("Drawings That Hold More") : tr("Notes on Drawings"));
-  setAccessibleName(windowTitle());
   setWindowModality(Qt::WindowModal);
   resize(kSize);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(grid::section, grid::section, grid::section, grid::margin);
   column->setSpacing(grid::margin);
-  column->addWidget(new TextLabel(windowTitle(), TextStyle::title, Role::text, this));
+  column->addWidget(makeSheetHeading(
+      model_->canConvert() ? tr("Drawings That Hold More") : tr("Notes on Drawings"), *this));
   column->addWidget(makeList(), 1);
   column->addLayout(makeChoices());
   column->addLayout(makeButtons());
@@ -146,9 +146,8 @@ QLayout* NotedDrawingsSheet::makeButtons() {
 
 void NotedDrawingsSheet::countTicked() {
   const std::size_t count = model_->tickedCount();
-  convert_->setText(count == 1
-                        ? tr("Convert 1 Drawing")
-                        : tr("Convert %1 Drawings").arg(QLocale().toString(qulonglong(count))));
+  convert_->setText(count == 1 ? tr("Convert 1 Drawing")
+                               : tr("Convert %1 Drawings").arg(shownCount(count)));
   convert_->setEnabled(count > 0);
 }
 

@@ -4,7 +4,6 @@
 #include "desktop/shown_text.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <algorithm>
 
 namespace quillery {
@@ -25,7 +24,7 @@ QString sentenceFor(const std::vector<NotedDrawing>& noted, std::size_t lookedAt
     return only.glyph == Uuid() ? tr("%1 could not be converted.").arg(file)
                                 : tr("%1 was converted with a loss.").arg(file);
   }
-  const auto number = [](std::size_t count) { return QLocale().toString(qulonglong(count)); };
+  const auto number = [](std::size_t count) { return shownCount(count); };
   const auto sentence = [&](std::size_t count, const QString& one, const QString& many) {
     return (count == 1 ? one : many).arg(number(count), number(lookedAt));
   };

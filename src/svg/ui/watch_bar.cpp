@@ -7,7 +7,6 @@
 #include "svg/glyph_identity.h"
 #include "svg/window_import.h"
 
-#include <QLocale>
 #include <QPushButton>
 #include <QSocketNotifier>
 #include <QTime>
@@ -91,8 +90,7 @@ void WatchBar::look() {
   if (news.gone.size() == 1)
     tell(tr("%1 was deleted; its glyph stays").arg(nameOf(news.gone.front())));
   else if (!news.gone.empty())
-    tell(tr("%1 drawings were deleted; their glyphs stay")
-             .arg(QLocale().toString(qulonglong(news.gone.size()))));
+    tell(tr("%1 drawings were deleted; their glyphs stay").arg(shownCount(news.gone.size())));
   waiting_.insert(waiting_.end(), news.changed.begin(), news.changed.end());
   takeIn();
   lookAgain();
@@ -133,8 +131,7 @@ void WatchBar::tellTaken(const std::vector<fs::path>& files, const ImportOutcome
   const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
   tell(outcome.imported == 1 && taken != files.end()
            ? tr("%1 taken in at %2").arg(nameOf(*taken), time)
-           : tr("%1 drawings taken in at %2")
-                 .arg(QLocale().toString(qulonglong(outcome.imported)), time));
+           : tr("%1 drawings taken in at %2").arg(shownCount(outcome.imported), time));
 }
 
 void WatchBar::tell(const QString& news) {

@@ -176,7 +176,7 @@ private Q_SLOTS:
     panel->findChild<QComboBox*>(u"formatPopup"_s)->setCurrentIndex(1);
     type(*panel, path("Old")); // exists under the name with its extension
     press(*panel);
-    QVERIFY(find<AlertSheet>("alert")->windowTitle().contains("Old.ttf"_L1));
+    QVERIFY(find<AlertSheet>("alert")->accessibleName().contains("Old.ttf"_L1));
     // A file is not overwritten by a key pressed in haste.
     QTest::keyClick(find<AlertSheet>("alert")->focusWidget(), Qt::Key_Return);
     QTRY_VERIFY(!find<AlertSheet>("alert"));

@@ -1,7 +1,11 @@
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"
 
+#include <QDialog>
+#include <QFile>
 #include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QUrl>
 #include <atomic>
 #include <thread>
 
@@ -45,6 +49,30 @@ private Q_SLOTS:
     QVERIFY(worked);
     QCoreApplication::processEvents();
     QVERIFY(!ran);
+  }
+
+  // The platform of these tests has no file manager and no browser.
+  void whereNothingShowsFilesTheProgramSaysItself() {
+    QtDesktop desktop({});
+    desktop.revealFile(folder_.filePath(u"My Fonts/Brush.otf"_s).toStdString());
+    auto* const alert = find<QDialog>("alert");
+    QVERIFY(alert);
+    const QString message = alert->findChild<QTextEdit*>(u"alertMessage"_s)->toPlainText();
+    QVERIFY2(message.contains(u"Brush.otf"_s) && message.contains(folder_.filePath(u"My Fonts"_s)),
+             qPrintable(message));
+    alert->reject();
+    QFile page(folder_.filePath(u"help page.html"_s));
+    QVERIFY(page.open(QIODevice::WriteOnly) &&
+            page.write("<title>Help</title><h1>How to</h1>") > 0);
+    page.close();
+    QVERIFY(desktop.openWebPage(QUrl::fromLocalFile(page.fileName()).toEncoded().toStdString()));
+    auto* const window = find<QDialog>("page");
+    QVERIFY(window);
+    QCOMPARE(window->windowTitle(), u"Help"_s);
+    QCOMPARE(find<QTextBrowser>("pageText")->toPlainText(), u"How to"_s);
+    window->close();
+    QVERIFY(!desktop.openWebPage("file:///nowhere/index.html"));
+    QVERIFY(!desktop.openWebPage("https://example.org/"));
   }
 
   void aTimerFiresOnceUnlessItIsDestroyed() {

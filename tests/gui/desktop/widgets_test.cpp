@@ -4,9 +4,12 @@
 #include "gui/desktop/gui_test.h"
 
 #include <QAccessible>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -77,6 +80,34 @@ private Q_SLOTS:
     QVERIFY(second->hasFocus());
     QVERIFY(ringed(second));
     QVERIFY(!ringed(first));
+    QTest::mouseClick(first, Qt::LeftButton); // the mouse is back
+    QVERIFY(first->hasFocus());
+    QVERIFY(!ringed(first));
+  }
+
+  void aScrollBarMovesNothingInAForm() {
+    QScrollArea area;
+    auto* const form = new QWidget;
+    auto* const column = new QVBoxLayout(form);
+    column->setContentsMargins(grid::margin, grid::margin, grid::margin, grid::margin);
+    auto* const value = new QLabel(u"100"_s);
+    column->addWidget(value, 0, Qt::AlignRight);
+    auto* const rest = new QWidget;
+    column->addWidget(rest);
+    area.setWidget(form);
+    area.setWidgetResizable(true);
+    area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area.resize(280, 400);
+    bringUp(area);
+    const auto place = [&] { return value->mapTo(&area, QPoint(value->width(), 0)).x(); };
+    const int before = place();
+    for (const int height : {900, 20}) {
+      rest->setFixedHeight(height);
+      QTRY_COMPARE(area.verticalScrollBar()->isVisible(), height > 400);
+      QCOMPARE(place(), before);
+    }
+    area.resize(240, 200); // in a window that gets narrower
+    QTRY_COMPARE(place(), before - 40);
   }
 };
 

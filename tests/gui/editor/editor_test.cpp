@@ -12,11 +12,13 @@
 #include "support/projects.h"
 
 #include <QBoxLayout>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
+#include <QPushButton>
 #include <QShortcut>
 
 using namespace quillery;
@@ -103,6 +105,23 @@ private Q_SLOTS:
     QCOMPARE(find<QLabel>("glyphName")->text(), u"C"_s);
     editor.manager.newProject();
     QVERIFY(find<QWidget>("noGlyphSelected"));
+  }
+
+  void aGlyphIsRenamedInASheetThatKnowsTheOthers() {
+    Editor editor{"A", "B"};
+    editor.select({0});
+    QTest::mouseClick(find<QAbstractButton>("renameGlyphButton"), Qt::LeftButton);
+    auto* const field = find<QLineEdit>("newName");
+    QVERIFY(field && field->selectedText() == u"A"_s);
+    field->setText(u"B"_s);
+    QVERIFY(!find<QPushButton>("rename")->isEnabled());
+    QVERIFY(find<QLabel>("nameNote")->text().contains(u"B"_s));
+    field->setText(u"Alpha"_s);
+    QTest::keyClick(field, Qt::Key_Return);
+    QVERIFY(!find<QDialog>("renameGlyph"));
+    QCOMPARE(find<QLabel>("glyphName")->text(), u"Alpha"_s);
+    editor.manager.undo();
+    QCOMPARE(find<QLabel>("glyphName")->text(), u"A"_s);
   }
 
   void buttonsDragWhatIsTheirs() {
