@@ -39,7 +39,7 @@ KerningAdjustmentView::KerningAdjustmentView(ProjectManager& manager, QWidget* p
       canvas_(new KerningCanvas(manager, this)), readout_(new ValueReadout(tr("Kerning value"))),
       slider_(new ValueSlider(kLeastKerning, kGreatestKerning, 1, this)),
       watch_(manager,
-             {.kinds = {What::kerningList, What::kerningPair},
+             {.kinds = {What::kerningList, What::kerningPair, What::glyphList},
               .pair = [this](const Uuid& pair) { return pair == pair_; }},
              [this](const ProjectChanges&) { refresh(); }) {
   setObjectName(QStringLiteral("kerningAdjustment"));

@@ -68,6 +68,8 @@ bool textFits(const QWidget& widget) {
   if (const auto* label = qobject_cast<const QLabel*>(&widget))
     return label->wordWrap() ? label->height() >= label->heightForWidth(label->width())
                              : label->width() >= label->sizeHint().width();
+  if (const auto* icon = qobject_cast<const IconButton*>(&widget))
+    return icon->width() >= icon->iconSize().width();
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
     return button->width() >= button->minimumSizeHint().width();
   return widget.width() > 0 && widget.height() > 0;
