@@ -381,7 +381,7 @@ private Q_SLOTS:
     };
     for (int turn = 0; turn < 3; ++turn) settle();
     // The preview's text takes the Tab key for itself.
-    QCOMPARE(walk(Qt::Key_Tab, {}, 14), QStringLiteral("glyphCanvas metricsPanel previewPanel"));
+    QCOMPARE(walk(Qt::Key_Tab, {}, 10), QStringLiteral("glyphCanvas metricsPanel previewPanel"));
     program.cards().setFocus();
     QCOMPARE(walk(Qt::Key_Backtab, Qt::ShiftModifier, 16),
              QStringLiteral("glyphGrid sidebar toolBar"));
