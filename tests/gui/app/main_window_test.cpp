@@ -343,7 +343,7 @@ private Q_SLOTS:
     };
     for (int turn = 0; turn < 3; ++turn) settle();
     // The preview's text takes the Tab key for itself.
-    QCOMPARE(walk(Qt::Key_Tab, {}, 8), QStringLiteral("glyphCanvas metricsPanel previewPanel"));
+    QCOMPARE(walk(Qt::Key_Tab, {}, 9), QStringLiteral("glyphCanvas metricsPanel previewPanel"));
     program.cards().setFocus();
     QCOMPARE(walk(Qt::Key_Backtab, Qt::ShiftModifier, 15),
              QStringLiteral("glyphGrid sidebar toolBar"));
