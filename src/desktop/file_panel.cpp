@@ -4,6 +4,7 @@
 #include "desktop/file_names.h"
 #include "desktop/theme.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
 #include <QFileInfo>
@@ -131,12 +132,27 @@ void FilePanel::addFormats(const FormatChooser& formats) {
     if (changed && index >= 0) changed(static_cast<std::size_t>(index));
   });
 
+  if (!formats.allLabel.empty()) {
+    all_ = new QCheckBox(QString::fromStdString(formats.allLabel), this);
+    all_->setObjectName(QStringLiteral("allFormats"));
+    connect(all_, &QCheckBox::toggled, this, [pop, changed = formats.allChanged](bool all) {
+      pop->setEnabled(!all);
+      if (changed) changed(all);
+    });
+  }
+
   // It takes the place of the choice of file types, which would say the same less clearly.
   putAwayTypes();
   if (auto* const rows = qobject_cast<QGridLayout*>(layout())) {
-    rows->addWidget(accessory, rows->rowCount() - 1, 0, 1, 2, Qt::AlignLeft);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(grid::margin);
+    row->addWidget(accessory);
+    if (all_) row->addWidget(all_);
+    row->addStretch(1);
+    rows->addLayout(row, rows->rowCount() - 1, 0, 1, 2);
   }
   if (nameField_) setTabOrder(nameField_, pop);
+  if (all_) setTabOrder(pop, all_);
 }
 
 void FilePanel::arrange() {
@@ -205,14 +221,25 @@ void FilePanel::accept() {
     }
     return QFileDialog::accept();
   }
-  const QString final = withExtension(files.constFirst(), extension_, otherExtensions_);
-  if (QFileInfo::exists(final) && final != replaceable_)
-    return confirmReplacing(final, this, [this, final](bool replace) {
+  QStringList replaced = filesToWrite(files.constFirst());
+  replaced.removeIf([this](const QString& file) {
+    return !QFileInfo::exists(file) || replaceable_.contains(file);
+  });
+  if (!replaced.isEmpty())
+    return confirmReplacing(replaced, this, [this, replaced](bool replace) {
       if (!replace) return;
-      replaceable_ = final;
+      replaceable_ = replaced;
       accept();
     });
   QFileDialog::accept();
+}
+
+QStringList FilePanel::filesToWrite(const QString& name) const {
+  if (!all_ || !all_->isChecked()) return {withExtension(name, extension_, otherExtensions_)};
+  QStringList files;
+  for (const QString& extension : otherExtensions_)
+    files << withExtension(name, extension, otherExtensions_);
+  return files;
 }
 
 void FilePanel::finish(int result) {
@@ -235,17 +262,27 @@ void FilePanel::finish(int result) {
   const bool unasked = testAttribute(Qt::WA_DontShowOnScreen) && !renamed.isEmpty() &&
                        renamed != selectedFiles().constFirst() && QFileInfo::exists(renamed);
   if (!unasked) return completion(std::move(chosen));
-  confirmReplacing(renamed, parentWidget(),
+  confirmReplacing({renamed}, parentWidget(),
                    [completion, chosen](bool replace) { completion(replace ? chosen : Files()); });
 }
 
-void FilePanel::confirmReplacing(const QString& file, QWidget* parent,
+void FilePanel::confirmReplacing(const QStringList& files, QWidget* parent,
                                  std::function<void(bool)> answered) {
   Alert question;
-  question.title = tr("Replace “%1”?").arg(QFileInfo(file).fileName()).toStdString();
-  question.message = tr("A file of this name exists already. Replacing it overwrites its "
-                        "content.")
-                         .toStdString();
+  if (files.size() == 1) {
+    question.title =
+        tr("Replace “%1”?").arg(QFileInfo(files.constFirst()).fileName()).toStdString();
+    question.message = tr("A file of this name exists already. Replacing it overwrites its "
+                          "content.")
+                           .toStdString();
+  } else {
+    QStringList names;
+    for (const QString& file : files) names << QFileInfo(file).fileName();
+    question.title = tr("Replace %1 Files?").arg(files.size()).toStdString();
+    question.message = tr("These exist already. Replacing them overwrites their content.\n\n%1")
+                           .arg(names.join(QLatin1Char('\n')))
+                           .toStdString();
+  }
   question.style = Alert::Style::warning;
   question.buttons = {tr("Replace").toStdString(), tr("Cancel").toStdString()};
   question.defaultButton = 1;

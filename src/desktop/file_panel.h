@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+class QCheckBox;
 class QComboBox;
 class QLineEdit;
 
@@ -43,8 +44,10 @@ private:
   void putAwayTypes();
   void addFormats(const FormatChooser& formats);
   void finish(int result);
+  /// The files that a chosen name stands for.
+  QStringList filesToWrite(const QString& name) const;
   /// Asks, as a sheet of `parent`, and calls `answered` with what the user wants.
-  void confirmReplacing(const QString& file, QWidget* parent,
+  void confirmReplacing(const QStringList& files, QWidget* parent,
                         std::function<void(bool replace)> answered);
   void tell(const QString& title, const QString& message);
 
@@ -52,7 +55,8 @@ private:
   QStringList otherExtensions_; ///< which a change of format replaces
   QLineEdit* nameField_ = nullptr;
   bool freeStanding_ = false;
-  QString replaceable_; ///< the file that the user agreed to replace
+  QStringList replaceable_;  ///< the files that the user agreed to replace
+  QCheckBox* all_ = nullptr; ///< to write all formats
   std::function<void(Files)> completion_;
 };
 

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace quillery {
 
@@ -32,25 +34,33 @@ public:
 
   /// Checks that there is a generator, shows the progress and starts the generation of the font
   /// a moment later.
-  void startFontGeneration(const std::filesystem::path& path);
+  void startFontGeneration(const std::filesystem::path& path) { startFontGenerations({path}); }
+  /// The same for several files of the font. The progress ends when all are there or have failed.
+  void startFontGenerations(std::vector<std::filesystem::path> paths);
 
   /// Takes the outcome away. Nothing happens before there is one.
   void dismissProgress();
 
-  /// Shows the written font in the file manager.
+  /// Shows the written font in the file manager; of several the first.
   void revealExportedFont();
 
   /// Null when no panel is open.
   const std::shared_ptr<SavePanel>& currentExportPanel() const { return currentExportPanel_; }
 
 private:
-  void generate(const std::filesystem::path& path);
-  void finish(const Result<void, GenerationError>& result, const std::filesystem::path& path);
+  using Outcome = std::pair<std::filesystem::path, Result<void, GenerationError>>;
+
+  void generate();
+  void finishOne(Outcome outcome);
+  void finish();
   template <typename F> auto guard(F callback) const;
 
   ProjectManager& manager_;
   const FontGenerator& generator_;
   std::shared_ptr<SavePanel> currentExportPanel_;
+  bool writesAllFormats_ = false; ///< as the panel says
+  std::vector<std::filesystem::path> paths_;
+  std::vector<Outcome> outcomes_; ///< of paths_, as they come
   std::unique_ptr<OneShotTimer> startTimer_;
   Lifetime lifetime_;
 };

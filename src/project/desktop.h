@@ -30,6 +30,10 @@ struct FormatChooser {
   std::vector<std::string> extensions;
   std::size_t selected = 0;
   std::function<void(std::size_t index)> changed;
+  /// Beside the titles, where it is not empty: a switch to write the file in all formats, which
+  /// begins off. The name that is chosen is then that of one of them.
+  std::string allLabel{};
+  std::function<void(bool all)> allChanged{};
 };
 
 /// A panel that asks where to save.

@@ -98,6 +98,33 @@ TEST_F(ExportFlowTest, ShowsWhyThereIsNoFont) {
   EXPECT_TRUE(desktop.revealedFiles.empty());
 }
 
+TEST_F(ExportFlowTest, WritesAllFormatsAndTellsOfEachThatFails) {
+  setGenerator("printf font > \"$2\"");
+  desktop.holdSavePanel = true;
+  const auto exportAll = [&] {
+    flow->showExportPanel();
+    desktop.savePanels.back().formats->allChanged(true);
+    desktop.confirmSavePanel(folder / "Font v1.2.ttf");
+    runToOutcome();
+    return manager->exportStatus();
+  };
+  std::string paths;
+  for (const char* extension : {"otf", "ttf", "woff", "woff2"})
+    paths += (paths.empty() ? "" : "\n") + (folder / "Font v1.2.").string() + extension;
+  EXPECT_EQ(exportAll(), ExportStatus::success(paths));
+  EXPECT_EQ(contentOf(folder / "Font v1.2.woff2"), "font");
+  flow->revealExportedFont();
+  EXPECT_THAT(desktop.revealedFiles, ElementsAre(folder / "Font v1.2.otf"));
+  flow->dismissProgress();
+  setGenerator("case $2 in *.woff) printf bad >&2; exit 1;; esac");
+  EXPECT_EQ(exportAll(), ExportStatus::failed("Font v1.2.woff: Font generation failed: bad"));
+  // The next panel begins with one format again.
+  flow->showExportPanel();
+  desktop.confirmSavePanel(output);
+  runToOutcome();
+  EXPECT_EQ(manager->exportStatus(), ExportStatus::success(output));
+}
+
 TEST_F(ExportFlowTest, EndsQuietlyWhenTheDocumentIsGone) {
   setGenerator("printf font > \"$2\"");
   desktop.holdSavePanel = true;

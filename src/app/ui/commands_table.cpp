@@ -1,9 +1,13 @@
 #include "app/ui/commands_table.h"
 
+#include "desktop/shown_text.h"
+#include "editor/copied_metrics.h"
 #include "svg/svg_import.h"
 #include "svg/window_import.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 namespace quillery {
 namespace {
@@ -91,6 +95,19 @@ std::vector<Command> commandTable(ProjectManager& manager, ExportFlow& exportFlo
   divider(Menu::edit);
   add(Menu::edit, "deleteSelected", tr("Delete Selected"), Qt::CTRL | Qt::Key_Backspace,
       hasSelection, [&] { manager.deleteSelectedGlyphs(); });
+  divider(Menu::edit);
+  // Not Ctrl+C and Ctrl+V, which copy and paste in fields and tables.
+  add(Menu::edit, "copyMetrics", tr("Copy Metrics"), Qt::CTRL | Qt::ALT | Qt::Key_C, hasSelection,
+      [&] {
+        if (const auto& glyph = manager.lastSelectedGlyphId())
+          QGuiApplication::clipboard()->setText(shownText(copiedMetrics(manager, *glyph)));
+      });
+  add(Menu::edit, "pasteMetrics", tr("Paste Metrics"), Qt::CTRL | Qt::ALT | Qt::Key_V, hasSelection,
+      [&] {
+        const auto& selected = manager.selectedGlyphIds();
+        pasteMetrics(manager, QGuiApplication::clipboard()->text().toStdString(),
+                     std::vector<Uuid>(selected.begin(), selected.end()));
+      });
 
   add(Menu::view, "glyphsTab", tr("Glyphs"), Qt::CTRL | Qt::Key_1, hasGlyphs,
       [goToTab = targets.goToTab] { goToTab(0); });

@@ -42,6 +42,7 @@ MetricsPanel::MetricsPanel(ProjectManager& manager, QWidget* parent)
   unicode_->setFixedWidth(kCharacterWidth);
   unicode_->setAlignment(Qt::AlignRight);
   addRow(tr("Unicode"), unicode_);
+  setTabOrder(rename, unicode_);
 
   addSection(tr("Metrics"));
   for (const GlyphMetricInfo& info : kGlyphMetrics) {

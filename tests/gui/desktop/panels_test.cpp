@@ -3,6 +3,7 @@
 #include "desktop/qt_desktop.h"
 #include "gui/desktop/gui_test.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -169,6 +170,24 @@ private Q_SLOTS:
     handle->setExtension("otf"); // the panel is gone
   }
 
+  void allFormatsAtOnceAskAboutEveryFileThatIsThere() {
+    for (const char* name : {"Four.otf", "Four.woff2"}) touch(name);
+    const auto handle = showExportPanel("Four");
+    auto* const panel = find<FilePanel>("savePanel");
+    auto* const all = panel->findChild<QCheckBox*>(u"allFormats"_s);
+    QVERIFY(all && !all->isChecked());
+    all->click();
+    QVERIFY(all_ && !panel->findChild<QComboBox*>(u"formatPopup"_s)->isEnabled());
+    panel->findChild<QComboBox*>(u"formatPopup"_s)->setCurrentIndex(1);
+    type(*panel, path("Four"));
+    press(*panel);
+    const QString message = find<QTextEdit>("alertMessage")->toPlainText();
+    QVERIFY2(message.endsWith("Four.otf\nFour.woff2"_L1), qPrintable(message));
+    QTest::mouseClick(find<QPushButton>("alertButton0"), Qt::LeftButton);
+    QTRY_VERIFY(answered_);
+    QCOMPARE(QString::fromStdString(chosen_->string()), path("Four.ttf"));
+  }
+
   void aFileIsReplacedOnlyWithLeave() {
     touch("Old.ttf");
     const auto handle = showExportPanel("Old");
@@ -243,6 +262,8 @@ private:
     SavePanelSettings settings{"Export font", name, "otf", FormatChooser{}};
     settings.formats->label = "Format:";
     settings.formats->titles = settings.formats->extensions = extensions;
+    settings.formats->allLabel = "All formats";
+    settings.formats->allChanged = [this](bool all) { all_ = all; };
     settings.freeStanding = true;
     settings.formats->changed = [handle, extensions](std::size_t index) {
       if (const auto panel = handle->lock()) panel->setExtension(extensions.at(index));
@@ -257,6 +278,7 @@ private:
   std::unique_ptr<QtDesktop> desktop_;
   std::optional<fs::path> chosen_;
   bool answered_ = false;
+  bool all_ = false;
 };
 
 int main(int argc, char** argv) {
