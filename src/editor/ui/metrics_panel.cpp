@@ -32,7 +32,6 @@ MetricsPanel::MetricsPanel(ProjectManager& manager, QWidget* parent)
   auto* const rename = new IconButton(Symbol::pencilScribble, tr("Rename Glyph"), naming);
   rename->setObjectName(QStringLiteral("renameGlyphButton"));
   rename->setIconSize({grid::iconSize, grid::iconSize});
-  rename->setFixedSize(grid::section, grid::section); // a row of text stays as high as it is
   connect(rename, &QToolButton::clicked, this,
           [this] { (new RenameGlyphSheet(manager_, glyph_, window()))->open(); });
   row->addWidget(rename);
