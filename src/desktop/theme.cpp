@@ -1,8 +1,8 @@
 #include "desktop/theme.h"
 
 #include "desktop/desktop_scheme.h"
-#include "desktop/style.h"
 #include "desktop/focused_keys.h"
+#include "desktop/style.h"
 #include "desktop/value_slider.h"
 
 #include <QApplication>

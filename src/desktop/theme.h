@@ -52,7 +52,8 @@ enum class Role {
   warning, ///< icons only: an orange dark enough for text is a brown beside the red of danger
   danger,
   successFill,
-  // Canvases. The hues are for guides and overlays, mostly translucent. Grey, blue, green and orange
+  // Canvases. The hues are for guides and overlays, mostly translucent. Grey, blue, green and
+  // orange
   // also name guides in words and are readable on every surface.
   canvas,
   canvasInk, ///< outlines
