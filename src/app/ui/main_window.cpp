@@ -21,6 +21,7 @@
 #include "svg/ui/watch_bar.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStackedWidget>
