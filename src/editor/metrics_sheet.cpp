@@ -22,13 +22,10 @@ public:
 
   void swap(ProjectManager& manager) override {
     isSet_ = !isSet_;
-    std::size_t at = 0;
-    manager.editGlyphs(start_->glyphs(), [&](Glyph& glyph) {
-      while (start_->glyphs()[at] != glyph.id()) ++at; // passed over
-      glyph.restore(start_->placement(at));
-      if (!isSet_) return;
-      for (const MetricValue& value : values_[at]) glyph.setMetric(value.metric, value.value);
-    });
+    if (isSet_)
+      start_->applyEach(manager, values_);
+    else
+      start_->apply(manager, {});
   }
   bool changesAnything(const ProjectManager& manager) const override {
     return start_->differsFrom(manager);

@@ -18,13 +18,22 @@ MetricsStart::MetricsStart(const ProjectManager& manager, const std::vector<Uuid
   }
 }
 
-void MetricsStart::apply(ProjectManager& manager, const MetricValues& values) const {
+template <typename ValuesOf>
+void MetricsStart::restoreWith(ProjectManager& manager, ValuesOf valuesOf) const {
   std::size_t at = 0;
   manager.editGlyphs(glyphs_, [&](Glyph& glyph) {
     while (glyphs_[at] != glyph.id()) ++at; // passed over
     glyph.restore(placements_[at]);
-    for (const MetricValue& value : values) glyph.setMetric(value.metric, value.value);
+    for (const MetricValue& value : valuesOf(at)) glyph.setMetric(value.metric, value.value);
   });
+}
+
+void MetricsStart::apply(ProjectManager& manager, const MetricValues& values) const {
+  restoreWith(manager, [&](std::size_t) -> const MetricValues& { return values; });
+}
+
+void MetricsStart::applyEach(ProjectManager& manager, std::span<const MetricValues> values) const {
+  restoreWith(manager, [&](std::size_t glyph) -> const MetricValues& { return values[glyph]; });
 }
 
 bool MetricsStart::differsFrom(const ProjectManager& manager) const {

@@ -3,6 +3,7 @@
 #include "project/project_manager.h"
 
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace quillery {
@@ -24,12 +25,16 @@ public:
   /// Makes the glyphs in the project what they are here with these values set: one announcement.
   /// Glyphs that have gone are passed over.
   void apply(ProjectManager& manager, const MetricValues& values) const;
+  /// The same with values of its own for each glyph, in the order of glyphs().
+  void applyEach(ProjectManager& manager, std::span<const MetricValues> values) const;
   /// A glyph in the project has another metric than here.
   bool differsFrom(const ProjectManager& manager) const;
   /// The memory that it keeps occupied, in bytes.
   std::size_t size(const ProjectManager& manager) const;
 
 private:
+  template <typename ValuesOf> void restoreWith(ProjectManager& manager, ValuesOf valuesOf) const;
+
   std::vector<Uuid> glyphs_;
   std::vector<GlyphPlacement> placements_; // of the glyphs
 };

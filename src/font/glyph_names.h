@@ -8,7 +8,7 @@
 namespace quillery::font {
 
 // Glyph names that every reader of fonts accepts: letters, digits, periods and underscores, a
-// letter or an underscore first, 63 characters at most (Adobe Glyph List Specification). ".notdef"
+// letter or an underscore first, 63 characters at most (Adobe Glyph List). ".notdef"
 // is the one exception.
 
 inline constexpr std::string_view kNotdef = ".notdef";

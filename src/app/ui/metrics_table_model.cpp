@@ -81,14 +81,11 @@ QString MetricsTableModel::copied(int top, int left, int bottom, int right) cons
 
 bool MetricsTableModel::paste(const QString& text, int top, int left, int bottom, int right) {
   const auto rows = std::span(rows_).subspan(static_cast<std::size_t>(top));
-  const bool fills = bottom > top || right > left;
-  const auto room = fills && !text.contains(QLatin1Char('\t')) && text.count(QLatin1Char('\n')) <= 1
-                        ? rows.first(static_cast<std::size_t>(bottom - top) + 1)
-                        : rows;
-  const bool isSingle =
-      !fills && !text.contains(QLatin1Char('\t')) && text.count(QLatin1Char('\n')) <= 1;
-  return accept(readSheetCells(manager_, text.toStdString(), isSingle ? rows.first(1) : room,
-                               columnOf(left), right - left + 1));
+  // One cell fills what is selected, a block goes on as far as it reaches.
+  const bool isOneCell = !text.contains(QLatin1Char('\t')) && text.count(QLatin1Char('\n')) <= 1;
+  const auto room = isOneCell ? rows.first(static_cast<std::size_t>(bottom - top) + 1) : rows;
+  return accept(
+      readSheetCells(manager_, text.toStdString(), room, columnOf(left), right - left + 1));
 }
 
 bool MetricsTableModel::accept(const Result<std::vector<SheetValue>, Problem>& values) {
